@@ -1,0 +1,7 @@
+# The sources of plix::logic, which needs nothing but the standard library. base/ and bitstream/ belong to it whole;
+# of the other folders the plans and value functions named here.
+file(GLOB PLIX_LOGIC_SOURCES CONFIGURE_DEPENDS platform/base/*.cpp bitstream/*.cpp)
+list(APPEND PLIX_LOGIC_SOURCES
+    platform/graphics/geometry.cpp
+)
+list(TRANSFORM PLIX_LOGIC_SOURCES PREPEND ${CMAKE_CURRENT_LIST_DIR}/ REGEX "^[^/]")

@@ -1,0 +1,85 @@
+#include <plix/platform/base/Class.h>
+
+#include <map>
+
+namespace plix {
+
+namespace {
+
+    std::map<std::string, Class const*, std::less<>>& registry()
+    {
+        static auto* const s_registry = new std::map<std::string, Class const*, std::less<>>;
+        return *s_registry;
+    }
+
+}
+
+Class::Class(char const* name, Class const* superclass, std::type_index type)
+    : m_name(name)
+    , m_superclass(superclass)
+    , m_type(type)
+{
+}
+
+void Class::enterInRegistry() const
+{
+    registry()[m_name] = this;
+}
+
+bool Class::isSubclassOfClass(Class const& other) const
+{
+    for (auto const* current = this; current; current = current->m_superclass) {
+        if (current == &other)
+            return true;
+    }
+    return false;
+}
+
+Class::Action const* Class::action(Selector selector) const
+{
+    for (auto const* current = this; current; current = current->m_superclass) {
+        if (auto found = current->m_actions.find(selector); found != current->m_actions.end())
+            return &found->second;
+    }
+    return nullptr;
+}
+
+Class::Outlet const* Class::outlet(std::string_view name) const
+{
+    for (auto const* current = this; current; current = current->m_superclass) {
+        if (auto found = current->m_outlets.find(std::string(name)); found != current->m_outlets.end())
+            return &found->second;
+    }
+    return nullptr;
+}
+
+HookSource Class::hookSource(NSObject& object) const
+{
+    for (auto const* current = this; current; current = current->m_superclass) {
+        if (current->m_packHooks)
+            return current->m_packHooks(object);
+    }
+    return HookSource::pack<>(Ref<NSObject>(object));
+}
+
+std::string const& Class::bundleName() const
+{
+    for (auto const* current = this; current->m_superclass; current = current->m_superclass) {
+        if (!current->m_bundleName.empty())
+            return current->m_bundleName;
+    }
+    return m_bundleName;
+}
+
+Class const* NSClassFromString(std::string_view name)
+{
+    auto const found = registry().find(name);
+    return found == registry().end() ? nullptr : found->second;
+}
+
+std::string const& NSStringFromClass(Class const& described)
+{
+    return described.name();
+}
+
+}

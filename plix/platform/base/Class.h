@@ -1,0 +1,175 @@
+#pragma once
+
+#include <plix/platform/base/HookSource.h>
+#include <plix/platform/base/NSObject.h>
+#include <plix/platform/base/Selector.h>
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <typeindex>
+#include <typeinfo>
+#include <unordered_map>
+
+namespace plix {
+
+template <typename T> class ClassDescription;
+
+/// What is known of a class at run time: its name and superclass, how to make one, its outlets and actions by name, the
+/// bundle that holds its resources. Interface files, archives, key bindings, copying and class look-up use it.
+/// Descriptors live for the whole process.
+class Class {
+public:
+    using Action = std::function<void(NSObject& receiver, NSObject* sender)>;
+    /// Connects an object to an outlet; false where the object is of a class that the outlet does not take.
+    using Outlet = std::function<bool(NSObject& receiver, NSObject* object)>;
+
+    template <typename T>
+    static Class const& describe(char const* name, Class const* superclass, void (*describer)(ClassDescription<T>&));
+
+    Class(Class const&) = delete;
+    Class& operator=(Class const&) = delete;
+
+    std::string const& name() const { return m_name; }
+    Class const* superclass() const { return m_superclass; }
+    std::type_index type() const { return m_type; }
+    bool isSubclassOfClass(Class const&) const;
+
+    /// A new object without init; null for an abstract class.
+    Ref<NSObject> allocate() const { return m_allocate ? m_allocate() : nullptr; }
+    /// A new object after its plain init(); null for an abstract class, or where init answers nil.
+    Ref<NSObject> makeObject() const { return m_make ? m_make() : nullptr; }
+
+    /// Looked up here and then in the superclasses; null where none describes it.
+    Action const* action(Selector) const;
+    Outlet const* outlet(std::string_view name) const;
+    /// Packs an object of this class as a delegate or data source with the sets of hooks that its description names.
+    HookSource hookSource(NSObject&) const;
+    /// The name of the bundle that holds the class's resources, inherited from the superclass; empty for the application's own.
+    std::string const& bundleName() const;
+
+    friend bool operator==(Class const& a, Class const& b) { return &a == &b; }
+
+private:
+    template <typename T> friend class ClassDescription;
+
+    Class(char const* name, Class const* superclass, std::type_index type);
+    void enterInRegistry() const;
+
+    std::string m_name;
+    Class const* m_superclass { nullptr };
+    std::type_index m_type;
+    std::function<Ref<NSObject>()> m_allocate;
+    std::function<Ref<NSObject>()> m_make;
+    std::function<HookSource(NSObject&)> m_packHooks;
+    std::unordered_map<Selector, Action> m_actions;
+    std::unordered_map<std::string, Outlet> m_outlets;
+    std::string m_bundleName;
+};
+
+/// The described class of that name, or null.
+Class const* NSClassFromString(std::string_view name);
+std::string const& NSStringFromClass(Class const&);
+
+/// Handed to a class's describe(): says what interface files, key bindings and delegates may find in it.
+template <typename T> class ClassDescription {
+public:
+    explicit ClassDescription(Class& described)
+        : m_class(described)
+    {
+    }
+
+    /// An action that takes its sender.
+    template <typename C> ClassDescription& action(char const* selector, void (C::*function)(NSObject*))
+    {
+        m_class.m_actions[Selector(selector)]
+            = [function](NSObject& receiver, NSObject* sender) { (static_cast<T&>(receiver).*function)(sender); };
+        return *this;
+    }
+    /// An outlet with its setter; Value is the class of object that it takes.
+    template <typename C, typename Value> ClassDescription& outlet(char const* name, void (C::*setter)(Ref<Value> const&))
+    {
+        return outlet<Value>(name, [setter](T& receiver, Ref<Value> const& value) { (receiver.*setter)(value); });
+    }
+    template <typename Value, typename Setter> ClassDescription& outlet(char const* name, Setter setter)
+    {
+        m_class.m_outlets[name] = [setter](NSObject& receiver, NSObject* object) {
+            auto* value = dynamic_cast<Value*>(object);
+            if (object && !value)
+                return false;
+            setter(static_cast<T&>(receiver), Ref<Value>(value));
+            return true;
+        };
+        return *this;
+    }
+    /// An outlet that takes an object with hooks, packed by that object's own descriptor.
+    template <typename C> ClassDescription& hookOutlet(char const* name, void (C::*taker)(HookSource const&))
+    {
+        m_class.m_outlets[name] = [taker](NSObject& receiver, NSObject* object) {
+            (static_cast<T&>(receiver).*taker)(object ? object->isa().hookSource(*object) : HookSource {});
+            return true;
+        };
+        return *this;
+    }
+    /// The sets of hooks that an object of this class fills when an interface file connects it.
+    template <typename... Sets> ClassDescription& fillsHooks()
+    {
+        m_class.m_packHooks = [](NSObject& object) { return HookSource::pack<Sets...>(Ref<T>(&static_cast<T&>(object))); };
+        return *this;
+    }
+    ClassDescription& bundle(char const* name)
+    {
+        m_class.m_bundleName = name;
+        return *this;
+    }
+
+private:
+    Class& m_class;
+};
+
+template <typename T>
+Class const& Class::describe(char const* name, Class const* superclass, void (*describer)(ClassDescription<T>&))
+{
+    auto& described = *new Class(name, superclass, typeid(T));
+    if constexpr (std::is_default_constructible_v<T>) {
+        described.m_allocate = [] {
+            auto object = Ref<T>::adopt(new T);
+            object->adopt();
+            return Ref<NSObject>(std::move(object));
+        };
+        if constexpr (requires { make<T>(); })
+            described.m_make = [] { return Ref<NSObject>(make<T>()); };
+    }
+    ClassDescription<T> description(described);
+    describer(description);
+    described.enterInRegistry();
+    return described;
+}
+
+}
+
+/// The one declaration that a described class needs, first in its body; PLIX_DESCRIBE in the source goes with it.
+#define PLIX_CLASS(Type, Superclass)                                                                                               \
+public:                                                                                                                            \
+    using Base = Superclass;                                                                                                       \
+    static ::plix::Class const& staticClass();                                                                                     \
+    ::plix::Class const& describedClass() const override                                                                           \
+    {                                                                                                                              \
+        return staticClass();                                                                                                      \
+    }                                                                                                                              \
+    ::plix::Ref<Type> copy() const                                                                                                 \
+    {                                                                                                                              \
+        return ::plix::Ref<Type>::adopt(static_cast<Type*>(::plix::NSObject::copy().leak()));                                      \
+    }                                                                                                                              \
+                                                                                                                                   \
+private:                                                                                                                           \
+    static void describe(::plix::ClassDescription<Type>&)
+
+/// Opens the body of a class's describe(description).
+#define PLIX_DESCRIBE(Type)                                                                                                        \
+    ::plix::Class const& Type::staticClass()                                                                                       \
+    {                                                                                                                              \
+        static auto const& s_class = ::plix::Class::describe<Type>(#Type, &Base::staticClass(), &Type::describe);                  \
+        return s_class;                                                                                                            \
+    }                                                                                                                              \
+    void Type::describe([[maybe_unused]] ::plix::ClassDescription<Type>& description)

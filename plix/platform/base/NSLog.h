@@ -1,0 +1,15 @@
+#pragma once
+
+#include <functional>
+#include <string_view>
+
+namespace plix {
+
+/// Writes one line to standard error, or to the sink that is installed.
+void NSLog(std::string_view line);
+
+using LogSink = std::function<void(std::string_view line)>;
+/// Installs a sink and answers the one before; an empty one writes to standard error.
+LogSink installLogSink(LogSink);
+
+}
