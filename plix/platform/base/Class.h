@@ -40,6 +40,11 @@ public:
     /// A new object after its plain init(); null for an abstract class, or where init answers nil.
     Ref<NSObject> makeObject() const { return m_make ? m_make() : nullptr; }
 
+    /// Whether the class can be read from an archive or an interface file: has an init(NSCoder&).
+    bool readsFromCoder() const { return m_readFromCoder != nullptr; }
+    /// Runs the class's init(NSCoder&) on a freshly allocated object of exactly this class; false where it answers nil.
+    bool initObject(NSObject& fresh, NSCoder& coder) const { return m_readFromCoder && m_readFromCoder(fresh, coder); }
+
     /// Looked up here and then in the superclasses; null where none describes it.
     Action const* action(Selector) const;
     Outlet const* outlet(std::string_view name) const;
@@ -61,6 +66,7 @@ private:
     std::type_index m_type;
     std::function<Ref<NSObject>()> m_allocate;
     std::function<Ref<NSObject>()> m_make;
+    bool (*m_readFromCoder)(NSObject&, NSCoder&) { nullptr };
     std::function<HookSource(NSObject&)> m_packHooks;
     std::unordered_map<Selector, Action> m_actions;
     std::unordered_map<std::string, Outlet> m_outlets;
@@ -139,6 +145,8 @@ Class const& Class::describe(char const* name, Class const* superclass, void (*d
         };
         if constexpr (requires { make<T>(); })
             described.m_make = [] { return Ref<NSObject>(make<T>()); };
+        if constexpr (requires(T & object, NSCoder & coder) { object.init(coder); })
+            described.m_readFromCoder = [](NSObject& object, NSCoder& coder) { return static_cast<T&>(object).init(coder); };
     }
     ClassDescription<T> description(described);
     describer(description);

@@ -4,6 +4,7 @@ namespace plix {
 
 class Class;
 class Clock;
+class NSCoder;
 class NSData;
 class NSIndexSet;
 class NSObject;

@@ -11,6 +11,7 @@
 namespace plix {
 
 class Class;
+class NSCoder;
 class NSObject;
 class Selector;
 
@@ -54,6 +55,9 @@ public:
     /// Calls the action that the receiver's class describes under this name; false where it has none.
     virtual bool perform(Selector, NSObject* argument);
     virtual bool respondsToSelector(Selector) const;
+
+    /// Writes what the class's init(NSCoder&) reads. Overrides call their base first.
+    virtual void encodeWithCoder(NSCoder&) const { }
 
     /// Told to every object of an interface file when all its connections are made.
     virtual void awakeFromNib() { }
