@@ -1,6 +1,7 @@
 #pragma once
 
 #include <plix/platform/graphics/geometry.h>
+#include <plix/platform/graphics/pixel_buffer.h>
 #include <plix/platform/host/HostEvent.h>
 
 #include <cstdint>
@@ -16,19 +17,6 @@ struct PixelRect {
     int width { 0 };
     int height { 0 };
     friend constexpr bool operator==(PixelRect, PixelRect) = default;
-};
-
-/// The pixels of a window's content: 32 bits each, blue in the lowest byte, then green, red; the highest byte is premultiplied
-/// alpha where the window has alpha, else without meaning. Rows from the top.
-struct PixelBuffer {
-    std::uint8_t* pixels { nullptr };
-    int stride { 0 }; ///< bytes from one row to the next
-    int width { 0 };
-    int height { 0 };
-    float scale { 1 }; ///< device pixels a point
-    bool hasAlpha { false };
-    /// False where the content of the last frame is gone, so that everything is to be drawn.
-    bool keepsContent { true };
 };
 
 enum class HostWindowKind {
