@@ -1,0 +1,11 @@
+#pragma once
+
+namespace plix {
+
+enum NSControlSize : int {
+    NSRegularControlSize = 0,
+    NSSmallControlSize = 1,
+    NSMiniControlSize = 2,
+};
+
+}
