@@ -3,5 +3,7 @@
 file(GLOB PLIX_LOGIC_SOURCES CONFIGURE_DEPENDS platform/base/*.cpp bitstream/*.cpp)
 list(APPEND PLIX_LOGIC_SOURCES
     platform/graphics/geometry.cpp
+    tables/column_plan.cpp
+    tables/row_highlight.cpp
 )
 list(TRANSFORM PLIX_LOGIC_SOURCES PREPEND ${CMAKE_CURRENT_LIST_DIR}/ REGEX "^[^/]")
