@@ -143,7 +143,8 @@ Class const& Class::describe(char const* name, Class const* superclass, void (*d
             object->adopt();
             return Ref<NSObject>(std::move(object));
         };
-        if constexpr (requires { make<T>(); })
+        if constexpr (
+            requires(T & object) { object.init(); } || requires { T::instead(); })
             described.m_make = [] { return Ref<NSObject>(make<T>()); };
         if constexpr (requires(T & object, NSCoder & coder) { object.init(coder); })
             described.m_readFromCoder = [](NSObject& object, NSCoder& coder) { return static_cast<T&>(object).init(coder); };
