@@ -1,0 +1,53 @@
+#pragma once
+
+#include <plix/platform/appkit/Forward.h>
+#include <plix/platform/base/Hook.h>
+
+namespace plix {
+
+enum NSApplicationTerminateReply : int { NSTerminateCancel = 0, NSTerminateNow = 1, NSTerminateLater = 2 };
+
+/// What the application asks and tells its delegate.
+struct NSApplicationDelegate {
+    Hook<NSApplicationTerminateReply(NSApplication&)> applicationShouldTerminate;
+    Hook<bool(NSApplication&)> applicationShouldTerminateAfterLastWindowClosed;
+    Hook<bool(NSApplication&, bool hasVisibleWindows)> applicationShouldHandleReopen;
+
+    Hook<void(NSNotification&)> applicationWillFinishLaunching;
+    Hook<void(NSNotification&)> applicationDidFinishLaunching;
+    Hook<void(NSNotification&)> applicationWillBecomeActive;
+    Hook<void(NSNotification&)> applicationDidBecomeActive;
+    Hook<void(NSNotification&)> applicationWillResignActive;
+    Hook<void(NSNotification&)> applicationDidResignActive;
+    Hook<void(NSNotification&)> applicationWillHide;
+    Hook<void(NSNotification&)> applicationDidHide;
+    Hook<void(NSNotification&)> applicationWillUnhide;
+    Hook<void(NSNotification&)> applicationDidUnhide;
+    Hook<void(NSNotification&)> applicationWillUpdate;
+    Hook<void(NSNotification&)> applicationDidUpdate;
+    Hook<void(NSNotification&)> applicationWillTerminate;
+    Hook<void(NSNotification&)> applicationDidChangeScreenParameters;
+
+    template <typename Host> void fillFrom(Host& host)
+    {
+        PLIX_FILL_HOOK(applicationShouldTerminate);
+        PLIX_FILL_HOOK(applicationShouldTerminateAfterLastWindowClosed);
+        PLIX_FILL_HOOK(applicationShouldHandleReopen);
+        PLIX_FILL_HOOK(applicationWillFinishLaunching);
+        PLIX_FILL_HOOK(applicationDidFinishLaunching);
+        PLIX_FILL_HOOK(applicationWillBecomeActive);
+        PLIX_FILL_HOOK(applicationDidBecomeActive);
+        PLIX_FILL_HOOK(applicationWillResignActive);
+        PLIX_FILL_HOOK(applicationDidResignActive);
+        PLIX_FILL_HOOK(applicationWillHide);
+        PLIX_FILL_HOOK(applicationDidHide);
+        PLIX_FILL_HOOK(applicationWillUnhide);
+        PLIX_FILL_HOOK(applicationDidUnhide);
+        PLIX_FILL_HOOK(applicationWillUpdate);
+        PLIX_FILL_HOOK(applicationDidUpdate);
+        PLIX_FILL_HOOK(applicationWillTerminate);
+        PLIX_FILL_HOOK(applicationDidChangeScreenParameters);
+    }
+};
+
+}
