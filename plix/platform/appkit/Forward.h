@@ -17,7 +17,6 @@ class NSImage;
 class NSMenu;
 class NSMenuItem;
 class NSModalSession;
-class NSNotification;
 class NSPanel;
 class NSPasteboard;
 class NSResponder;
@@ -28,5 +27,6 @@ class NSUndoManager;
 class NSView;
 class NSWindow;
 class NSWindowController;
+struct NSNotification;
 
 }

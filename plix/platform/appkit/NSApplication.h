@@ -5,6 +5,7 @@
 #include <plix/platform/base/Global.h>
 #include <plix/platform/base/HookSource.h>
 #include <plix/platform/base/NSDate.h>
+#include <plix/platform/foundation/NSRunLoop.h>
 
 #include <functional>
 #include <memory>
@@ -13,10 +14,6 @@
 #include <vector>
 
 namespace plix {
-
-/// Run loop modes, beside foundation's.
-inline constexpr char const* NSModalPanelRunLoopMode = "NSModalPanelRunLoopMode";
-inline constexpr char const* NSEventTrackingRunLoopMode = "NSEventTrackingRunLoopMode";
 
 /// What runModalForWindow() and runModalSession() answer where nobody gave another code.
 enum NSModalResponse : long { NSRunStoppedResponse = -1000, NSRunAbortedResponse = -1001, NSRunContinuesResponse = -1002 };

@@ -13,20 +13,20 @@ struct NSApplicationDelegate {
     Hook<bool(NSApplication&)> applicationShouldTerminateAfterLastWindowClosed;
     Hook<bool(NSApplication&, bool hasVisibleWindows)> applicationShouldHandleReopen;
 
-    Hook<void(NSNotification&)> applicationWillFinishLaunching;
-    Hook<void(NSNotification&)> applicationDidFinishLaunching;
-    Hook<void(NSNotification&)> applicationWillBecomeActive;
-    Hook<void(NSNotification&)> applicationDidBecomeActive;
-    Hook<void(NSNotification&)> applicationWillResignActive;
-    Hook<void(NSNotification&)> applicationDidResignActive;
-    Hook<void(NSNotification&)> applicationWillHide;
-    Hook<void(NSNotification&)> applicationDidHide;
-    Hook<void(NSNotification&)> applicationWillUnhide;
-    Hook<void(NSNotification&)> applicationDidUnhide;
-    Hook<void(NSNotification&)> applicationWillUpdate;
-    Hook<void(NSNotification&)> applicationDidUpdate;
-    Hook<void(NSNotification&)> applicationWillTerminate;
-    Hook<void(NSNotification&)> applicationDidChangeScreenParameters;
+    Hook<void(NSNotification const&)> applicationWillFinishLaunching;
+    Hook<void(NSNotification const&)> applicationDidFinishLaunching;
+    Hook<void(NSNotification const&)> applicationWillBecomeActive;
+    Hook<void(NSNotification const&)> applicationDidBecomeActive;
+    Hook<void(NSNotification const&)> applicationWillResignActive;
+    Hook<void(NSNotification const&)> applicationDidResignActive;
+    Hook<void(NSNotification const&)> applicationWillHide;
+    Hook<void(NSNotification const&)> applicationDidHide;
+    Hook<void(NSNotification const&)> applicationWillUnhide;
+    Hook<void(NSNotification const&)> applicationDidUnhide;
+    Hook<void(NSNotification const&)> applicationWillUpdate;
+    Hook<void(NSNotification const&)> applicationDidUpdate;
+    Hook<void(NSNotification const&)> applicationWillTerminate;
+    Hook<void(NSNotification const&)> applicationDidChangeScreenParameters;
 
     template <typename Host> void fillFrom(Host& host)
     {

@@ -19,22 +19,22 @@ struct NSWindowDelegate {
     /// Where in the window (base coordinates) the sheet's top edge is to be attached.
     Hook<Rect(NSWindow&, NSWindow& sheet, Rect proposed)> windowWillPositionSheet;
 
-    Hook<void(NSNotification&)> windowDidResize;
-    Hook<void(NSNotification&)> windowDidExpose;
-    Hook<void(NSNotification&)> windowWillMove;
-    Hook<void(NSNotification&)> windowDidMove;
-    Hook<void(NSNotification&)> windowDidBecomeKey;
-    Hook<void(NSNotification&)> windowDidResignKey;
-    Hook<void(NSNotification&)> windowDidBecomeMain;
-    Hook<void(NSNotification&)> windowDidResignMain;
-    Hook<void(NSNotification&)> windowWillClose;
-    Hook<void(NSNotification&)> windowWillMiniaturize;
-    Hook<void(NSNotification&)> windowDidMiniaturize;
-    Hook<void(NSNotification&)> windowDidDeminiaturize;
-    Hook<void(NSNotification&)> windowDidUpdate;
-    Hook<void(NSNotification&)> windowDidChangeScreen;
-    Hook<void(NSNotification&)> windowWillBeginSheet;
-    Hook<void(NSNotification&)> windowDidEndSheet;
+    Hook<void(NSNotification const&)> windowDidResize;
+    Hook<void(NSNotification const&)> windowDidExpose;
+    Hook<void(NSNotification const&)> windowWillMove;
+    Hook<void(NSNotification const&)> windowDidMove;
+    Hook<void(NSNotification const&)> windowDidBecomeKey;
+    Hook<void(NSNotification const&)> windowDidResignKey;
+    Hook<void(NSNotification const&)> windowDidBecomeMain;
+    Hook<void(NSNotification const&)> windowDidResignMain;
+    Hook<void(NSNotification const&)> windowWillClose;
+    Hook<void(NSNotification const&)> windowWillMiniaturize;
+    Hook<void(NSNotification const&)> windowDidMiniaturize;
+    Hook<void(NSNotification const&)> windowDidDeminiaturize;
+    Hook<void(NSNotification const&)> windowDidUpdate;
+    Hook<void(NSNotification const&)> windowDidChangeScreen;
+    Hook<void(NSNotification const&)> windowWillBeginSheet;
+    Hook<void(NSNotification const&)> windowDidEndSheet;
 
     template <typename Host> void fillFrom(Host& host)
     {
