@@ -2,7 +2,9 @@
 add_library(plix_options INTERFACE)
 target_compile_options(plix_options INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Wold-style-cast -Wcast-qual -Wundef
-    -Wno-overloaded-virtual)
+    -Wno-overloaded-virtual
+    # Some libraries ask for it, and what is precompiled must agree on it.
+    -pthread)
 if(PLIX_WARNINGS_AS_ERRORS)
     target_compile_options(plix_options INTERFACE -Werror)
 endif()
@@ -11,11 +13,21 @@ if(PLIX_SANITIZE)
     target_link_options(plix_options INTERFACE -fsanitize=${PLIX_SANITIZE})
 endif()
 
+if(PLIX_PRECOMPILED_HEADERS AND CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+    target_compile_options(plix_options INTERFACE "SHELL:-Xclang -fno-pch-timestamp")
+endif()
+
 find_program(CCACHE_PROGRAM ccache)
 if(CCACHE_PROGRAM AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
-    set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE_PROGRAM})
+    # Without this slackness nothing that uses a precompiled header is cached.
+    set(CMAKE_CXX_COMPILER_LAUNCHER env CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_ctime,include_file_mtime
+        ${CCACHE_PROGRAM})
 endif()
 find_program(LLD_PROGRAM ld.lld)
 if(LLD_PROGRAM)
     add_link_options(-fuse-ld=lld)
+endif()
+if(PLIX_COVERAGE)
+    target_compile_options(plix_options INTERFACE --coverage)
+    target_link_options(plix_options INTERFACE --coverage)
 endif()

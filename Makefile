@@ -1,0 +1,103 @@
+# make run, make test: install what is missing, build, and go. make help lists the rest.
+
+SHELL := /bin/sh
+JOBS ?= $(shell nproc)
+FOLDER ?=
+ARGS ?=
+ONLY ?=
+FILTER ?=
+TARGET ?=
+SECONDS ?= 60
+
+SETUP := scripts/setup.sh
+CONFIGURE := $(MAKE) -s --no-print-directory
+BUILD = cmake --build build/$(1) -j$(JOBS) --target $(2)
+
+export ASAN_OPTIONS ?= detect_stack_use_after_return=1:strict_string_checks=1
+export UBSAN_OPTIONS ?= print_stacktrace=1:halt_on_error=1
+
+.PHONY: help run test list-tests check format check-format lint layers check-logic check-sanitized bench coverage fuzz clean \
+	setup-run setup-test setup-check setup-bench setup-fuzz
+.SILENT:
+
+help:
+	echo "make run [FOLDER=folder] [ARGS=...]    build in release and run the browser on a folder"
+	echo "make test [FILTER=NSView.*:Theme.*]    build and run the tests"
+	echo "make list-tests                        print each test's full name"
+	echo "make check                             format, lint, layers, plix::logic alone, tests under sanitizers"
+	echo "make format                            format all sources"
+	echo "make bench [ONLY=prefix]               measure; writes out/bench.jsonl"
+	echo "make coverage                          lines and branches that the tests reach, by folder"
+	echo "make fuzz TARGET=name [SECONDS=60]     fuzz a target; without TARGET lists them"
+	echo "make clean                             remove build/ and out/"
+
+setup-run:
+	$(SETUP) build library fonts
+setup-test:
+	$(SETUP) build library fonts tests
+setup-check:
+	$(SETUP) build library fonts tests check fuzz
+setup-bench:
+	$(SETUP) build library fonts benchmarks
+setup-fuzz:
+	$(SETUP) build library fonts tests fuzz
+
+# Ninja configures anew by itself when a list of sources changes; presets it does not know.
+build/%/build.ninja: CMakePresets.json
+	mkdir -p build
+	cmake --preset $* >build/$*.log 2>&1 || { cat build/$*.log; rm -f $@; exit 1; }
+	touch $@
+
+run: setup-run
+	$(CONFIGURE) build/release/build.ninja
+	$(call BUILD,release,browser)
+	build/release/examples/browser $(ARGS) $(FOLDER)
+
+test: setup-test
+	$(CONFIGURE) build/dev/build.ninja
+	$(call BUILD,dev,all)
+	scripts/run-tests.py build/dev --jobs $(JOBS) --filter '$(FILTER)'
+
+# Only the names go to standard output.
+list-tests:
+	{ $(SETUP) build library fonts tests && $(CONFIGURE) build/dev/build.ninja && $(call BUILD,dev,all); } >&2
+	scripts/run-tests.py build/dev --list --filter '$(FILTER)'
+
+check: setup-check check-format lint layers check-logic check-sanitized
+	echo "check: all is well"
+
+format:
+	scripts/format.sh
+check-format: setup-check
+	scripts/format.sh --check
+lint:
+	scripts/lint.py
+layers:
+	scripts/layers.py
+check-logic: setup-check
+	$(CONFIGURE) build/logic/build.ninja
+	$(call BUILD,logic,all)
+	scripts/run-tests.py build/logic --jobs $(JOBS)
+check-sanitized: setup-check
+	$(CONFIGURE) build/asan/build.ninja
+	$(call BUILD,asan,all)
+	scripts/run-tests.py build/asan --jobs $(JOBS) --filter '$(FILTER)'
+
+bench: setup-bench
+	cmake --preset release >/dev/null
+	$(call BUILD,release,plix_bench)
+	build/release/benchmarks/plix_bench --only '$(ONLY)' --out out/bench.jsonl
+
+coverage: setup-test
+	$(CONFIGURE) build/coverage/build.ninja
+	$(call BUILD,coverage,all)
+	find build/coverage -name '*.gcda' -delete
+	scripts/run-tests.py build/coverage --jobs $(JOBS) --filter '$(FILTER)'
+	scripts/coverage.py build/coverage
+
+fuzz: setup-fuzz
+	$(CONFIGURE) build/fuzz/build.ninja
+	scripts/fuzz.sh '$(TARGET)' '$(SECONDS)'
+
+clean:
+	rm -rf build out

@@ -1,0 +1,46 @@
+# Tests are run by scripts/run-tests.py, which reads what these functions write down, and by ctest, which finds them by itself.
+
+find_package(GTest REQUIRED)
+include(GoogleTest)
+
+set_property(GLOBAL PROPERTY PLIX_TEST_PROGRAMS "")
+
+function(plix_note_test line)
+    set_property(GLOBAL APPEND PROPERTY PLIX_TEST_PROGRAMS "${line}")
+endfunction()
+
+# plix_add_tests(name library pattern...): one GoogleTest program, test_<name>, of the sources that the patterns find.
+function(plix_add_tests name library)
+    file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${ARGN})
+    if(NOT name STREQUAL "logic")
+        list(FILTER sources EXCLUDE REGEX "_logic_test\\.cpp$")
+    endif()
+    if(NOT sources)
+        return()
+    endif()
+    add_executable(test_${name} ${sources})
+    target_link_libraries(test_${name} PRIVATE ${library} plix_options GTest::gmock GTest::gtest_main)
+    if(TARGET plix_test_support)
+        target_link_libraries(test_${name} PRIVATE plix_test_support)
+    endif()
+    if(PLIX_PRECOMPILED_HEADERS)
+        target_precompile_headers(test_${name} REUSE_FROM plix_test_headers)
+    endif()
+    plix_note_test("gtest|test_${name}|$<TARGET_FILE:test_${name}>")
+    gtest_discover_tests(test_${name} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300)
+endfunction()
+
+# plix_add_command_test(name word...): one test that is a command; status 0 is passed, 77 skipped.
+function(plix_add_command_test name)
+    list(JOIN ARGN "|" words)
+    plix_note_test("command|${name}|${words}")
+    add_test(NAME ${name} COMMAND ${ARGN})
+    set_tests_properties(${name} PROPERTIES SKIP_RETURN_CODE 77 TIMEOUT 300)
+endfunction()
+
+# To be called when all tests are added.
+function(plix_write_test_programs)
+    get_property(lines GLOBAL PROPERTY PLIX_TEST_PROGRAMS)
+    list(JOIN lines "\n" text)
+    file(GENERATE OUTPUT ${PROJECT_BINARY_DIR}/tests/test_programs.txt CONTENT "${text}\n")
+endfunction()

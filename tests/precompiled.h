@@ -1,0 +1,4 @@
+#pragma once
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
