@@ -2,6 +2,9 @@
 # of the other folders the plans and value functions named here.
 file(GLOB PLIX_LOGIC_SOURCES CONFIGURE_DEPENDS platform/base/*.cpp bitstream/*.cpp)
 list(APPEND PLIX_LOGIC_SOURCES
+    platform/appkit/cell_layout.cpp
+    platform/appkit/scroll_layout.cpp
+    platform/appkit/scroller_geometry.cpp
     platform/graphics/geometry.cpp
     tables/column_plan.cpp
     tables/row_highlight.cpp

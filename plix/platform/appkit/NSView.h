@@ -1,6 +1,7 @@
 #pragma once
 
 #include <plix/platform/appkit/NSResponder.h>
+#include <plix/platform/appkit/border_type.h>
 #include <plix/platform/appkit/drag_operation.h>
 #include <plix/platform/appkit/view_geometry.h>
 #include <plix/platform/base/Badge.h>
@@ -17,9 +18,6 @@ namespace plix {
 class FocusLock;
 
 enum NSWindowOrderingMode : int { NSWindowAbove = 1, NSWindowBelow = -1, NSWindowOut = 0 };
-
-/// How much of a view's border is drawn around it.
-enum NSBorderType : int { NSNoBorder = 0, NSLineBorder = 1, NSBezelBorder = 2, NSGrooveBorder = 3 };
 
 enum NSFocusRingType : int { NSFocusRingTypeDefault = 0, NSFocusRingTypeNone = 1, NSFocusRingTypeExterior = 2 };
 
@@ -165,6 +163,10 @@ public:
     /// Overridden by clip views: scrolls so that the point of the document is at the origin of what is visible.
     virtual bool scrollDocumentToPoint(NSView& /*descendant*/, Point);
     virtual bool scrollDocumentRectToVisible(NSView& descendant, Rect);
+    /// Moves the pixels that the last frame left in the rectangle by a distance, within the rectangle and what is visible of it; dirty
+    /// parts move along. What the move uncovers is the caller's to mark. Where there are no pixels to move (no frame yet, a turned view,
+    /// part of it covered by another view) all of the rectangle is marked dirty instead.
+    void scrollRect(Rect, Size by);
 
     // Events.
     /// The deepest visible view at a point, given in the superview's coordinates; null outside.
