@@ -62,6 +62,8 @@ public:
     virtual std::vector<HostScreen> screens() const = 0;
     /// The client must outlive the window.
     virtual std::unique_ptr<HostWindow> makeWindow(HostWindowAttributes const&, HostWindowClient&) = 0;
+    /// How far the frame of such a window is going to reach beyond its content, as far as that is known before it is there.
+    virtual HostWindow::FrameExtents frameExtents(HostWindowAttributes const&) const = 0;
 
     virtual void setCursor(CursorShape) = 0;
     virtual void setCursor(CursorPixels const&) = 0;
@@ -73,6 +75,9 @@ public:
     /// On while a text is edited, so that input methods take part; the caret's rectangle on screen places their windows.
     virtual void startTextInput(Rect caretOnScreen) = 0;
     virtual void stopTextInput() = 0;
+
+    /// A short sound that says no.
+    virtual void beep() { }
 
     /// How far apart in seconds two clicks of a double click may be.
     virtual double doubleClickInterval() const = 0;

@@ -89,7 +89,7 @@ public:
     virtual void hide() = 0;
     virtual void raise() = 0;
     virtual void lower() = 0;
-    /// Asks for the keyboard. Answered through the client when it comes.
+    /// Asks for the keyboard. Answered through the client when it comes, which may be at once.
     virtual void focus() = 0;
     virtual void miniaturize() = 0;
     virtual void deminiaturize() = 0;

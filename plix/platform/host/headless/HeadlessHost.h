@@ -1,0 +1,43 @@
+#pragma once
+
+#include <plix/platform/host/Host.h>
+#include <plix/platform/host/headless/HeadlessClipboard.h>
+#include <plix/platform/host/headless/HeadlessClock.h>
+#include <plix/platform/host/headless/HeadlessDisplay.h>
+#include <plix/platform/host/headless/HeadlessEvents.h>
+#include <plix/platform/host/headless/HeadlessScript.h>
+
+namespace plix {
+
+/// A machine without a display: windows are images in memory, a script takes the place of the person, and time may be moved.
+class HeadlessHost final : public Host {
+public:
+    enum class Time {
+        Machine, ///< waits as long as it takes
+        Movable, ///< waiting moves the clock to the deadline at once
+    };
+
+    explicit HeadlessHost(Time = Time::Machine);
+    ~HeadlessHost() override;
+
+    HeadlessDisplay& headlessDisplay() { return m_display; }
+    HeadlessScript& script() { return m_script; }
+    /// Stands still between waits where time is movable.
+    HeadlessClock& headlessClock() { return m_clock; }
+    HeadlessEvents& headlessEvents() { return m_events; }
+
+    // Host:
+    std::string_view name() const override { return "headless"; }
+    Display& display() override { return m_display; }
+    Clipboard& clipboard() override { return m_clipboard; }
+    EventSource& events() override { return m_events; }
+
+private:
+    HeadlessClock m_clock;
+    HeadlessEvents m_events;
+    HeadlessDisplay m_display;
+    HeadlessScript m_script;
+    HeadlessClipboard m_clipboard;
+};
+
+}
