@@ -38,6 +38,16 @@ function(plix_add_command_test name)
     set_tests_properties(${name} PROPERTIES SKIP_RETURN_CODE 77 TIMEOUT 300)
 endfunction()
 
+# plix_add_python_tests(suite file): each test method of a file of Python's unittest is one test.
+function(plix_add_python_tests suite file)
+    set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${file})
+    file(STRINGS ${file} lines REGEX "^    def test_")
+    foreach(line ${lines})
+        string(REGEX REPLACE "^    def test_([A-Za-z0-9_]+).*" "\\1" method "${line}")
+        plix_add_command_test(${suite}.${method} python3 -B ${CMAKE_CURRENT_SOURCE_DIR}/${file} ${suite}.test_${method})
+    endforeach()
+endfunction()
+
 # To be called when all tests are added.
 function(plix_write_test_programs)
     get_property(lines GLOBAL PROPERTY PLIX_TEST_PROGRAMS)

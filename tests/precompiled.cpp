@@ -1,1 +1,3 @@
+#include "precompiled.h"
+
 int main() { }

@@ -182,7 +182,8 @@ namespace {
     {
         auto const shape = make<Shape>();
         shape->name = "square";
-        auto const bytes = NSArchiver::archivedDataWithRootObject(shape)->bytes();
+        auto const archive = NSArchiver::archivedDataWithRootObject(shape);
+        auto const bytes = archive->bytes();
         for (std::size_t i = 0; i < bytes.size() * 8; ++i) {
             std::vector<std::uint8_t> damaged(bytes.begin(), bytes.end());
             damaged[i / 8] ^= static_cast<std::uint8_t>(1U << i % 8);
