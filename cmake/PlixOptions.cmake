@@ -23,6 +23,8 @@ if(CCACHE_PROGRAM AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
     set(CMAKE_CXX_COMPILER_LAUNCHER env CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_ctime,include_file_mtime
         ${CCACHE_PROGRAM})
 endif()
+# A program loads only the libraries that it uses.
+add_link_options(-Wl,--as-needed)
 find_program(LLD_PROGRAM ld.lld)
 if(LLD_PROGRAM)
     add_link_options(-fuse-ld=lld)

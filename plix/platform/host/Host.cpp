@@ -2,8 +2,9 @@
 
 #include <plix/platform/host/headless/HeadlessHost.h>
 
-#ifdef PLIX_HAS_DESKTOP_HOST
+#if __has_include(<plix/platform/host/desktop/DesktopHost.h>)
 #include <plix/platform/host/desktop/DesktopHost.h>
+#define PLIX_HAS_DESKTOP_HOST
 #endif
 
 #include <cstdlib>
