@@ -2,6 +2,9 @@
 # of the other folders the plans and value functions named here.
 file(GLOB PLIX_LOGIC_SOURCES CONFIGURE_DEPENDS platform/base/*.cpp bitstream/*.cpp)
 list(APPEND PLIX_LOGIC_SOURCES
+    controls/chiseled_popup_plan.cpp
+    controls/image_view_plan.cpp
+    controls/segment_separators.cpp
     platform/appkit/cell_layout.cpp
     platform/appkit/scroll_layout.cpp
     platform/appkit/scroller_geometry.cpp
