@@ -12,45 +12,45 @@ namespace plix::bench {
 
 namespace {
 
-    using Clock = std::chrono::steady_clock;
+using Clock = std::chrono::steady_clock;
 
-    // Shorter runs are at the mercy of the clock and of one interrupt.
-    constexpr double shortestRunInSeconds = 0.002;
+// Shorter runs are at the mercy of the clock and of one interrupt.
+constexpr double shortestRunInSeconds = 0.002;
 
-    double secondsOf(std::function<void()> const& body, long times)
-    {
-        auto const start = Clock::now();
-        for (long i = 0; i < times; ++i)
-            body();
-        return std::chrono::duration<double>(Clock::now() - start).count();
+double secondsOf(std::function<void()> const& body, long times)
+{
+    auto const start = Clock::now();
+    for (long i = 0; i < times; ++i)
+        body();
+    return std::chrono::duration<double>(Clock::now() - start).count();
+}
+
+long timesForOneRun(std::function<void()> const& body)
+{
+    for (long times = 1;; times *= 2) {
+        if (secondsOf(body, times) >= shortestRunInSeconds)
+            return times;
     }
+}
 
-    long timesForOneRun(std::function<void()> const& body)
-    {
-        for (long times = 1;; times *= 2) {
-            if (secondsOf(body, times) >= shortestRunInSeconds)
-                return times;
-        }
+std::string quoted(std::string const& text)
+{
+    std::string result = "\"";
+    for (char const character : text) {
+        if (character == '"' || character == '\\')
+            result += '\\';
+        if (static_cast<unsigned char>(character) >= 0x20)
+            result += character;
     }
+    return result + '"';
+}
 
-    std::string quoted(std::string const& text)
-    {
-        std::string result = "\"";
-        for (char const character : text) {
-            if (character == '"' || character == '\\')
-                result += '\\';
-            if (static_cast<unsigned char>(character) >= 0x20)
-                result += character;
-        }
-        return result + '"';
-    }
-
-    std::string number(double value)
-    {
-        char buffer[40];
-        std::snprintf(buffer, sizeof buffer, "%.6g", value);
-        return buffer;
-    }
+std::string number(double value)
+{
+    char buffer[40];
+    std::snprintf(buffer, sizeof buffer, "%.6g", value);
+    return buffer;
+}
 
 }
 

@@ -10,15 +10,15 @@ namespace plix::bench {
 
 namespace {
 
-    class Counter : public NSObject {
-    public:
-        long value { 0 };
-    };
+class Counter : public NSObject {
+public:
+    long value { 0 };
+};
 
-    struct SharedCounter {
-        virtual ~SharedCounter() = default;
-        long value { 0 };
-    };
+struct SharedCounter {
+    virtual ~SharedCounter() = default;
+    long value { 0 };
+};
 
 }
 

@@ -7,17 +7,17 @@ namespace plix::bench {
 
 namespace {
 
-    std::string shellQuoted(std::string const& text)
-    {
-        std::string result = "'";
-        for (char const character : text) {
-            if (character == '\'')
-                result += "'\\''";
-            else
-                result += character;
-        }
-        return result + "'";
+std::string shellQuoted(std::string const& text)
+{
+    std::string result = "'";
+    for (char const character : text) {
+        if (character == '\'')
+            result += "'\\''";
+        else
+            result += character;
     }
+    return result + "'";
+}
 
 }
 

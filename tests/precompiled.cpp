@@ -1,3 +1,5 @@
 #include "precompiled.h"
 
-int main() { }
+int main()
+{
+}

@@ -12,16 +12,16 @@ PLIX_DESCRIBE(PLIXBitstream)
 
 namespace {
 
-    // Locations, lengths and counts may be anything; sums of them wrap.
-    std::int64_t wrappingSum(std::int64_t a, std::int64_t b)
-    {
-        return static_cast<std::int64_t>(static_cast<std::uint64_t>(a) + static_cast<std::uint64_t>(b));
-    }
+// Locations, lengths and counts may be anything; sums of them wrap.
+std::int64_t wrappingSum(std::int64_t a, std::int64_t b)
+{
+    return static_cast<std::int64_t>(static_cast<std::uint64_t>(a) + static_cast<std::uint64_t>(b));
+}
 
-    std::int64_t wrappingDifference(std::int64_t a, std::int64_t b)
-    {
-        return static_cast<std::int64_t>(static_cast<std::uint64_t>(a) - static_cast<std::uint64_t>(b));
-    }
+std::int64_t wrappingDifference(std::int64_t a, std::int64_t b)
+{
+    return static_cast<std::int64_t>(static_cast<std::uint64_t>(a) - static_cast<std::uint64_t>(b));
+}
 
 }
 

@@ -6,8 +6,8 @@ namespace plix {
 
 namespace {
 
-    constexpr float titleOverlap = 4.0F;
-    constexpr float titleMargin = 4.0F;
+constexpr float titleOverlap = 4.0F;
+constexpr float titleMargin = 4.0F;
 
 }
 

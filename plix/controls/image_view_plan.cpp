@@ -7,36 +7,36 @@ namespace plix {
 
 namespace {
 
-    constexpr float strokeWidth = 3.0F;
-    constexpr float borderInset = 2.0F;
-    constexpr float largestRadius = 16.0F;
-    /// A side this long has no visible dashes any more; keeps broken sizes from making gaps without end.
-    constexpr std::size_t mostGaps = 10000;
+constexpr float strokeWidth = 3.0F;
+constexpr float borderInset = 2.0F;
+constexpr float largestRadius = 16.0F;
+/// A side this long has no visible dashes any more; keeps broken sizes from making gaps without end.
+constexpr std::size_t mostGaps = 10000;
 
-    float truncated(double value)
-    {
-        return static_cast<float>(std::trunc(value));
-    }
+float truncated(double value)
+{
+    return static_cast<float>(std::trunc(value));
+}
 
-    float shrinkFactor(float image, float room)
-    {
-        return image > room ? room / image : 1.0F;
-    }
+float shrinkFactor(float image, float room)
+{
+    return image > room ? room / image : 1.0F;
+}
 
-    /// Copies of the middle gap, one dash apart, until one reaches into the corners.
-    template <typename Shift>
-    void addGapsOutwards(std::vector<Rect>& gaps, Rect middle, float Rect::*start, float step, float cornerRadius, Shift shift)
-    {
-        gaps.push_back(middle);
-        Rect before = middle;
-        Rect after = middle;
-        while (step > 0 && before.*start > 2 * cornerRadius && gaps.size() < mostGaps) {
-            before = shift(before, -step);
-            after = shift(after, step);
-            gaps.push_back(before);
-            gaps.push_back(after);
-        }
+/// Copies of the middle gap, one dash apart, until one reaches into the corners.
+template <typename Shift>
+void addGapsOutwards(std::vector<Rect>& gaps, Rect middle, float Rect::*start, float step, float cornerRadius, Shift shift)
+{
+    gaps.push_back(middle);
+    Rect before = middle;
+    Rect after = middle;
+    while (step > 0 && before.*start > 2 * cornerRadius && gaps.size() < mostGaps) {
+        before = shift(before, -step);
+        after = shift(after, step);
+        gaps.push_back(before);
+        gaps.push_back(after);
     }
+}
 
 }
 

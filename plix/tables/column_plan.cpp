@@ -6,7 +6,7 @@ namespace plix {
 
 namespace {
 
-    constexpr float dividerReach = 10.0F;
+constexpr float dividerReach = 10.0F;
 
 }
 

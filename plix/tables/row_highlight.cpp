@@ -4,32 +4,32 @@ namespace plix {
 
 namespace {
 
-    constexpr float ringSize = 6.0F;
-    constexpr int disclosureWidth = 16;
-    constexpr float messageMargin = 10.0F;
+constexpr float ringSize = 6.0F;
+constexpr int disclosureWidth = 16;
+constexpr float messageMargin = 10.0F;
 
-    /// The row beside which the marker's line runs, and the line's height.
-    struct MarkerLine {
-        Rect reference;
-        float y { 0 };
-    };
+/// The row beside which the marker's line runs, and the line's height.
+struct MarkerLine {
+    Rect reference;
+    float y { 0 };
+};
 
-    MarkerLine markerLine(InsertionPlace const& place)
-    {
-        if (place.upperRow < 0 && place.lowerRow == 0) {
-            Rect const bounds = NSInsetRect(place.superviewBounds, 1.0F, 1.0F);
-            return { bounds, bounds.y };
-        }
-        if (place.upperRow >= 0 && place.upperRow < place.lowerRow && place.lowerRow < place.numberOfRows) {
-            Rect const row = NSInsetRect(place.lowerRect, 1.0F, 0.0F); // not inset upwards: the line stands on the row's very edge
-            return { row, row.y };
-        }
-        if (place.upperRow == place.numberOfRows - 1 && place.lowerRow == place.numberOfRows) {
-            Rect const row = NSInsetRect(place.upperRect, 1.0F, 1.0F);
-            return { row, row.maxY() };
-        }
-        return {};
+MarkerLine markerLine(InsertionPlace const& place)
+{
+    if (place.upperRow < 0 && place.lowerRow == 0) {
+        Rect const bounds = NSInsetRect(place.superviewBounds, 1.0F, 1.0F);
+        return { bounds, bounds.y };
     }
+    if (place.upperRow >= 0 && place.upperRow < place.lowerRow && place.lowerRow < place.numberOfRows) {
+        Rect const row = NSInsetRect(place.lowerRect, 1.0F, 0.0F); // not inset upwards: the line stands on the row's very edge
+        return { row, row.y };
+    }
+    if (place.upperRow == place.numberOfRows - 1 && place.lowerRow == place.numberOfRows) {
+        Rect const row = NSInsetRect(place.upperRect, 1.0F, 1.0F);
+        return { row, row.maxY() };
+    }
+    return {};
+}
 
 }
 

@@ -163,9 +163,9 @@ public:
     /// Overridden by clip views: scrolls so that the point of the document is at the origin of what is visible.
     virtual bool scrollDocumentToPoint(NSView& /*descendant*/, Point);
     virtual bool scrollDocumentRectToVisible(NSView& descendant, Rect);
-    /// Moves the pixels that the last frame left in the rectangle by a distance, within the rectangle and what is visible of it; dirty
-    /// parts move along. What the move uncovers is the caller's to mark. Where there are no pixels to move (no frame yet, a turned view,
-    /// part of it covered by another view) all of the rectangle is marked dirty instead.
+    /// Moves the pixels that the last frame left in the rectangle by a distance, within the rectangle and what is visible of it;
+    /// dirty parts move along. What the move uncovers is the caller's to mark. Where there are no pixels to move (no frame yet, a
+    /// turned view, part of it covered by another view) all of the rectangle is marked dirty instead.
     void scrollRect(Rect, Size by);
 
     // Events.

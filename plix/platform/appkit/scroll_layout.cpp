@@ -7,31 +7,31 @@ namespace plix {
 
 namespace {
 
-    float nearestIn(float value, float lower, float upper)
-    {
-        // Written so that a value that is no number becomes the lower end.
-        return value > lower ? std::min(value, std::max(lower, upper)) : lower;
-    }
+float nearestIn(float value, float lower, float upper)
+{
+    // Written so that a value that is no number becomes the lower end.
+    return value > lower ? std::min(value, std::max(lower, upper)) : lower;
+}
 
-    struct ShownScrollers {
-        bool vertical { false };
-        bool horizontal { false };
-    };
+struct ShownScrollers {
+    bool vertical { false };
+    bool horizontal { false };
+};
 
-    // A scroller takes room from the other direction, which may then need its own.
-    ShownScrollers shownScrollers(ScrollViewShape const& shape, Size room)
-    {
-        if (!shape.autohidesScrollers)
-            return { shape.hasVerticalScroller, shape.hasHorizontalScroller };
-        ShownScrollers shown;
-        for (int pass = 0; pass < 2; ++pass) {
-            float const height = room.height - shape.headerHeight - (shown.horizontal ? shape.scrollerWidth : 0);
-            shown.vertical = shape.hasVerticalScroller && shape.documentSize.height > height;
-            float const width = room.width - (shown.vertical ? shape.scrollerWidth : 0);
-            shown.horizontal = shape.hasHorizontalScroller && shape.documentSize.width > width;
-        }
-        return shown;
+// A scroller takes room from the other direction, which may then need its own.
+ShownScrollers shownScrollers(ScrollViewShape const& shape, Size room)
+{
+    if (!shape.autohidesScrollers)
+        return { shape.hasVerticalScroller, shape.hasHorizontalScroller };
+    ShownScrollers shown;
+    for (int pass = 0; pass < 2; ++pass) {
+        float const height = room.height - shape.headerHeight - (shown.horizontal ? shape.scrollerWidth : 0);
+        shown.vertical = shape.hasVerticalScroller && shape.documentSize.height > height;
+        float const width = room.width - (shown.vertical ? shape.scrollerWidth : 0);
+        shown.horizontal = shape.hasHorizontalScroller && shape.documentSize.width > width;
     }
+    return shown;
+}
 
 }
 

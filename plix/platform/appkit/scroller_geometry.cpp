@@ -7,28 +7,28 @@ namespace plix {
 
 namespace {
 
-    float unitInterval(float value)
-    {
-        return value > 0 ? std::min(value, 1.F) : 0;
-    }
+float unitInterval(float value)
+{
+    return value > 0 ? std::min(value, 1.F) : 0;
+}
 
-    // A stretch along the axis of a rectangle.
-    Rect stretch(Rect bounds, ScrollerAxis axis, float start, float length)
-    {
-        if (axis == ScrollerAxis::vertical)
-            return { bounds.x, bounds.y + start, bounds.width, length };
-        return { bounds.x + start, bounds.y, length, bounds.height };
-    }
+// A stretch along the axis of a rectangle.
+Rect stretch(Rect bounds, ScrollerAxis axis, float start, float length)
+{
+    if (axis == ScrollerAxis::vertical)
+        return { bounds.x, bounds.y + start, bounds.width, length };
+    return { bounds.x + start, bounds.y, length, bounds.height };
+}
 
-    float lengthAlong(Rect rect, ScrollerAxis axis)
-    {
-        return axis == ScrollerAxis::vertical ? rect.height : rect.width;
-    }
+float lengthAlong(Rect rect, ScrollerAxis axis)
+{
+    return axis == ScrollerAxis::vertical ? rect.height : rect.width;
+}
 
-    Rect insetAcross(Rect rect, ScrollerAxis axis, float inset)
-    {
-        return axis == ScrollerAxis::vertical ? NSInsetRect(rect, inset, 0) : NSInsetRect(rect, 0, inset);
-    }
+Rect insetAcross(Rect rect, ScrollerAxis axis, float inset)
+{
+    return axis == ScrollerAxis::vertical ? NSInsetRect(rect, inset, 0) : NSInsetRect(rect, 0, inset);
+}
 
 }
 

@@ -6,11 +6,11 @@ namespace plix {
 
 namespace {
 
-    std::map<std::string, Class const*, std::less<>>& registry()
-    {
-        static auto* const s_registry = new std::map<std::string, Class const*, std::less<>>;
-        return *s_registry;
-    }
+std::map<std::string, Class const*, std::less<>>& registry()
+{
+    static auto* const s_registry = new std::map<std::string, Class const*, std::less<>>;
+    return *s_registry;
+}
 
 }
 

@@ -48,14 +48,14 @@ private:
 
 namespace detail {
 
-    template <typename Result, typename... Arguments, typename Host, typename Call, typename IsNamed>
-    void fillHook(Hook<Result(Arguments...)>& hook, Host& host, Call call, IsNamed)
-    {
-        if constexpr (std::is_invocable_r_v<Result, Call, Host&, Arguments...>)
-            hook.bind(host, call);
-        else
-            static_assert(!IsNamed {}.template operator()<Host>(), "a function of this hook's name takes or gives something else");
-    }
+template <typename Result, typename... Arguments, typename Host, typename Call, typename IsNamed>
+void fillHook(Hook<Result(Arguments...)>& hook, Host& host, Call call, IsNamed)
+{
+    if constexpr (std::is_invocable_r_v<Result, Call, Host&, Arguments...>)
+        hook.bind(host, call);
+    else
+        static_assert(!IsNamed {}.template operator()<Host>(), "a function of this hook's name takes or gives something else");
+}
 
 }
 

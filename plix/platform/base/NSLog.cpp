@@ -8,11 +8,11 @@ namespace plix {
 
 namespace {
 
-    LogSink& sink()
-    {
-        static auto* const s_sink = new LogSink;
-        return *s_sink;
-    }
+LogSink& sink()
+{
+    static auto* const s_sink = new LogSink;
+    return *s_sink;
+}
 
 }
 

@@ -13,7 +13,7 @@ namespace plix {
 
 namespace {
 
-    std::atomic<std::thread::id> s_mainThread {};
+std::atomic<std::thread::id> s_mainThread {};
 
 }
 

@@ -17,11 +17,11 @@ class Selector;
 
 namespace detail {
 
-    /// What weak references hold on to: outlives the object while any is left.
-    struct WeakLink {
-        NSObject* object;
-        std::uint32_t references;
-    };
+/// What weak references hold on to: outlives the object while any is left.
+struct WeakLink {
+    NSObject* object;
+    std::uint32_t references;
+};
 
 }
 

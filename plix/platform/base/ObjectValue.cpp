@@ -9,49 +9,49 @@ namespace plix {
 
 namespace {
 
-    std::string_view withoutLeadingBlanks(std::string_view text)
-    {
-        auto const start = text.find_first_not_of(" \t\n\v\f\r");
-        return start == std::string_view::npos ? std::string_view {} : text.substr(start);
-    }
+std::string_view withoutLeadingBlanks(std::string_view text)
+{
+    auto const start = text.find_first_not_of(" \t\n\v\f\r");
+    return start == std::string_view::npos ? std::string_view {} : text.substr(start);
+}
 
-    std::int64_t integerPrefix(std::string_view text)
-    {
-        text = withoutLeadingBlanks(text);
-        bool const isNegative = text.starts_with('-');
-        if (isNegative || text.starts_with('+'))
-            text.remove_prefix(1);
-        std::uint64_t magnitude = 0;
-        auto const result = std::from_chars(text.data(), text.data() + text.size(), magnitude);
-        constexpr auto largest = static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max());
-        if (result.ec == std::errc::result_out_of_range || magnitude > largest)
-            return isNegative ? std::numeric_limits<std::int64_t>::min() : std::numeric_limits<std::int64_t>::max();
-        auto const value = static_cast<std::int64_t>(magnitude);
-        return isNegative ? -value : value;
-    }
+std::int64_t integerPrefix(std::string_view text)
+{
+    text = withoutLeadingBlanks(text);
+    bool const isNegative = text.starts_with('-');
+    if (isNegative || text.starts_with('+'))
+        text.remove_prefix(1);
+    std::uint64_t magnitude = 0;
+    auto const result = std::from_chars(text.data(), text.data() + text.size(), magnitude);
+    constexpr auto largest = static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max());
+    if (result.ec == std::errc::result_out_of_range || magnitude > largest)
+        return isNegative ? std::numeric_limits<std::int64_t>::min() : std::numeric_limits<std::int64_t>::max();
+    auto const value = static_cast<std::int64_t>(magnitude);
+    return isNegative ? -value : value;
+}
 
-    template <typename Integer> Integer nearest(double value)
-    {
-        if (std::isnan(value))
-            return 0;
-        if (value <= static_cast<double>(std::numeric_limits<Integer>::min()))
-            return std::numeric_limits<Integer>::min();
-        if (value >= static_cast<double>(std::numeric_limits<Integer>::max()))
-            return std::numeric_limits<Integer>::max();
-        return static_cast<Integer>(value);
-    }
+template <typename Integer> Integer nearest(double value)
+{
+    if (std::isnan(value))
+        return 0;
+    if (value <= static_cast<double>(std::numeric_limits<Integer>::min()))
+        return std::numeric_limits<Integer>::min();
+    if (value >= static_cast<double>(std::numeric_limits<Integer>::max()))
+        return std::numeric_limits<Integer>::max();
+    return static_cast<Integer>(value);
+}
 
-    int nearestInt(std::int64_t value)
-    {
-        return static_cast<int>(std::clamp<std::int64_t>(value, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()));
-    }
+int nearestInt(std::int64_t value)
+{
+    return static_cast<int>(std::clamp<std::int64_t>(value, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()));
+}
 
-    std::string shortestDecimal(double value)
-    {
-        char buffer[40];
-        auto const result = std::to_chars(buffer, buffer + sizeof buffer, value);
-        return { buffer, result.ptr };
-    }
+std::string shortestDecimal(double value)
+{
+    char buffer[40];
+    auto const result = std::to_chars(buffer, buffer + sizeof buffer, value);
+    return { buffer, result.ptr };
+}
 
 }
 

@@ -6,11 +6,11 @@ namespace plix {
 
 namespace {
 
-    std::unordered_set<std::string>& internedNames()
-    {
-        static auto* const s_names = new std::unordered_set<std::string>;
-        return *s_names;
-    }
+std::unordered_set<std::string>& internedNames()
+{
+    static auto* const s_names = new std::unordered_set<std::string>;
+    return *s_names;
+}
 
 }
 

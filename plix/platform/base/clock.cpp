@@ -6,20 +6,20 @@ namespace plix {
 
 namespace {
 
-    class MachineClock final : public Clock {
-    public:
-        NSDate now() const override
-        {
-            auto const sinceEpoch = std::chrono::system_clock::now().time_since_epoch();
-            return NSDate::dateWithTimeIntervalSince1970(std::chrono::duration<double>(sinceEpoch).count());
-        }
-        NSTimeInterval uptime() const override
-        {
-            return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count();
-        }
-    };
+class MachineClock final : public Clock {
+public:
+    NSDate now() const override
+    {
+        auto const sinceEpoch = std::chrono::system_clock::now().time_since_epoch();
+        return NSDate::dateWithTimeIntervalSince1970(std::chrono::duration<double>(sinceEpoch).count());
+    }
+    NSTimeInterval uptime() const override
+    {
+        return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count();
+    }
+};
 
-    Clock* s_installed = nullptr;
+Clock* s_installed = nullptr;
 
 }
 

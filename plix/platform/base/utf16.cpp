@@ -6,27 +6,27 @@ namespace plix {
 
 namespace {
 
-    constexpr char32_t replacementCharacter = 0xFFFD;
+constexpr char32_t replacementCharacter = 0xFFFD;
 
-    bool isContinuation(unsigned char byte)
-    {
-        return (byte & 0xC0) == 0x80;
-    }
+bool isContinuation(unsigned char byte)
+{
+    return (byte & 0xC0) == 0x80;
+}
 
-    long unitsOf(char32_t character)
-    {
-        return character > 0xFFFF ? 2 : 1;
-    }
+long unitsOf(char32_t character)
+{
+    return character > 0xFFFF ? 2 : 1;
+}
 
-    bool isHighSurrogate(char16_t unit)
-    {
-        return unit >= 0xD800 && unit < 0xDC00;
-    }
+bool isHighSurrogate(char16_t unit)
+{
+    return unit >= 0xD800 && unit < 0xDC00;
+}
 
-    bool isLowSurrogate(char16_t unit)
-    {
-        return unit >= 0xDC00 && unit < 0xE000;
-    }
+bool isLowSurrogate(char16_t unit)
+{
+    return unit >= 0xDC00 && unit < 0xE000;
+}
 
 }
 

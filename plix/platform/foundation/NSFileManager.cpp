@@ -21,175 +21,175 @@ namespace plix {
 
 namespace {
 
-    NSFileType fileType(mode_t mode)
-    {
-        switch (mode & S_IFMT) {
-        case S_IFREG:
-            return NSFileType::Regular;
-        case S_IFDIR:
-            return NSFileType::Directory;
-        case S_IFLNK:
-            return NSFileType::SymbolicLink;
-        case S_IFSOCK:
-            return NSFileType::Socket;
-        case S_IFCHR:
-            return NSFileType::CharacterSpecial;
-        case S_IFBLK:
-            return NSFileType::BlockSpecial;
-        case S_IFIFO:
-            return NSFileType::Fifo;
-        default:
-            return NSFileType::Unknown;
-        }
+NSFileType fileType(mode_t mode)
+{
+    switch (mode & S_IFMT) {
+    case S_IFREG:
+        return NSFileType::Regular;
+    case S_IFDIR:
+        return NSFileType::Directory;
+    case S_IFLNK:
+        return NSFileType::SymbolicLink;
+    case S_IFSOCK:
+        return NSFileType::Socket;
+    case S_IFCHR:
+        return NSFileType::CharacterSpecial;
+    case S_IFBLK:
+        return NSFileType::BlockSpecial;
+    case S_IFIFO:
+        return NSFileType::Fifo;
+    default:
+        return NSFileType::Unknown;
     }
+}
 
-    NSDate date(statx_timestamp const& stamp)
-    {
-        return NSDate::dateWithTimeIntervalSince1970(static_cast<double>(stamp.tv_sec) + stamp.tv_nsec / 1e9);
-    }
+NSDate date(statx_timestamp const& stamp)
+{
+    return NSDate::dateWithTimeIntervalSince1970(static_cast<double>(stamp.tv_sec) + stamp.tv_nsec / 1e9);
+}
 
-    std::optional<struct stat> linkStatus(std::string const& path)
-    {
-        struct stat status { };
-        if (::lstat(path.c_str(), &status) != 0)
-            return {};
-        return status;
-    }
+std::optional<struct stat> linkStatus(std::string const& path)
+{
+    struct stat status { };
+    if (::lstat(path.c_str(), &status) != 0)
+        return {};
+    return status;
+}
 
-    bool isFolder(struct stat const& status)
-    {
-        return S_ISDIR(status.st_mode);
-    }
+bool isFolder(struct stat const& status)
+{
+    return S_ISDIR(status.st_mode);
+}
 
-    /// Calls with each name in the folder. False where it cannot be listed or a call answers false; errno says why.
-    template <typename Function> bool forEachName(std::string const& path, Function function)
-    {
-        std::unique_ptr<DIR, int (*)(DIR*)> const folder(::opendir(path.c_str()), ::closedir);
-        if (!folder)
+/// Calls with each name in the folder. False where it cannot be listed or a call answers false; errno says why.
+template <typename Function> bool forEachName(std::string const& path, Function function)
+{
+    std::unique_ptr<DIR, int (*)(DIR*)> const folder(::opendir(path.c_str()), ::closedir);
+    if (!folder)
+        return false;
+    for (;;) {
+        errno = 0;
+        auto const* entry = ::readdir(folder.get());
+        if (!entry)
+            return errno == 0;
+        std::string_view const name(entry->d_name);
+        if (name != "." && name != ".." && !function(std::string(name)))
             return false;
-        for (;;) {
-            errno = 0;
-            auto const* entry = ::readdir(folder.get());
+    }
+}
+
+std::vector<std::string> namesIn(std::string const& path, bool& succeeded)
+{
+    std::vector<std::string> names;
+    succeeded = forEachName(path, [&](std::string name) {
+        names.push_back(std::move(name));
+        return true;
+    });
+    return names;
+}
+
+/// Removes from the leaves up, without recursion: depth is the disk's, not ours.
+bool removeTree(std::string const& path)
+{
+    std::vector<std::string> folders { path };
+    while (!folders.empty()) {
+        auto const folder = folders.back();
+        auto const depth = folders.size();
+        bool succeeded = false;
+        for (auto const& name : namesIn(folder, succeeded)) {
+            auto const entry = folder + '/' + name;
+            auto const status = linkStatus(entry);
+            if (!status)
+                return false;
+            if (isFolder(*status))
+                folders.push_back(entry);
+            else if (::unlink(entry.c_str()) != 0)
+                return false;
+        }
+        if (!succeeded)
+            return false;
+        if (folders.size() > depth)
+            continue;
+        if (::rmdir(folder.c_str()) != 0)
+            return false;
+        folders.pop_back();
+    }
+    return true;
+}
+
+std::optional<std::string> linkTarget(std::string const& path)
+{
+    char target[PATH_MAX];
+    auto const length = ::readlink(path.c_str(), target, sizeof target);
+    if (length < 0)
+        return {};
+    return std::string(target, static_cast<std::size_t>(length));
+}
+
+bool copyEntry(std::string const& source, std::string const& destination, struct stat const& status)
+{
+    switch (status.st_mode & S_IFMT) {
+    case S_IFREG:
+        return copyFileBytes(source, destination, status.st_mode & 07777);
+    case S_IFLNK: {
+        auto const target = linkTarget(source);
+        return target && ::symlink(target->c_str(), destination.c_str()) == 0;
+    }
+    case S_IFIFO:
+        return ::mkfifo(destination.c_str(), status.st_mode & 07777) == 0;
+    default:
+        errno = ENOTSUP;
+        return false;
+    }
+}
+
+bool copyTree(std::string const& source, std::string const& destination)
+{
+    struct Folder {
+        std::string source;
+        std::string destination;
+        mode_t mode;
+    };
+    auto const status = linkStatus(source);
+    if (!status)
+        return false;
+    if (!isFolder(*status))
+        return copyEntry(source, destination, *status);
+    std::vector<Folder> folders { { source, destination, status->st_mode } };
+    for (std::size_t next = 0; next < folders.size(); ++next) {
+        auto const folder = folders[next];
+        if (::mkdir(folder.destination.c_str(), 0700) != 0)
+            return false;
+        bool succeeded = false;
+        for (auto const& name : namesIn(folder.source, succeeded)) {
+            auto const from = folder.source + '/' + name;
+            auto const to = folder.destination + '/' + name;
+            auto const entry = linkStatus(from);
             if (!entry)
-                return errno == 0;
-            std::string_view const name(entry->d_name);
-            if (name != "." && name != ".." && !function(std::string(name)))
+                return false;
+            if (isFolder(*entry))
+                folders.push_back({ from, to, entry->st_mode });
+            else if (!copyEntry(from, to, *entry))
                 return false;
         }
-    }
-
-    std::vector<std::string> namesIn(std::string const& path, bool& succeeded)
-    {
-        std::vector<std::string> names;
-        succeeded = forEachName(path, [&](std::string name) {
-            names.push_back(std::move(name));
-            return true;
-        });
-        return names;
-    }
-
-    /// Removes from the leaves up, without recursion: depth is the disk's, not ours.
-    bool removeTree(std::string const& path)
-    {
-        std::vector<std::string> folders { path };
-        while (!folders.empty()) {
-            auto const folder = folders.back();
-            auto const depth = folders.size();
-            bool succeeded = false;
-            for (auto const& name : namesIn(folder, succeeded)) {
-                auto const entry = folder + '/' + name;
-                auto const status = linkStatus(entry);
-                if (!status)
-                    return false;
-                if (isFolder(*status))
-                    folders.push_back(entry);
-                else if (::unlink(entry.c_str()) != 0)
-                    return false;
-            }
-            if (!succeeded)
-                return false;
-            if (folders.size() > depth)
-                continue;
-            if (::rmdir(folder.c_str()) != 0)
-                return false;
-            folders.pop_back();
-        }
-        return true;
-    }
-
-    std::optional<std::string> linkTarget(std::string const& path)
-    {
-        char target[PATH_MAX];
-        auto const length = ::readlink(path.c_str(), target, sizeof target);
-        if (length < 0)
-            return {};
-        return std::string(target, static_cast<std::size_t>(length));
-    }
-
-    bool copyEntry(std::string const& source, std::string const& destination, struct stat const& status)
-    {
-        switch (status.st_mode & S_IFMT) {
-        case S_IFREG:
-            return copyFileBytes(source, destination, status.st_mode & 07777);
-        case S_IFLNK: {
-            auto const target = linkTarget(source);
-            return target && ::symlink(target->c_str(), destination.c_str()) == 0;
-        }
-        case S_IFIFO:
-            return ::mkfifo(destination.c_str(), status.st_mode & 07777) == 0;
-        default:
-            errno = ENOTSUP;
+        if (!succeeded)
             return false;
-        }
     }
-
-    bool copyTree(std::string const& source, std::string const& destination)
-    {
-        struct Folder {
-            std::string source;
-            std::string destination;
-            mode_t mode;
-        };
-        auto const status = linkStatus(source);
-        if (!status)
+    // A folder that may not be written gets its permissions when all is in it.
+    for (auto folder = folders.rbegin(); folder != folders.rend(); ++folder) {
+        if (::chmod(folder->destination.c_str(), folder->mode & 07777) != 0)
             return false;
-        if (!isFolder(*status))
-            return copyEntry(source, destination, *status);
-        std::vector<Folder> folders { { source, destination, status->st_mode } };
-        for (std::size_t next = 0; next < folders.size(); ++next) {
-            auto const folder = folders[next];
-            if (::mkdir(folder.destination.c_str(), 0700) != 0)
-                return false;
-            bool succeeded = false;
-            for (auto const& name : namesIn(folder.source, succeeded)) {
-                auto const from = folder.source + '/' + name;
-                auto const to = folder.destination + '/' + name;
-                auto const entry = linkStatus(from);
-                if (!entry)
-                    return false;
-                if (isFolder(*entry))
-                    folders.push_back({ from, to, entry->st_mode });
-                else if (!copyEntry(from, to, *entry))
-                    return false;
-            }
-            if (!succeeded)
-                return false;
-        }
-        // A folder that may not be written gets its permissions when all is in it.
-        for (auto folder = folders.rbegin(); folder != folders.rend(); ++folder) {
-            if (::chmod(folder->destination.c_str(), folder->mode & 07777) != 0)
-                return false;
-        }
-        return true;
     }
+    return true;
+}
 
-    bool isInside(std::string const& path, std::string const& folder)
-    {
-        auto const real = stringByResolvingSymlinksInPath(folder);
-        auto parent = stringByDeletingLastPathComponent(path);
-        parent = stringByResolvingSymlinksInPath(parent.empty() ? "." : parent);
-        return parent == real || parent.starts_with(real + '/');
-    }
+bool isInside(std::string const& path, std::string const& folder)
+{
+    auto const real = stringByResolvingSymlinksInPath(folder);
+    auto parent = stringByDeletingLastPathComponent(path);
+    parent = stringByResolvingSymlinksInPath(parent.empty() ? "." : parent);
+    return parent == real || parent.starts_with(real + '/');
+}
 
 }
 

@@ -8,7 +8,7 @@ namespace plix {
 
 namespace {
 
-    class ObserverToken final : public NSObject { };
+class ObserverToken final : public NSObject { };
 
 }
 

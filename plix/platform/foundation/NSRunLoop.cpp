@@ -22,43 +22,43 @@ namespace plix {
 
 namespace {
 
-    class ObserverToken final : public NSObject { };
+class ObserverToken final : public NSObject { };
 
-    struct WaitObserver {
-        Weak<NSObject> token;
-        std::shared_ptr<std::function<void()>> callback;
-    };
+struct WaitObserver {
+    Weak<NSObject> token;
+    std::shared_ptr<std::function<void()>> callback;
+};
 
-    struct Mode {
-        TimerHeap timers;
-        std::vector<Ref<RunLoopDescriptor>> descriptors;
-        std::vector<WaitObserver> observers;
-    };
+struct Mode {
+    TimerHeap timers;
+    std::vector<Ref<RunLoopDescriptor>> descriptors;
+    std::vector<WaitObserver> observers;
+};
 
-    timespec timespecFromSeconds(NSTimeInterval seconds)
-    {
-        constexpr NSTimeInterval longest = 1e9;
-        seconds = std::clamp(seconds, 0.0, longest);
-        auto const whole = std::floor(seconds);
-        return { static_cast<time_t>(whole), std::min(static_cast<long>(std::ceil((seconds - whole) * 1e9)), 999999999L) };
-    }
+timespec timespecFromSeconds(NSTimeInterval seconds)
+{
+    constexpr NSTimeInterval longest = 1e9;
+    seconds = std::clamp(seconds, 0.0, longest);
+    auto const whole = std::floor(seconds);
+    return { static_cast<time_t>(whole), std::min(static_cast<long>(std::ceil((seconds - whole) * 1e9)), 999999999L) };
+}
 
-    /// The wait without a host: the descriptors alone.
-    void pollUntil(std::span<pollfd> descriptors, std::optional<NSTimeInterval> deadline)
-    {
-        auto const timeout = timespecFromSeconds(deadline ? *deadline - clock().uptime() : 0);
-        ::ppoll(descriptors.data(), descriptors.size(), deadline ? &timeout : nullptr, nullptr);
-    }
+/// The wait without a host: the descriptors alone.
+void pollUntil(std::span<pollfd> descriptors, std::optional<NSTimeInterval> deadline)
+{
+    auto const timeout = timespecFromSeconds(deadline ? *deadline - clock().uptime() : 0);
+    ::ppoll(descriptors.data(), descriptors.size(), deadline ? &timeout : nullptr, nullptr);
+}
 
-    NSTimeInterval uptimeAt(NSDate date)
-    {
-        return clock().uptime() + date.timeIntervalSinceDate(clock().now());
-    }
+NSTimeInterval uptimeAt(NSDate date)
+{
+    return clock().uptime() + date.timeIntervalSinceDate(clock().now());
+}
 
-    std::optional<NSTimeInterval> earlier(std::optional<NSTimeInterval> a, std::optional<NSTimeInterval> b)
-    {
-        return a && b ? std::min(*a, *b) : a ? a : b;
-    }
+std::optional<NSTimeInterval> earlier(std::optional<NSTimeInterval> a, std::optional<NSTimeInterval> b)
+{
+    return a && b ? std::min(*a, *b) : a ? a : b;
+}
 
 }
 

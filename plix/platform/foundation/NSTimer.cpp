@@ -10,28 +10,28 @@ namespace plix {
 
 namespace {
 
-    constexpr NSTimeInterval shortestInterval = 0.0001;
+constexpr NSTimeInterval shortestInterval = 0.0001;
 
-    NSTimeInterval uptimeAt(NSDate date)
+NSTimeInterval uptimeAt(NSDate date)
+{
+    return clock().uptime() + date.timeIntervalSinceDate(clock().now());
+}
+
+class FlagWhile {
+public:
+    explicit FlagWhile(bool& flag)
+        : m_flag(flag)
+        , m_before(std::exchange(flag, true))
     {
-        return clock().uptime() + date.timeIntervalSinceDate(clock().now());
     }
+    ~FlagWhile() { m_flag = m_before; }
+    FlagWhile(FlagWhile const&) = delete;
+    FlagWhile& operator=(FlagWhile const&) = delete;
 
-    class FlagWhile {
-    public:
-        explicit FlagWhile(bool& flag)
-            : m_flag(flag)
-            , m_before(std::exchange(flag, true))
-        {
-        }
-        ~FlagWhile() { m_flag = m_before; }
-        FlagWhile(FlagWhile const&) = delete;
-        FlagWhile& operator=(FlagWhile const&) = delete;
-
-    private:
-        bool& m_flag;
-        bool m_before;
-    };
+private:
+    bool& m_flag;
+    bool m_before;
+};
 
 }
 

@@ -8,24 +8,24 @@ namespace plix {
 
 namespace {
 
-    struct Request {
-        std::uint64_t targetNumber;
-        detail::PerformKey key;
-        Ref<NSTimer> timer;
-    };
+struct Request {
+    std::uint64_t targetNumber;
+    detail::PerformKey key;
+    Ref<NSTimer> timer;
+};
 
-    std::vector<Request>& requests()
-    {
-        static auto& s_requests = *new std::vector<Request>;
-        return s_requests;
-    }
+std::vector<Request>& requests()
+{
+    static auto& s_requests = *new std::vector<Request>;
+    return s_requests;
+}
 
-    detail::PerformKey keyOf(Selector selector, NSObject* argument)
-    {
-        auto key = detail::PerformKey::of(selector);
-        key.argument = argument;
-        return key;
-    }
+detail::PerformKey keyOf(Selector selector, NSObject* argument)
+{
+    auto key = detail::PerformKey::of(selector);
+    key.argument = argument;
+    return key;
+}
 
 }
 

@@ -17,25 +17,24 @@ using RunLoopModes = std::vector<std::string_view>;
 
 namespace detail {
 
-    /// What a delayed perform calls, for finding it again: a member function or a selector.
-    struct PerformKey {
-        std::type_index type { typeid(void) };
-        std::array<std::byte, 2 * sizeof(void*)> bytes {};
-        NSObject* argument { nullptr };
+/// What a delayed perform calls, for finding it again: a member function or a selector.
+struct PerformKey {
+    std::type_index type { typeid(void) };
+    std::array<std::byte, 2 * sizeof(void*)> bytes {};
+    NSObject* argument { nullptr };
 
-        template <typename Operation> static PerformKey of(Operation operation)
-        {
-            static_assert(sizeof operation <= sizeof bytes && std::is_trivially_copyable_v<Operation>);
-            PerformKey key { typeid(Operation), {}, nullptr };
-            std::memcpy(key.bytes.data(), &operation, sizeof operation);
-            return key;
-        }
-        friend bool operator==(PerformKey const&, PerformKey const&) = default;
-    };
+    template <typename Operation> static PerformKey of(Operation operation)
+    {
+        static_assert(sizeof operation <= sizeof bytes && std::is_trivially_copyable_v<Operation>);
+        PerformKey key { typeid(Operation), {}, nullptr };
+        std::memcpy(key.bytes.data(), &operation, sizeof operation);
+        return key;
+    }
+    friend bool operator==(PerformKey const&, PerformKey const&) = default;
+};
 
-    void performAfterDelay(
-        NSObject& target, PerformKey const&, std::function<void()> call, NSTimeInterval delay, RunLoopModes const&);
-    void cancelPerforms(NSObject const& target, std::optional<PerformKey> const&);
+void performAfterDelay(NSObject& target, PerformKey const&, std::function<void()> call, NSTimeInterval delay, RunLoopModes const&);
+void cancelPerforms(NSObject const& target, std::optional<PerformKey> const&);
 
 }
 

@@ -4,7 +4,7 @@ namespace plix {
 
 namespace {
 
-    EventSource* s_installed = nullptr;
+EventSource* s_installed = nullptr;
 
 }
 

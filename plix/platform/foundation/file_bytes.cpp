@@ -12,62 +12,62 @@ namespace plix {
 
 namespace {
 
-    class FileDescriptor {
-    public:
-        explicit FileDescriptor(int descriptor)
-            : m_descriptor(descriptor)
-        {
-        }
-        ~FileDescriptor() { close(); }
-        FileDescriptor(FileDescriptor const&) = delete;
-        FileDescriptor& operator=(FileDescriptor const&) = delete;
-
-        int get() const { return m_descriptor; }
-        explicit operator bool() const { return m_descriptor >= 0; }
-        bool close()
-        {
-            auto const descriptor = std::exchange(m_descriptor, -1);
-            auto const before = errno;
-            if (descriptor < 0 || ::close(descriptor) == 0) {
-                errno = before;
-                return true;
-            }
-            return false;
-        }
-
-    private:
-        int m_descriptor;
-    };
-
-    constexpr std::size_t chunkSize = 256 * 1024;
-
-    bool writeAll(int descriptor, std::span<std::uint8_t const> bytes)
+class FileDescriptor {
+public:
+    explicit FileDescriptor(int descriptor)
+        : m_descriptor(descriptor)
     {
-        while (!bytes.empty()) {
-            auto const written = ::write(descriptor, bytes.data(), bytes.size());
-            if (written < 0 && errno != EINTR)
-                return false;
-            bytes = bytes.subspan(written > 0 ? static_cast<std::size_t>(written) : 0);
-        }
-        return true;
     }
+    ~FileDescriptor() { close(); }
+    FileDescriptor(FileDescriptor const&) = delete;
+    FileDescriptor& operator=(FileDescriptor const&) = delete;
 
-    ssize_t readSome(int descriptor, std::uint8_t* buffer, std::size_t size)
+    int get() const { return m_descriptor; }
+    explicit operator bool() const { return m_descriptor >= 0; }
+    bool close()
     {
-        for (;;) {
-            auto const count = ::read(descriptor, buffer, size);
-            if (count >= 0 || errno != EINTR)
-                return count;
+        auto const descriptor = std::exchange(m_descriptor, -1);
+        auto const before = errno;
+        if (descriptor < 0 || ::close(descriptor) == 0) {
+            errno = before;
+            return true;
         }
-    }
-
-    bool giveUp(std::string const& path)
-    {
-        auto const reason = errno;
-        ::unlink(path.c_str());
-        errno = reason;
         return false;
     }
+
+private:
+    int m_descriptor;
+};
+
+constexpr std::size_t chunkSize = 256 * 1024;
+
+bool writeAll(int descriptor, std::span<std::uint8_t const> bytes)
+{
+    while (!bytes.empty()) {
+        auto const written = ::write(descriptor, bytes.data(), bytes.size());
+        if (written < 0 && errno != EINTR)
+            return false;
+        bytes = bytes.subspan(written > 0 ? static_cast<std::size_t>(written) : 0);
+    }
+    return true;
+}
+
+ssize_t readSome(int descriptor, std::uint8_t* buffer, std::size_t size)
+{
+    for (;;) {
+        auto const count = ::read(descriptor, buffer, size);
+        if (count >= 0 || errno != EINTR)
+            return count;
+    }
+}
+
+bool giveUp(std::string const& path)
+{
+    auto const reason = errno;
+    ::unlink(path.c_str());
+    errno = reason;
+    return false;
+}
 
 }
 

@@ -6,39 +6,39 @@ namespace plix {
 
 namespace {
 
-    std::string_view withoutTrailingSlashes(std::string_view path)
-    {
-        while (path.size() > 1 && path.back() == '/')
-            path.remove_suffix(1);
-        return path;
-    }
+std::string_view withoutTrailingSlashes(std::string_view path)
+{
+    while (path.size() > 1 && path.back() == '/')
+        path.remove_suffix(1);
+    return path;
+}
 
-    /// Where the last name begins, in a path without slashes at its end.
-    std::size_t lastNameStart(std::string_view path)
-    {
-        auto const slash = path.rfind('/');
-        return slash == std::string_view::npos || path == "/" ? 0 : slash + 1;
-    }
+/// Where the last name begins, in a path without slashes at its end.
+std::size_t lastNameStart(std::string_view path)
+{
+    auto const slash = path.rfind('/');
+    return slash == std::string_view::npos || path == "/" ? 0 : slash + 1;
+}
 
-    std::string withSingleSlashes(std::string_view path)
-    {
-        std::string result;
-        result.reserve(path.size());
-        for (char const c : path) {
-            if (c != '/' || result.empty() || result.back() != '/')
-                result += c;
-        }
-        return std::string(withoutTrailingSlashes(result));
+std::string withSingleSlashes(std::string_view path)
+{
+    std::string result;
+    result.reserve(path.size());
+    for (char const c : path) {
+        if (c != '/' || result.empty() || result.back() != '/')
+            result += c;
     }
+    return std::string(withoutTrailingSlashes(result));
+}
 
-    /// Where the dot of the extension stands, in a path without slashes at its end; npos without one.
-    std::size_t extensionDot(std::string_view path)
-    {
-        auto const start = lastNameStart(path);
-        auto const dot = path.rfind('.');
-        bool const isInName = dot != std::string_view::npos && dot > start && path.substr(start) != "..";
-        return isInName ? dot : std::string_view::npos;
-    }
+/// Where the dot of the extension stands, in a path without slashes at its end; npos without one.
+std::size_t extensionDot(std::string_view path)
+{
+    auto const start = lastNameStart(path);
+    auto const dot = path.rfind('.');
+    bool const isInName = dot != std::string_view::npos && dot > start && path.substr(start) != "..";
+    return isInName ? dot : std::string_view::npos;
+}
 
 }
 

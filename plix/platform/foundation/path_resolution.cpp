@@ -11,16 +11,16 @@ namespace plix {
 
 namespace {
 
-    std::optional<std::string> realPath(std::string const& path)
-    {
-        std::unique_ptr<char, void (*)(void*)> const resolved(::realpath(path.c_str(), nullptr), std::free);
-        return resolved ? std::optional<std::string>(resolved.get()) : std::nullopt;
-    }
+std::optional<std::string> realPath(std::string const& path)
+{
+    std::unique_ptr<char, void (*)(void*)> const resolved(::realpath(path.c_str(), nullptr), std::free);
+    return resolved ? std::optional<std::string>(resolved.get()) : std::nullopt;
+}
 
-    std::string parentOnDisk(std::string const& path)
-    {
-        return stringByDeletingLastPathComponent(realPath(path).value_or(path));
-    }
+std::string parentOnDisk(std::string const& path)
+{
+    return stringByDeletingLastPathComponent(realPath(path).value_or(path));
+}
 
 }
 

@@ -6,8 +6,8 @@ namespace plix {
 
 namespace {
 
-    constexpr auto firesLater = [](TimerHeap::Entry const& a, TimerHeap::Entry const& b) { return b.isBefore(a); };
-    constexpr std::size_t fewEntries = 32;
+constexpr auto firesLater = [](TimerHeap::Entry const& a, TimerHeap::Entry const& b) { return b.isBefore(a); };
+constexpr std::size_t fewEntries = 32;
 
 }
 

@@ -11,32 +11,32 @@ namespace plix {
 
 namespace {
 
-    std::string text(float value)
-    {
-        char buffer[64];
-        auto const result = std::to_chars(buffer, buffer + sizeof buffer, value);
-        return { buffer, result.ptr };
-    }
+std::string text(float value)
+{
+    char buffer[64];
+    auto const result = std::to_chars(buffer, buffer + sizeof buffer, value);
+    return { buffer, result.ptr };
+}
 
-    std::string pairText(float first, float second)
-    {
-        return "{" + text(first) + ", " + text(second) + "}";
-    }
+std::string pairText(float first, float second)
+{
+    return "{" + text(first) + ", " + text(second) + "}";
+}
 
-    template <std::size_t count> std::array<float, count> numbersIn(std::string_view text)
-    {
-        std::array<float, count> numbers {};
-        std::size_t found = 0;
-        for (std::size_t at = 0; found < count;) {
-            at = text.find_first_of("+-.0123456789", at);
-            if (at == std::string_view::npos)
-                break;
-            auto const end = std::min(text.find_first_not_of("+-.0123456789eE", at), text.size());
-            numbers[found++] = static_cast<float>(doubleValue(text.substr(at, end - at)));
-            at = end;
-        }
-        return numbers;
+template <std::size_t count> std::array<float, count> numbersIn(std::string_view text)
+{
+    std::array<float, count> numbers {};
+    std::size_t found = 0;
+    for (std::size_t at = 0; found < count;) {
+        at = text.find_first_of("+-.0123456789", at);
+        if (at == std::string_view::npos)
+            break;
+        auto const end = std::min(text.find_first_not_of("+-.0123456789eE", at), text.size());
+        numbers[found++] = static_cast<float>(doubleValue(text.substr(at, end - at)));
+        at = end;
     }
+    return numbers;
+}
 
 }
 

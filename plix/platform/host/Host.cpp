@@ -14,23 +14,23 @@ namespace plix {
 
 namespace {
 
-    std::unique_ptr<Host>& installedHost()
-    {
-        static auto& s_host = *new std::unique_ptr<Host>;
-        return s_host;
-    }
+std::unique_ptr<Host>& installedHost()
+{
+    static auto& s_host = *new std::unique_ptr<Host>;
+    return s_host;
+}
 
-    std::unique_ptr<Host> chooseHost()
-    {
+std::unique_ptr<Host> chooseHost()
+{
 #ifdef PLIX_HAS_DESKTOP_HOST
-        char const* const wanted = std::getenv("PLIX_HOST");
-        if (!wanted || std::string_view(wanted) != "headless") {
-            if (auto desktop = makeDesktopHost())
-                return desktop;
-        }
-#endif
-        return std::make_unique<HeadlessHost>();
+    char const* const wanted = std::getenv("PLIX_HOST");
+    if (!wanted || std::string_view(wanted) != "headless") {
+        if (auto desktop = makeDesktopHost())
+            return desktop;
     }
+#endif
+    return std::make_unique<HeadlessHost>();
+}
 
 }
 

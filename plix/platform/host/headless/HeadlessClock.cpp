@@ -7,19 +7,19 @@ namespace plix {
 
 namespace {
 
-    constexpr NSTimeInterval stoppedUptime = 1000;
-    constexpr NSTimeInterval stoppedNow = 171201600; // 5 June 2006, 12:00 UTC
+constexpr NSTimeInterval stoppedUptime = 1000;
+constexpr NSTimeInterval stoppedNow = 171201600; // 5 June 2006, 12:00 UTC
 
-    NSTimeInterval machineUptime()
-    {
-        return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count();
-    }
+NSTimeInterval machineUptime()
+{
+    return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count();
+}
 
-    NSDate machineNow()
-    {
-        auto const sinceEpoch = std::chrono::system_clock::now().time_since_epoch();
-        return NSDate::dateWithTimeIntervalSince1970(std::chrono::duration<double>(sinceEpoch).count());
-    }
+NSDate machineNow()
+{
+    auto const sinceEpoch = std::chrono::system_clock::now().time_since_epoch();
+    return NSDate::dateWithTimeIntervalSince1970(std::chrono::duration<double>(sinceEpoch).count());
+}
 
 }
 

@@ -9,13 +9,13 @@ namespace plix {
 
 namespace {
 
-    constexpr float titleBarHeight = 22;
+constexpr float titleBarHeight = 22;
 
-    float commonArea(Rect a, Rect b)
-    {
-        auto const common = NSIntersectionRect(a, b);
-        return common.width * common.height;
-    }
+float commonArea(Rect a, Rect b)
+{
+    auto const common = NSIntersectionRect(a, b);
+    return common.width * common.height;
+}
 
 }
 

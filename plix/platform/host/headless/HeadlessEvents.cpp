@@ -12,15 +12,15 @@ namespace plix {
 
 namespace {
 
-    /// Another thread may still have something to say; longer than this is a hang.
-    constexpr NSTimeInterval deadlockPatience = 10;
+/// Another thread may still have something to say; longer than this is a hang.
+constexpr NSTimeInterval deadlockPatience = 10;
 
-    timespec timespecFromSeconds(NSTimeInterval seconds)
-    {
-        seconds = std::clamp(seconds, 0.0, 1e9);
-        auto const whole = std::floor(seconds);
-        return { static_cast<time_t>(whole), std::min(static_cast<long>(std::ceil((seconds - whole) * 1e9)), 999999999L) };
-    }
+timespec timespecFromSeconds(NSTimeInterval seconds)
+{
+    seconds = std::clamp(seconds, 0.0, 1e9);
+    auto const whole = std::floor(seconds);
+    return { static_cast<time_t>(whole), std::min(static_cast<long>(std::ceil((seconds - whole) * 1e9)), 999999999L) };
+}
 
 }
 

@@ -13,14 +13,14 @@ namespace plix {
 
 namespace {
 
-    constexpr char32_t firstFunctionKey = 0xF700;
-    constexpr char32_t lastFunctionKey = 0xF8FF;
-    constexpr std::uint16_t keyCodeOfText = 1;
+constexpr char32_t firstFunctionKey = 0xF700;
+constexpr char32_t lastFunctionKey = 0xF8FF;
+constexpr std::uint16_t keyCodeOfText = 1;
 
-    Point between(Point from, Point to, float fraction)
-    {
-        return { from.x + (to.x - from.x) * fraction, from.y + (to.y - from.y) * fraction };
-    }
+Point between(Point from, Point to, float fraction)
+{
+    return { from.x + (to.x - from.x) * fraction, from.y + (to.y - from.y) * fraction };
+}
 
 }
 

@@ -9,12 +9,12 @@ namespace plix {
 
 namespace {
 
-    constexpr int largestSide = 16384;
+constexpr int largestSide = 16384;
 
-    int pixelsFor(float points, float scale)
-    {
-        return std::clamp(static_cast<int>(std::lround(points * scale)), 1, largestSide);
-    }
+int pixelsFor(float points, float scale)
+{
+    return std::clamp(static_cast<int>(std::lround(points * scale)), 1, largestSide);
+}
 
 }
 
