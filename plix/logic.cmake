@@ -5,6 +5,14 @@ list(APPEND PLIX_LOGIC_SOURCES
     controls/chiseled_popup_plan.cpp
     controls/image_view_plan.cpp
     controls/segment_separators.cpp
+    format/color_text.cpp
+    format/csv_line.cpp
+    format/date_format.cpp
+    format/date_range.cpp
+    format/duration_text.cpp
+    format/file_size_text.cpp
+    format/number_text.cpp
+    format/time_interval_text.cpp
     platform/appkit/cell_layout.cpp
     platform/appkit/scroll_layout.cpp
     platform/appkit/scroller_geometry.cpp

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace plix {
+
+/// "12 bytes", "1.5KB", "5.0MB", "2048.0GB". Units change at powers of 1024; the rounding may still show 1024.0 of the smaller.
+std::string StringForFileSize(std::uint64_t bytes);
+
+/// "1 day, 1 hour, 1 minute" in words of the main bundle, looked up under the English words. Parts that are zero are left out, and
+/// seconds beside days; what is below a second or negative gives "--:--:--:--".
+std::string PLIXLongStringForTimeInterval(double seconds);
+
+/// "01:02:05": hours without limit, minutes, whole seconds. Negative parts are not looked after: -5 gives "00:00:0-5". What is
+/// outside 32 bits, or no number, counts as -2147483648 seconds.
+std::string TimeIntervalDescription(double seconds);
+
+}
