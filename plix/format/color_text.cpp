@@ -10,12 +10,12 @@ namespace plix {
 
 namespace {
 
-    // Clamped before it becomes a float, which it might not fit.
-    float component(std::string_view text)
-    {
-        double const value = doubleValue(text);
-        return value > 0 ? static_cast<float>(std::min(value, 1.0)) : 0;
-    }
+// Clamped before it becomes a float, which it might not fit.
+float component(std::string_view text)
+{
+    double const value = doubleValue(text);
+    return value > 0 ? static_cast<float>(std::min(value, 1.0)) : 0;
+}
 
 }
 

@@ -7,12 +7,12 @@ namespace plix {
 
 namespace {
 
-    constexpr std::uint32_t firstVersionWithFieldWidths = 0x1030;
+constexpr std::uint32_t firstVersionWithFieldWidths = 0x1030;
 
-    std::size_t positionOfAny(std::string_view format, std::string_view letters)
-    {
-        return std::min(format.find_first_of(letters), format.size());
-    }
+std::size_t positionOfAny(std::string_view format, std::string_view letters)
+{
+    return std::min(format.find_first_of(letters), format.size());
+}
 
 }
 

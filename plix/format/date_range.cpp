@@ -7,54 +7,54 @@ namespace plix {
 
 namespace {
 
-    using namespace std::chrono;
+using namespace std::chrono;
 
-    sys_days dayOf(CalendarTime const& time)
-    {
-        return year { time.year } / time.month / time.day;
-    }
+sys_days dayOf(CalendarTime const& time)
+{
+    return year { time.year } / time.month / time.day;
+}
 
-    CalendarTime midnightOf(CalendarTime const& time)
-    {
-        return { .year = time.year, .month = time.month, .day = time.day };
-    }
+CalendarTime midnightOf(CalendarTime const& time)
+{
+    return { .year = time.year, .month = time.month, .day = time.day };
+}
 
-    CalendarTime endOf(CalendarTime const& time)
-    {
-        return { .year = time.year, .month = time.month, .day = time.day, .hour = 23, .minute = 59, .second = 59 };
-    }
+CalendarTime endOf(CalendarTime const& time)
+{
+    return { .year = time.year, .month = time.month, .day = time.day, .hour = 23, .minute = 59, .second = 59 };
+}
 
-    CalendarTime startOfMonth(CalendarTime const& time)
-    {
-        return { .year = time.year, .month = time.month };
-    }
+CalendarTime startOfMonth(CalendarTime const& time)
+{
+    return { .year = time.year, .month = time.month };
+}
 
-    CalendarTime startOfQuarter(CalendarTime const& time)
-    {
-        return { .year = time.year, .month = (time.month - 1) / 3 * 3 + 1 };
-    }
+CalendarTime startOfQuarter(CalendarTime const& time)
+{
+    return { .year = time.year, .month = (time.month - 1) / 3 * 3 + 1 };
+}
 
-    CalendarTime startOfYear(CalendarTime const& time)
-    {
-        return { .year = time.year };
-    }
+CalendarTime startOfYear(CalendarTime const& time)
+{
+    return { .year = time.year };
+}
 
-    // These two are computed from now, so that its fraction of a second stays in; that is meant.
-    CalendarTime startOfWeek(CalendarTime const& now)
-    {
-        return sum(now, { .days = -dayOfWeek(now), .hours = -now.hour, .minutes = -now.minute, .seconds = -now.second });
-    }
+// These two are computed from now, so that its fraction of a second stays in; that is meant.
+CalendarTime startOfWeek(CalendarTime const& now)
+{
+    return sum(now, { .days = -dayOfWeek(now), .hours = -now.hour, .minutes = -now.minute, .seconds = -now.second });
+}
 
-    CalendarTime lastSecondOfToday(CalendarTime const& now)
-    {
-        return sum(now, { .days = 1, .hours = -now.hour, .minutes = -now.minute, .seconds = -(now.second + 1) });
-    }
+CalendarTime lastSecondOfToday(CalendarTime const& now)
+{
+    return sum(now, { .days = 1, .hours = -now.hour, .minutes = -now.minute, .seconds = -(now.second + 1) });
+}
 
-    CalendarRange rangeFrom(CalendarTime const& start, CalendarSpan length)
-    {
-        length.seconds -= 1;
-        return { start, sum(start, length) };
-    }
+CalendarRange rangeFrom(CalendarTime const& start, CalendarSpan length)
+{
+    length.seconds -= 1;
+    return { start, sum(start, length) };
+}
 
 }
 

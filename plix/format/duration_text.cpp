@@ -9,11 +9,11 @@ namespace plix {
 
 namespace {
 
-    // fmod(interval, 60) without its fraction. In 32 bits that is the remainder of whole seconds, which is much faster.
-    std::int32_t secondsOfMinute(double interval, std::int32_t total)
-    {
-        return total != std::numeric_limits<std::int32_t>::min() ? total % 60 : truncatedTo32Bits(std::fmod(interval, 60.0));
-    }
+// fmod(interval, 60) without its fraction. In 32 bits that is the remainder of whole seconds, which is much faster.
+std::int32_t secondsOfMinute(double interval, std::int32_t total)
+{
+    return total != std::numeric_limits<std::int32_t>::min() ? total % 60 : truncatedTo32Bits(std::fmod(interval, 60.0));
+}
 
 }
 

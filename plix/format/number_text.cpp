@@ -9,13 +9,13 @@ namespace plix {
 
 namespace {
 
-    template <typename Integer> Integer truncated(double value)
-    {
-        // The least value is a power of two and exact; the greatest is not, its successor is.
-        constexpr auto least = static_cast<double>(std::numeric_limits<Integer>::min());
-        bool const fits = std::trunc(value) >= least && value < -least;
-        return fits ? static_cast<Integer>(value) : std::numeric_limits<Integer>::min();
-    }
+template <typename Integer> Integer truncated(double value)
+{
+    // The least value is a power of two and exact; the greatest is not, its successor is.
+    constexpr auto least = static_cast<double>(std::numeric_limits<Integer>::min());
+    bool const fits = std::trunc(value) >= least && value < -least;
+    return fits ? static_cast<Integer>(value) : std::numeric_limits<Integer>::min();
+}
 
 }
 

@@ -10,30 +10,30 @@ namespace plix {
 
 namespace {
 
-    int componentOf(long code)
-    {
-        return code >= TQTimeIntervalSeconds && code <= TQTimeIntervalWeeks ? static_cast<int>(code) : -1;
-    }
+int componentOf(long code)
+{
+    return code >= TQTimeIntervalSeconds && code <= TQTimeIntervalWeeks ? static_cast<int>(code) : -1;
+}
 
-    // What is no number becomes the minimum.
-    double clamped(double seconds, TimeIntervalFormat const& format)
-    {
-        double const atLeast = format.minimumTimeInterval < seconds ? seconds : format.minimumTimeInterval;
-        return format.maximumTimeInterval < atLeast ? format.maximumTimeInterval : atLeast;
-    }
+// What is no number becomes the minimum.
+double clamped(double seconds, TimeIntervalFormat const& format)
+{
+    double const atLeast = format.minimumTimeInterval < seconds ? seconds : format.minimumTimeInterval;
+    return format.maximumTimeInterval < atLeast ? format.maximumTimeInterval : atLeast;
+}
 
-    void appendWholeUnits(std::string& text, double seconds, long code)
-    {
-        auto const units = truncatedTo64Bits(seconds / _TQTimeIntervalComponentScalar(componentOf(code)));
-        appendTwoDigits(text, units % static_cast<std::int64_t>(_TQTimeIntervalComponentBase(componentOf(code))));
-    }
+void appendWholeUnits(std::string& text, double seconds, long code)
+{
+    auto const units = truncatedTo64Bits(seconds / _TQTimeIntervalComponentScalar(componentOf(code)));
+    appendTwoDigits(text, units % static_cast<std::int64_t>(_TQTimeIntervalComponentBase(componentOf(code))));
+}
 
-    void appendMilliseconds(std::string& text, double seconds)
-    {
-        if (seconds < 10)
-            text += '0';
-        appendFixed(text, seconds, 3);
-    }
+void appendMilliseconds(std::string& text, double seconds)
+{
+    if (seconds < 10)
+        text += '0';
+    appendFixed(text, seconds, 3);
+}
 
 }
 
