@@ -16,6 +16,7 @@ list(APPEND PLIX_LOGIC_SOURCES
     platform/appkit/cell_layout.cpp
     platform/appkit/scroll_layout.cpp
     platform/appkit/scroller_geometry.cpp
+    platform/appkit/theme_palette.cpp
     platform/foundation/path_operations.cpp
     platform/graphics/geometry.cpp
     tables/column_plan.cpp

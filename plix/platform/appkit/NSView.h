@@ -31,6 +31,7 @@ class NSView : public NSResponder {
     PLIX_CLASS(NSView, NSResponder);
 
 public:
+    NSView();
     ~NSView() override;
     bool init();
     bool init(Rect frame);

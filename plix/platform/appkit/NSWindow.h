@@ -4,6 +4,7 @@
 #include <plix/platform/appkit/NSView.h>
 #include <plix/platform/appkit/NSWindowDelegate.h>
 #include <plix/platform/base/HookSource.h>
+#include <plix/platform/base/NSDate.h>
 #include <plix/platform/graphics/geometry.h>
 
 #include <memory>

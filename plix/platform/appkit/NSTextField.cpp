@@ -1,0 +1,172 @@
+#include <plix/platform/appkit/NSTextField.h>
+
+#include <plix/platform/appkit/NSEvent.h>
+#include <plix/platform/appkit/NSTextFieldCell.h>
+#include <plix/platform/graphics/NSColor.h>
+
+#include <cassert>
+
+namespace plix {
+
+PLIX_DESCRIBE(NSTextField)
+{
+}
+
+static Class const* s_cellClass { nullptr };
+
+Class const* NSTextField::cellClass()
+{
+    return s_cellClass ? s_cellClass : &NSTextFieldCell::staticClass();
+}
+
+void NSTextField::setCellClass(Class const& cellClass)
+{
+    assert(cellClass.isSubclassOfClass(NSTextFieldCell::staticClass()));
+    s_cellClass = &cellClass;
+}
+
+bool NSTextField::init()
+{
+    return NSTextField::init(Rect {});
+}
+
+bool NSTextField::init(Rect frame)
+{
+    if (!Base::init(frame))
+        return false;
+    setBezeled(true);
+    setDrawsBackground(true);
+    setEditable(true);
+    return true;
+}
+
+Ref<NSTextField> NSTextField::labelWithString(std::string_view text)
+{
+    auto label = make<NSTextField>(Rect {});
+    label->setEditable(false);
+    label->setSelectable(false);
+    label->setBezeled(false);
+    label->setDrawsBackground(false);
+    label->cell()->setLineBreakMode(NSLineBreakByTruncatingTail);
+    label->setStringValue(text);
+    label->sizeToFit();
+    return label;
+}
+
+NSTextFieldCell* NSTextField::fieldCell() const
+{
+    return dynamic_cast<NSTextFieldCell*>(cell());
+}
+
+NSColor* NSTextField::textColor() const
+{
+    auto const* cell = fieldCell();
+    return cell ? cell->textColor() : nullptr;
+}
+
+void NSTextField::setTextColor(Ref<NSColor> const& color)
+{
+    if (auto* cell = fieldCell())
+        cell->setTextColor(color);
+}
+
+NSColor* NSTextField::backgroundColor() const
+{
+    auto const* cell = fieldCell();
+    return cell ? cell->backgroundColor() : nullptr;
+}
+
+void NSTextField::setBackgroundColor(Ref<NSColor> const& color)
+{
+    if (auto* cell = fieldCell())
+        cell->setBackgroundColor(color);
+}
+
+bool NSTextField::drawsBackground() const
+{
+    auto const* cell = fieldCell();
+    return cell && cell->drawsBackground();
+}
+
+void NSTextField::setDrawsBackground(bool draws)
+{
+    if (auto* cell = fieldCell())
+        cell->setDrawsBackground(draws);
+}
+
+bool NSTextField::isBordered() const
+{
+    return cell() && cell()->isBordered();
+}
+
+void NSTextField::setBordered(bool isBordered)
+{
+    if (cell())
+        cell()->setBordered(isBordered);
+}
+
+bool NSTextField::isBezeled() const
+{
+    return cell() && cell()->isBezeled();
+}
+
+void NSTextField::setBezeled(bool isBezeled)
+{
+    if (cell())
+        cell()->setBezeled(isBezeled);
+}
+
+NSTextFieldBezelStyle NSTextField::bezelStyle() const
+{
+    auto const* cell = fieldCell();
+    return cell ? cell->bezelStyle() : NSTextFieldSquareBezel;
+}
+
+void NSTextField::setBezelStyle(NSTextFieldBezelStyle style)
+{
+    if (auto* cell = fieldCell())
+        cell->setBezelStyle(style);
+}
+
+bool NSTextField::isEditable() const
+{
+    return cell() && cell()->isEditable();
+}
+
+void NSTextField::setEditable(bool isEditable)
+{
+    if (cell())
+        cell()->setEditable(isEditable);
+}
+
+bool NSTextField::isSelectable() const
+{
+    return cell() && cell()->isSelectable();
+}
+
+void NSTextField::setSelectable(bool isSelectable)
+{
+    if (cell())
+        cell()->setSelectable(isSelectable);
+}
+
+bool NSTextField::acceptsFirstResponder() const
+{
+    return isSelectable() && Base::acceptsFirstResponder();
+}
+
+// A label has nothing to press: whoever is behind it does.
+void NSTextField::mouseDown(NSEvent& event)
+{
+    if (isSelectable())
+        Base::mouseDown(event);
+    else
+        NSView::mouseDown(event);
+}
+
+bool NSTextField::mouseDownCanMoveWindow() const
+{
+    return !isSelectable();
+}
+
+}

@@ -1,0 +1,81 @@
+#pragma once
+
+#include <plix/platform/appkit/border_type.h>
+#include <plix/platform/appkit/scroller_geometry.h>
+#include <plix/platform/appkit/theme_palette.h>
+#include <plix/platform/base/Ref.h>
+#include <plix/platform/graphics/control_size.h>
+#include <plix/platform/graphics/geometry.h>
+
+#include <array>
+
+namespace plix {
+
+class NSBezierPath;
+class NSColor;
+class NSImage;
+class NSView;
+
+/// In which state a control is drawn.
+struct ControlLook {
+    bool isEnabled { true };
+    bool isHovered { false };
+    bool isPressed { false };
+    bool isFocused { false };
+    /// The window takes the keyboard, or has a sheet that does.
+    bool isWindowActive { true };
+};
+
+enum class FieldShape { square, round };
+
+/// Draws the chrome of all controls, so that they look like one family: light and dark by the current appearance, crisp at every
+/// scale. Controls work out rectangles and states and hold no colours. Everything is drawn into the current context, in flipped
+/// coordinates: the top is at the smallest y.
+class Theme {
+public:
+    static Theme const& current();
+
+    /// Under the current appearance; the same object each time.
+    Ref<NSColor> const& color(ThemeRole) const;
+    /// The row selection's background.
+    Ref<NSColor> selectionColor(ControlLook const&) const;
+    Ref<NSColor> selectionTextColor(ControlLook const&) const;
+
+    /// How a view's window makes its controls look; a view without a window looks active.
+    static ControlLook lookOfView(NSView const&);
+
+    /// Over what is there, on whole pixels.
+    void fill(Rect, NSColor const&) const;
+    void fill(Rect, ThemeRole) const;
+    /// Draws an image upright in whatever context; faded where it stands for something disabled.
+    static void drawImage(NSImage const&, Rect, bool isEnabled);
+    static Ref<NSBezierPath> roundedRect(Rect, float radius);
+
+    // Borders and fields.
+    void drawBorder(NSBorderType, Rect) const;
+    /// The frame of a text field with its background; without one, what is behind shows through.
+    void drawFieldBezel(Rect, FieldShape, ControlLook const&, NSColor const* background = nullptr) const;
+    /// Just inside the rectangle.
+    void drawFocusRing(Rect, FieldShape) const;
+
+    // Scrollers.
+    static float scrollerWidth(NSControlSize);
+    static ScrollerMetrics scrollerMetrics(NSControlSize);
+    void drawScrollerSlot(ScrollerPlan const&, Rect bounds) const;
+    void drawScrollerKnob(ScrollerPlan const&, ControlLook const&) const;
+    void drawScrollerArrow(ScrollerPlan const&, NSScrollerPart arrow, ControlLook const&) const;
+    void drawScrollerCorner(Rect) const;
+
+    // Headers of lists.
+    static constexpr float headerHeight() { return 22; }
+    void drawHeaderBackground(Rect) const;
+    /// A line at the right edge of a column's header.
+    void drawHeaderDivider(Rect column) const;
+
+private:
+    Theme();
+
+    std::array<std::array<Ref<NSColor>, themeRoleCount>, 2> m_colors;
+};
+
+}

@@ -1,0 +1,83 @@
+#include <plix/platform/appkit/theme_palette.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace plix {
+
+namespace {
+
+struct RoleColors {
+    ThemeRole role;
+    ColorComponents light;
+    ColorComponents dark;
+};
+
+constexpr ColorComponents gray(float white)
+{
+    return { white, white, white, 1 };
+}
+
+constexpr std::array<RoleColors, themeRoleCount> palette { {
+    { ThemeRole::secondaryText, gray(0.38F), gray(0.66F) },
+    { ThemeRole::placeholderText, gray(0.52F), gray(0.52F) },
+    { ThemeRole::errorText, { 0.74F, 0.11F, 0.09F, 1 }, { 1.00F, 0.55F, 0.50F, 1 } },
+    { ThemeRole::line, gray(0.76F), gray(0.08F) },
+    { ThemeRole::fieldBorder, gray(0.74F), gray(0.32F) },
+    { ThemeRole::fieldBorderTop, gray(0.62F), gray(0.38F) },
+    { ThemeRole::fieldShade, { 0, 0, 0, 0.05F }, { 0, 0, 0, 0.22F } },
+    { ThemeRole::fieldDisabled, gray(0.95F), gray(0.20F) },
+    { ThemeRole::headerBackground, gray(0.965F), gray(0.21F) },
+    { ThemeRole::headerDivider, gray(0.83F), gray(0.31F) },
+    { ThemeRole::headerText, gray(0.27F), gray(0.78F) },
+    { ThemeRole::barBackground, gray(0.93F), gray(0.18F) },
+    { ThemeRole::scrollerSlot, gray(0.965F), gray(0.16F) },
+    { ThemeRole::scrollerEdge, gray(0.89F), gray(0.23F) },
+    { ThemeRole::scrollerKnob, gray(0.73F), gray(0.40F) },
+    { ThemeRole::scrollerKnobHovered, gray(0.60F), gray(0.52F) },
+    { ThemeRole::scrollerKnobPressed, gray(0.48F), gray(0.64F) },
+    { ThemeRole::scrollerKnobDisabled, gray(0.90F), gray(0.22F) },
+    { ThemeRole::iconFolder, { 0.49F, 0.68F, 0.91F, 1 }, { 0.40F, 0.60F, 0.84F, 1 } },
+    { ThemeRole::iconFolderEdge, { 0.25F, 0.45F, 0.72F, 1 }, { 0.24F, 0.40F, 0.62F, 1 } },
+    { ThemeRole::iconPaper, gray(0.99F), gray(0.82F) },
+    { ThemeRole::iconPaperEdge, gray(0.58F), gray(0.50F) },
+    { ThemeRole::iconBadge, { 0.82F, 0.24F, 0.20F, 1 }, { 0.94F, 0.38F, 0.33F, 1 } },
+} };
+
+constexpr bool isInOrder()
+{
+    for (std::size_t index = 0; index < palette.size(); ++index) {
+        if (palette[index].role != static_cast<ThemeRole>(index))
+            return false;
+    }
+    return true;
+}
+static_assert(isInOrder(), "roles are looked up by their number");
+
+float linear(float component)
+{
+    return component <= 0.03928F ? component / 12.92F : std::pow((component + 0.055F) / 1.055F, 2.4F);
+}
+
+float luminance(ColorComponents const& color)
+{
+    return 0.2126F * linear(color.red) + 0.7152F * linear(color.green) + 0.0722F * linear(color.blue);
+}
+
+}
+
+ColorComponents themeColor(ThemeRole role, Appearance appearance)
+{
+    auto const& colors = palette.at(static_cast<std::size_t>(role));
+    return appearance == Appearance::light ? colors.light : colors.dark;
+}
+
+float contrastRatio(ColorComponents const& a, ColorComponents const& b)
+{
+    float const first = luminance(a);
+    float const second = luminance(b);
+    return (std::max(first, second) + 0.05F) / (std::min(first, second) + 0.05F);
+}
+
+}
