@@ -18,7 +18,12 @@ list(APPEND PLIX_LOGIC_SOURCES
     platform/appkit/scroller_geometry.cpp
     platform/appkit/theme_palette.cpp
     platform/foundation/path_operations.cpp
+    platform/graphics/affine_transform.cpp
+    platform/graphics/color_components.cpp
     platform/graphics/geometry.cpp
+    platform/graphics/path_geometry.cpp
+    platform/graphics/pixel_operations.cpp
+    platform/graphics/shadow_blur.cpp
     tables/column_plan.cpp
     tables/row_highlight.cpp
 )

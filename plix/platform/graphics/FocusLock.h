@@ -3,6 +3,8 @@
 #include <plix/platform/base/Badge.h>
 #include <plix/platform/base/NSObject.h>
 
+#include <concepts>
+
 namespace plix {
 
 /// Drawing goes into an image (or another object with lockFocus and unlockFocus) for the scope that this lives in; then the context
@@ -10,6 +12,7 @@ namespace plix {
 class FocusLock {
 public:
     template <typename T>
+    requires std::derived_from<T, NSObject>
     explicit FocusLock(T& object)
         : m_object(object)
         , m_unlock([](NSObject& focused) { static_cast<T&>(focused).unlockFocus(Badge<FocusLock> {}); })

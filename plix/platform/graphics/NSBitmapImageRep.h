@@ -55,13 +55,20 @@ public:
     PixelBuffer mutablePixels();
     /// The same number means the same content; it changes when the pixels may have changed.
     std::uint64_t contentStamp() const;
+    /// Says that something else has written to the pixels.
+    void contentChanged();
     Size pixelsPerPoint() const { return m_pixelsPerPoint; }
+    /// Also makes the size fit.
+    void setPixelsPerPoint(Size);
+    /// While something else writes to the pixels, copies get pixels of their own.
+    void setExposed(bool isExposed) { m_isExposed = isExposed; }
 
     /// The bytes of a file; null for a type that can't be written.
     Ref<NSData> representationUsingType(NSBitmapImageFileType) const;
-    Ref<NSData> TIFFRepresentation() const;
 
     // NSImageRep:
+    /// The whole bitmap fills the new size.
+    void setSize(Size) override;
     using Base::draw;
     bool draw(ImageDrawing const&) const override;
 
@@ -73,6 +80,7 @@ private:
 
     std::shared_ptr<BitmapStorage> m_storage;
     Size m_pixelsPerPoint { 1, 1 };
+    bool m_isExposed { false };
 };
 
 }

@@ -4,6 +4,7 @@
 #include <plix/platform/graphics/Forward.h>
 #include <plix/platform/graphics/color_components.h>
 
+#include <array>
 #include <cstdint>
 #include <string_view>
 
@@ -86,8 +87,8 @@ public:
     /// The user's highlight colour.
     static Ref<NSColor> alternateSelectedControlColor();
     static Ref<NSColor> alternateSelectedControlTextColor();
-    /// White and a faint tint, for alternating rows. The row's number modulo 2 chooses.
-    static Ref<NSColor> controlAlternatingRowBackgroundColor(long row);
+    /// For alternating rows: the even rows' colour, then the odd rows'.
+    static std::array<Ref<NSColor>, 2> controlAlternatingRowBackgroundColors();
 
     /// What alternateSelectedControlColor and the selection colours derived from it look like; null goes back to the default.
     static void setUserHighlightColor(Ref<NSColor> const&);
@@ -141,7 +142,6 @@ private:
     enum class Space : std::uint8_t { calibratedWhite, deviceWhite, calibratedRGB, deviceRGB, named, pattern };
 
     static Ref<NSColor> colorIn(Space, ColorComponents);
-    static Ref<NSColor> constant(Space, ColorComponents);
     static Ref<NSColor> systemColor(int index);
     bool isWhite() const { return m_space == Space::calibratedWhite || m_space == Space::deviceWhite; }
     void copyStateTo(NSObject& fresh) const override;

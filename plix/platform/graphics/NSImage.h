@@ -90,9 +90,6 @@ public:
     void dissolveToPoint(Point point, float fraction) const;
     void dissolveToPoint(Point point, Rect from, float fraction) const;
 
-    /// All bitmap representations as one TIFF file's bytes, the image drawn into one where it has none; null of an image without
-    /// size.
-    Ref<NSData> TIFFRepresentation() const;
     /// The image as pixels at that many device pixels a point; its own representation where that fits, else one drawn for it. Null
     /// of an image without size.
     Ref<NSBitmapImageRep> bitmapAtScale(float pixelsPerPoint) const;
@@ -106,8 +103,7 @@ private:
     struct Focus;
 
     NSBitmapImageRep* makeFocusable(float scale);
-    void drawRepresentation(NSImageRep const&, Rect rect, Rect from, NSCompositingOperation, float fraction) const;
-    void contentChanged();
+    NSImageRep* representationToDraw(float pixelsPerPoint) const;
     void copyStateTo(NSObject& fresh) const override;
 
     Size m_size;
@@ -117,10 +113,12 @@ private:
     std::string m_name;
     Ref<NSColor> m_backgroundColor;
     std::vector<Ref<NSImageRep>> m_representations;
-    /// The one among the representations that drawing went into, or null; its rows lie as they were drawn.
+    /// What drawing went into, once there was any: it stands for the whole image, its rows as they were drawn.
     Ref<NSBitmapImageRep> m_cache;
     std::vector<std::unique_ptr<Focus>> m_focus;
-    std::uint64_t m_stamp { 0 };
+    /// The image drawn at a scale that no representation has, while the content stays.
+    mutable Ref<NSBitmapImageRep> m_rendition;
+    mutable std::uint64_t m_renditionStamp { 0 };
 };
 
 }

@@ -30,7 +30,7 @@ public:
     static std::vector<Ref<NSImageRep>> imageRepsWithData(NSData const&);
 
     Size size() const { return m_size; }
-    void setSize(Size size) { m_size = size; }
+    virtual void setSize(Size size) { m_size = size; }
     int pixelsWide() const { return m_pixelsWide; }
     int pixelsHigh() const { return m_pixelsHigh; }
     void setPixelsWide(int pixels) { m_pixelsWide = pixels; }

@@ -4,6 +4,15 @@
 
 namespace plix {
 
+/// A rectangle of device pixels, y downwards from the top left.
+struct PixelRect {
+    int x { 0 };
+    int y { 0 };
+    int width { 0 };
+    int height { 0 };
+    friend constexpr bool operator==(PixelRect, PixelRect) = default;
+};
+
 /// Pixels in memory that belong to somebody else: 32 bits each in the machine's byte order, alpha in the highest byte, then red,
 /// green, blue. Premultiplied where there is alpha; without it the highest byte has no meaning. Rows from the top.
 struct PixelBuffer {

@@ -10,15 +10,6 @@
 
 namespace plix {
 
-/// A rectangle of device pixels, y downwards from the window's top left.
-struct PixelRect {
-    int x { 0 };
-    int y { 0 };
-    int width { 0 };
-    int height { 0 };
-    friend constexpr bool operator==(PixelRect, PixelRect) = default;
-};
-
 enum class HostWindowKind {
     document, ///< has a frame of the window system's
     panel, ///< likewise, a small companion that is not listed among the application's windows

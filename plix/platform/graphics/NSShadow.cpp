@@ -1,0 +1,55 @@
+#include <plix/platform/graphics/NSShadow.h>
+
+#include <plix/platform/graphics/NSColor.h>
+#include <plix/platform/graphics/NSGraphicsContext.h>
+
+#include <functional>
+
+namespace plix {
+
+PLIX_DESCRIBE(NSShadow)
+{
+}
+
+NSShadow::NSShadow()
+{
+    static NSColor* const s_default = NSColor::colorWithCalibratedWhite(0, 1 / 3.0F).leak();
+    m_color = s_default;
+}
+
+NSShadow::~NSShadow() = default;
+
+void NSShadow::setShadowColor(Ref<NSColor> const& color)
+{
+    m_color = color;
+}
+
+void NSShadow::set() const
+{
+    if (auto const context = NSGraphicsContext::currentContext())
+        context->setShadow(this);
+}
+
+bool NSShadow::isEqual(NSObject const* other) const
+{
+    auto const* shadow = dynamic_cast<NSShadow const*>(other);
+    return shadow && m_offset == shadow->m_offset && m_blurRadius == shadow->m_blurRadius
+        && (m_color == shadow->m_color || plix::isEqual(m_color.get(), shadow->m_color.get()));
+}
+
+std::size_t NSShadow::hash() const
+{
+    auto const part = std::hash<float> {};
+    return part(m_offset.width) ^ part(m_offset.height) << 1U ^ part(m_blurRadius) << 2U ^ (m_color ? m_color->hash() : 0);
+}
+
+void NSShadow::copyStateTo(NSObject& fresh) const
+{
+    Base::copyStateTo(fresh);
+    auto& shadow = static_cast<NSShadow&>(fresh);
+    shadow.m_offset = m_offset;
+    shadow.m_blurRadius = m_blurRadius;
+    shadow.m_color = m_color;
+}
+
+}

@@ -1,0 +1,82 @@
+#include <plix/platform/graphics/NSImage.h>
+
+#include <filesystem>
+#include <map>
+
+namespace plix {
+
+namespace {
+
+    /// Never taken down: named images live as long as the process.
+    std::map<std::string, Ref<NSImage>, std::less<>>& registry()
+    {
+        static auto* const s_registry = new std::map<std::string, Ref<NSImage>, std::less<>>;
+        return *s_registry;
+    }
+
+    std::vector<std::string>& resourceFolders()
+    {
+        static auto* const s_folders = new std::vector<std::string>;
+        return *s_folders;
+    }
+
+    Ref<NSImage> imageInFolder(std::string const& folder, std::string_view name)
+    {
+        auto const path = std::filesystem::path(folder) / name;
+        std::error_code error;
+        if (std::filesystem::is_regular_file(path, error)) {
+            if (auto image = make<NSImage>(std::string_view(path.native())))
+                return image;
+        }
+        for (auto const& type : NSImage::imageUnfilteredFileTypes()) {
+            if (auto image = make<NSImage>(std::string_view(path.native() + "." + type)))
+                return image;
+        }
+        return nullptr;
+    }
+
+}
+
+Ref<NSImage> NSImage::imageNamed(std::string_view name)
+{
+    if (name.empty())
+        return nullptr;
+    if (auto const known = registry().find(name); known != registry().end())
+        return known->second;
+    auto const& folders = resourceFolders();
+    for (auto folder = folders.rbegin(); folder != folders.rend(); ++folder) {
+        if (auto image = imageInFolder(*folder, name)) {
+            image->setName(name);
+            return image;
+        }
+    }
+    return nullptr;
+}
+
+void NSImage::addResourceFolder(std::string_view path)
+{
+    resourceFolders().emplace_back(path);
+}
+
+bool NSImage::setName(std::string_view name)
+{
+    if (name == m_name)
+        return true;
+    if (registry().contains(name))
+        return false;
+    Ref<NSImage> const protector(this);
+    if (!m_name.empty())
+        registry().erase(m_name);
+    m_name = name;
+    if (!m_name.empty())
+        registry().emplace(m_name, this);
+    return true;
+}
+
+std::vector<std::string> const& NSImage::imageUnfilteredFileTypes()
+{
+    static auto const& s_types = *new std::vector<std::string> { "png" };
+    return s_types;
+}
+
+}
