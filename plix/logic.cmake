@@ -17,6 +17,8 @@ list(APPEND PLIX_LOGIC_SOURCES
     platform/appkit/scroll_layout.cpp
     platform/appkit/scroller_geometry.cpp
     platform/appkit/theme_palette.cpp
+    platform/foundation/NSCharacterSet.cpp
+    platform/foundation/NSScanner.cpp
     platform/foundation/path_operations.cpp
     platform/graphics/affine_transform.cpp
     platform/graphics/color_components.cpp
