@@ -102,17 +102,22 @@ TEST(StringComparison, IsAnOrder)
         for (auto const* b : { "", "z", "Z", "9", "\u0301", "00", "\u0323", "é" })
             names.push_back(std::string(a) + b);
     }
+    auto const count = names.size();
     for (unsigned const options : { 0U, 1U, 2U, 64U, 65U, 67U }) {
-        for (auto const& a : names) {
-            for (auto const& b : names) {
-                ASSERT_EQ(compare(a, b, options), -compare(b, a, options)) << a << " " << b;
-                for (auto const& c : names) {
-                    if (compare(a, b, options) <= 0 && compare(b, c, options) <= 0) {
-                        ASSERT_LE(compare(a, c, options), 0) << a << " " << b << " " << c << " " << options;
-                    }
-                }
+        std::vector<std::vector<int>> order(count, std::vector<int>(count));
+        for (std::size_t i = 0; i < count; ++i) {
+            for (std::size_t j = 0; j < count; ++j)
+                order[i][j] = compare(names[i], names[j], options);
+        }
+        int wrong = 0;
+        for (std::size_t i = 0; i < count; ++i) {
+            for (std::size_t j = 0; j < count; ++j) {
+                wrong += order[i][j] != -order[j][i];
+                for (std::size_t k = 0; k < count; ++k)
+                    wrong += order[i][j] <= 0 && order[j][k] <= 0 && order[i][k] > 0;
             }
         }
+        EXPECT_EQ(wrong, 0) << options;
     }
 }
 
