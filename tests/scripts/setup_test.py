@@ -68,10 +68,17 @@ class Setup(planted.PlantedTree):
         self.assertNotEqual(done.returncode, 0)
         self.assertIn("nonsense", done.stderr)
 
-    def test_no_package_is_listed_twice(self):
+    def packages(self):
         with open(os.path.join(planted.PROJECT, "scripts", "packages.txt"), encoding="utf-8") as file:
-            packages = [line.strip() for line in file if line.strip() and not line.startswith("#")]
-        self.assertEqual(sorted(set(packages)), sorted(packages))
+            return [line.strip() for line in file if line.strip() and not line.startswith("#")]
+
+    def test_no_package_is_listed_twice(self):
+        self.assertEqual(sorted(set(self.packages())), sorted(self.packages()))
+
+    def test_the_readme_gives_each_package_a_reason(self):
+        with open(os.path.join(planted.PROJECT, "README.md"), encoding="utf-8") as file:
+            table = "".join(line for line in file if line.startswith("| `"))
+        self.assertEqual([package for package in self.packages() if f"`{package}`" not in table], [])
 
 
 if __name__ == "__main__":
