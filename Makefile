@@ -40,7 +40,7 @@ setup-check:
 setup-bench:
 	$(SETUP) build library fonts benchmarks
 setup-fuzz:
-	$(SETUP) build library fonts tests fuzz
+	$(SETUP) build library fonts fuzz
 
 # Ninja configures anew by itself when a list of sources changes; presets it does not know.
 build/%/build.ninja: CMakePresets.json
