@@ -5,6 +5,7 @@ list(APPEND PLIX_LOGIC_SOURCES
     controls/chiseled_popup_plan.cpp
     controls/image_view_plan.cpp
     controls/segment_separators.cpp
+    controls/tab_window_fit.cpp
     format/color_text.cpp
     format/csv_line.cpp
     format/date_format.cpp
@@ -28,5 +29,7 @@ list(APPEND PLIX_LOGIC_SOURCES
     platform/graphics/shadow_blur.cpp
     tables/column_plan.cpp
     tables/row_highlight.cpp
+    windows/background_plan.cpp
+    windows/date_plans.cpp
 )
 list(TRANSFORM PLIX_LOGIC_SOURCES PREPEND ${CMAKE_CURRENT_LIST_DIR}/ REGEX "^[^/]")

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <plix/platform/graphics/geometry.h>
+
+#include <vector>
+
+namespace plix {
+
+/// What a window's background pattern is drawn from: parts of a tall background image, each stretched into a part of the pattern,
+/// in order. y upwards in both.
+enum PLIXBackgroundMode : int {
+    PLIXBackgroundNone = 0,
+    PLIXBackgroundHalves = 1, ///< top and bottom half, the middle stretched between
+    PLIXBackgroundUpperHalf = 2, ///< the upper half stretched
+};
+
+struct BackgroundPiece {
+    Rect source;
+    Rect destination;
+    /// Taken as a bitmap of the image's own pixels before it is stretched.
+    bool isStrip { false };
+    friend bool operator==(BackgroundPiece const&, BackgroundPiece const&) = default;
+};
+
+/// For a pattern as wide as the image and this high. Modes that there are not draw nothing.
+std::vector<BackgroundPiece> backgroundPlan(int mode, Size background, float patternHeight);
+
+/// The indicator's frame when it is made, and its origin whenever it is put back; the two differ in how they are reckoned but not
+/// in place.
+Rect resizeIndicatorFrame(Rect contentBounds, Size image);
+Point resizeIndicatorOrigin(Rect contentFrame, float indicatorWidth);
+
+/// A frame higher than the screen's visible part, moved so that its top is on top.
+Rect frameWithTopVisible(Rect frame, Rect visibleFrame);
+
+}
