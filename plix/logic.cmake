@@ -6,6 +6,8 @@ list(APPEND PLIX_LOGIC_SOURCES
     controls/image_view_plan.cpp
     controls/segment_separators.cpp
     controls/tab_window_fit.cpp
+    drawing/geometry_helpers.cpp
+    drawing/rounded_rect.cpp
     format/color_text.cpp
     format/csv_line.cpp
     format/date_format.cpp

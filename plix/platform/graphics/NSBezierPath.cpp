@@ -125,6 +125,12 @@ bool NSBezierPath::init()
     return true;
 }
 
+bool NSBezierPath::init(PathGeometry geometry)
+{
+    m_geometry = std::move(geometry);
+    return NSBezierPath::init();
+}
+
 Ref<NSBezierPath> NSBezierPath::bezierPath()
 {
     return make<NSBezierPath>();

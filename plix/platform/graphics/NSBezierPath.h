@@ -33,6 +33,7 @@ public:
     static Ref<NSBezierPath> bezierPathWithRect(Rect);
     static Ref<NSBezierPath> bezierPathWithOvalInRect(Rect);
     bool init();
+    bool init(PathGeometry);
 
     // Drawing at once, with the defaults.
     static void fillRect(Rect);
