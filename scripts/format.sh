@@ -3,8 +3,18 @@
 set -eu
 cd "$(dirname "$0")/.."
 
-mode="-i"
-[ "${1:-}" != --check ] || mode="--dry-run --Werror"
-# shellcheck disable=SC2086 # two words
-find plix examples tests benchmarks fuzz \( -name '*.cpp' -o -name '*.h' \) -print0 |
-    xargs -0 -r -n 40 -P "$(nproc)" clang-format --style=file $mode
+each_source() {
+    find plix examples tests benchmarks fuzz \( -name '*.cpp' -o -name '*.h' \) -print0 |
+        xargs -0 -r -n 40 -P "$(nproc)" clang-format --style=file "$@"
+}
+
+if [ "${1:-}" != --check ]; then
+    each_source -i
+    exit
+fi
+unformatted=$(each_source --dry-run 2>&1 | sed -n 's/:[0-9]*:[0-9]*: warning: .*//p' | sort -u)
+if [ -n "$unformatted" ]; then
+    echo "format: not as make format leaves them:"
+    echo "$unformatted"
+    exit 1
+fi
