@@ -16,7 +16,7 @@ BUILD = cmake --build build/$(1) -j$(JOBS) --target $(2)
 export ASAN_OPTIONS ?= detect_stack_use_after_return=1:strict_string_checks=1
 export UBSAN_OPTIONS ?= print_stacktrace=1
 
-.PHONY: help run test list-tests check format check-format lint layers check-logic check-sanitized bench coverage fuzz clean \
+.PHONY: help run test list-tests check format check-format lint layers check-logic check-sanitized bench coverage fuzz resources clean \
 	setup-run setup-test setup-check setup-bench setup-fuzz
 .SILENT:
 
@@ -29,6 +29,7 @@ help:
 	echo "make bench [ONLY=prefix]               measure; writes out/bench.jsonl"
 	echo "make coverage                          lines and branches that the tests reach, by folder"
 	echo "make fuzz TARGET=name [SECONDS=60]     fuzz a target; without TARGET lists them"
+	echo "make resources                         draw the library's named images anew"
 	echo "make clean                             remove build/ and out/"
 
 setup-run:
@@ -98,6 +99,12 @@ coverage: setup-test
 fuzz: setup-fuzz
 	$(CONFIGURE) build/fuzz/build.ninja
 	scripts/fuzz.sh '$(TARGET)' '$(SECONDS)'
+
+# What it draws is in the repository.
+resources: setup-run
+	$(CONFIGURE) build/release/build.ninja
+	$(call BUILD,release,draw_resources)
+	build/release/scripts/draw_resources plix/resources/images
 
 clean:
 	rm -rf build out
