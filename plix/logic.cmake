@@ -8,6 +8,7 @@ list(APPEND PLIX_LOGIC_SOURCES
     controls/tab_window_fit.cpp
     drawing/geometry_helpers.cpp
     drawing/rounded_rect.cpp
+    format/collection_additions.cpp
     format/color_text.cpp
     format/csv_line.cpp
     format/date_format.cpp
@@ -29,6 +30,8 @@ list(APPEND PLIX_LOGIC_SOURCES
     platform/graphics/path_geometry.cpp
     platform/graphics/pixel_operations.cpp
     platform/graphics/shadow_blur.cpp
+    system/identity_text.cpp
+    system/unique_path.cpp
     tables/column_plan.cpp
     tables/row_highlight.cpp
     windows/background_plan.cpp
