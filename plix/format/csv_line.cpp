@@ -1,4 +1,4 @@
-#include <plix/format/string_additions.h>
+#include <plix/format/csv_line.h>
 
 #include <plix/format/byte_scan.h>
 

@@ -1,4 +1,4 @@
-#include <plix/format/size_and_duration.h>
+#include <plix/format/file_size_text.h>
 
 #include <plix/format/number_text.h>
 

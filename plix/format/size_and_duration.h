@@ -1,12 +1,10 @@
 #pragma once
 
-#include <cstdint>
+#include <plix/format/file_size_text.h>
+
 #include <string>
 
 namespace plix {
-
-/// "12 bytes", "1.5KB", "5.0MB", "2048.0GB". Units change at powers of 1024; the rounding may still show 1024.0 of the smaller.
-std::string StringForFileSize(std::uint64_t bytes);
 
 /// "1 day, 1 hour, 1 minute" in words of the main bundle, looked up under the English words. Parts that are zero are left out, and
 /// seconds beside days; what is below a second or negative gives "--:--:--:--".

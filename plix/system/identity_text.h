@@ -1,6 +1,6 @@
 #pragma once
 
-#include <plix/platform/foundation/machine_identity.h>
+#include <plix/platform/foundation/ethernet_query.h>
 
 #include <array>
 #include <cstdint>

@@ -1,6 +1,6 @@
 #include <plix/format/duration_text.h>
+#include <plix/format/file_size_text.h>
 #include <plix/format/number_text.h>
-#include <plix/format/size_and_duration.h>
 
 #include <gtest/gtest.h>
 
