@@ -32,6 +32,11 @@ list(APPEND PLIX_LOGIC_SOURCES
     platform/graphics/shadow_blur.cpp
     system/identity_text.cpp
     system/unique_path.cpp
+    platform/host/desktop/ClickCounter.cpp
+    platform/host/desktop/DeliveryQueue.cpp
+    platform/host/desktop/key_translation.cpp
+    platform/host/desktop/screen_space.cpp
+    platform/host/window_placement.cpp
     tables/column_plan.cpp
     tables/row_highlight.cpp
     windows/background_plan.cpp

@@ -30,7 +30,7 @@ ROOMS = [
     (r"cairo.*|pango/.*|fontconfig/.*|ft2build\.h|freetype.*|hb.*\.h|png\.h|jpeglib\.h|tiffio\.h|gif_lib\.h|webp/.*|librsvg/.*",
      "platform/graphics"),
     (r"unicode/.*|pugixml\.hpp", "platform/foundation"),
-    (r"SDL.*|X11/.*|pulse/.*|gst/.*|sndfile\.h|libspeechd\.h|speech-dispatcher/.*|dbus/.*", DESKTOP),
+    (r"SDL.*|X11/.*|xkbcommon/.*|pulse/.*|gst/.*|sndfile\.h|libspeechd\.h|speech-dispatcher/.*|dbus/.*", DESKTOP),
     (r"glib.*", "platform/graphics"),
     (r"glib.*", DESKTOP),
 ]

@@ -2,12 +2,13 @@
 
 #include <plix/platform/host/headless/HeadlessHost.h>
 
-#if __has_include(<plix/platform/host/desktop/DesktopHost.h>)
+#ifdef PLIX_DESKTOP_HOST
+#include <plix/platform/base/NSLog.h>
 #include <plix/platform/host/desktop/DesktopHost.h>
-#define PLIX_HAS_DESKTOP_HOST
 #endif
 
 #include <cstdlib>
+#include <string>
 #include <utility>
 
 namespace plix {
@@ -22,11 +23,13 @@ std::unique_ptr<Host>& installedHost()
 
 std::unique_ptr<Host> chooseHost()
 {
-#ifdef PLIX_HAS_DESKTOP_HOST
+#ifdef PLIX_DESKTOP_HOST
     char const* const wanted = std::getenv("PLIX_HOST");
     if (!wanted || std::string_view(wanted) != "headless") {
-        if (auto desktop = makeDesktopHost())
+        std::string whyNot;
+        if (auto desktop = makeDesktopHost(whyNot))
             return desktop;
+        NSLog("No desktop host: " + whyNot + "; windows stay in memory");
     }
 #endif
     return std::make_unique<HeadlessHost>();

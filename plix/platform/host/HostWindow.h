@@ -39,7 +39,8 @@ public:
     virtual void hostWindowEvent(HostEvent const&) = 0;
     /// The window system, the person or the application moved or resized the window; the rectangle is the content's, on screen.
     virtual void hostWindowContentRectChanged(Rect contentRect) = 0;
-    /// The keyboard came to the window or left it.
+    /// The keyboard came to the window or left it. A change between two windows is told window by window: first who lost it, then,
+    /// as a rule before deliverPending() returns, who has it now.
     virtual void hostWindowFocusChanged(bool hasFocus) = 0;
     virtual void hostWindowCloseRequested() = 0;
     /// A part of the window lost its pixels; points, in the content's coordinates with y upwards.
@@ -64,7 +65,10 @@ public:
         float right { 0 };
         float top { 0 };
         float bottom { 0 };
+        friend constexpr bool operator==(FrameExtents, FrameExtents) = default;
     };
+    /// Expected ones until the window has been shown; when they turn out to be others, the client is told that the content's
+    /// rectangle changed, though that may be the same.
     virtual FrameExtents frameExtents() const = 0;
     virtual float backingScale() const = 0;
 
