@@ -19,82 +19,82 @@ namespace plix {
 
 namespace {
 
-    constexpr float referenceTolerance = 24.0F / 255;
-    /// Of a thousand pixels so many may differ by more.
-    constexpr int toleratedPerThousand = 2;
+constexpr float referenceTolerance = 24.0F / 255;
+/// Of a thousand pixels so many may differ by more.
+constexpr int toleratedPerThousand = 2;
 
-    int channelDifference(std::uint32_t a, std::uint32_t b)
-    {
-        int largest = 0;
-        for (unsigned shift = 0; shift < 32; shift += 8)
-            largest = std::max(largest, std::abs(static_cast<int>(a >> shift & 255U) - static_cast<int>(b >> shift & 255U)));
-        return largest;
+int channelDifference(std::uint32_t a, std::uint32_t b)
+{
+    int largest = 0;
+    for (unsigned shift = 0; shift < 32; shift += 8)
+        largest = std::max(largest, std::abs(static_cast<int>(a >> shift & 255U) - static_cast<int>(b >> shift & 255U)));
+    return largest;
+}
+
+bool isNear(std::uint32_t a, std::uint32_t b, float tolerance)
+{
+    return channelDifference(a, b) <= static_cast<int>(std::lround(tolerance * 255));
+}
+
+std::uint32_t pixelOf(ColorComponents const& color)
+{
+    auto const byte = [&](float value) { return static_cast<std::uint32_t>(std::lround(value * color.alpha * 255)); };
+    return static_cast<std::uint32_t>(std::lround(color.alpha * 255)) << 24U | byte(color.red) << 16U | byte(color.green) << 8U
+        | byte(color.blue);
+}
+
+std::string text(std::uint32_t pixel)
+{
+    std::ostringstream stream;
+    stream << "0x" << std::hex << std::setw(8) << std::setfill('0') << pixel;
+    return stream.str();
+}
+
+PixelRect within(PixelRect area, Pixels const& pixels)
+{
+    int const left = std::clamp(area.x, 0, pixels.width());
+    int const top = std::clamp(area.y, 0, pixels.height());
+    return { left, top, std::clamp(area.x + area.width, left, pixels.width()) - left,
+        std::clamp(area.y + area.height, top, pixels.height()) - top };
+}
+
+template <typename Visit> void forEach(Pixels const& pixels, PixelRect area, Visit visit)
+{
+    auto const part = within(area, pixels);
+    for (int y = part.y; y < part.y + part.height; ++y) {
+        for (int x = part.x; x < part.x + part.width; ++x)
+            visit(x, y, pixels.at(x, y));
     }
+}
 
-    bool isNear(std::uint32_t a, std::uint32_t b, float tolerance)
-    {
-        return channelDifference(a, b) <= static_cast<int>(std::lround(tolerance * 255));
-    }
+std::filesystem::path referencePath(std::string_view name)
+{
+    return std::filesystem::path(PLIX_TESTS_FOLDER) / "references" / (std::string(name) + ".png");
+}
 
-    std::uint32_t pixelOf(ColorComponents const& color)
-    {
-        auto const byte = [&](float value) { return static_cast<std::uint32_t>(std::lround(value * color.alpha * 255)); };
-        return static_cast<std::uint32_t>(std::lround(color.alpha * 255)) << 24U | byte(color.red) << 16U | byte(color.green) << 8U
-            | byte(color.blue);
-    }
+Ref<NSBitmapImageRep> copyOfPixels(Pixels const& pixels)
+{
+    auto rep = make<NSBitmapImageRep>(pixels.width(), pixels.height());
+    auto const target = rep->mutablePixels();
+    forEach(pixels, pixels.all(), [&](int x, int y, std::uint32_t pixel) {
+        std::memcpy(target.pixels + static_cast<std::ptrdiff_t>(y) * target.stride + 4L * x, &pixel, 4);
+    });
+    return rep;
+}
 
-    std::string text(std::uint32_t pixel)
-    {
-        std::ostringstream stream;
-        stream << "0x" << std::hex << std::setw(8) << std::setfill('0') << pixel;
-        return stream.str();
-    }
-
-    PixelRect within(PixelRect area, Pixels const& pixels)
-    {
-        int const left = std::clamp(area.x, 0, pixels.width());
-        int const top = std::clamp(area.y, 0, pixels.height());
-        return { left, top, std::clamp(area.x + area.width, left, pixels.width()) - left,
-            std::clamp(area.y + area.height, top, pixels.height()) - top };
-    }
-
-    template <typename Visit> void forEach(Pixels const& pixels, PixelRect area, Visit visit)
-    {
-        auto const part = within(area, pixels);
-        for (int y = part.y; y < part.y + part.height; ++y) {
-            for (int x = part.x; x < part.x + part.width; ++x)
-                visit(x, y, pixels.at(x, y));
-        }
-    }
-
-    std::filesystem::path referencePath(std::string_view name)
-    {
-        return std::filesystem::path(PLIX_TESTS_FOLDER) / "references" / (std::string(name) + ".png");
-    }
-
-    Ref<NSBitmapImageRep> copyOfPixels(Pixels const& pixels)
-    {
-        auto rep = make<NSBitmapImageRep>(pixels.width(), pixels.height());
-        auto const target = rep->mutablePixels();
-        forEach(pixels, pixels.all(), [&](int x, int y, std::uint32_t pixel) {
+void writeDifference(Pixels const& a, Pixels const& b, std::string const& path)
+{
+    auto map = make<NSBitmapImageRep>(std::max(a.width(), b.width()), std::max(a.height(), b.height()));
+    auto const target = map->mutablePixels();
+    for (int y = 0; y < target.height; ++y) {
+        for (int x = 0; x < target.width; ++x) {
+            bool const differs = !isNear(a.at(x, y), b.at(x, y), pixelTolerance);
+            std::uint32_t const pixel = differs ? 0xFFFF0000U : 0xFFFFFFFFU;
             std::memcpy(target.pixels + static_cast<std::ptrdiff_t>(y) * target.stride + 4L * x, &pixel, 4);
-        });
-        return rep;
-    }
-
-    void writeDifference(Pixels const& a, Pixels const& b, std::string const& path)
-    {
-        auto map = make<NSBitmapImageRep>(std::max(a.width(), b.width()), std::max(a.height(), b.height()));
-        auto const target = map->mutablePixels();
-        for (int y = 0; y < target.height; ++y) {
-            for (int x = 0; x < target.width; ++x) {
-                bool const differs = !isNear(a.at(x, y), b.at(x, y), pixelTolerance);
-                std::uint32_t const pixel = differs ? 0xFFFF0000U : 0xFFFFFFFFU;
-                std::memcpy(target.pixels + static_cast<std::ptrdiff_t>(y) * target.stride + 4L * x, &pixel, 4);
-            }
         }
-        writePNG(map, path);
     }
+    writePNG(map, path);
+}
 
 }
 
@@ -166,6 +166,11 @@ int countPixels(Pixels const& pixels, PixelRect area, FunctionRef<bool(std::uint
 int countPixels(Pixels const& pixels, ColorComponents color, float tolerance)
 {
     return countPixels(pixels, pixels.all(), color, tolerance);
+}
+
+int countPixels(Pixels const& pixels, FunctionRef<bool(std::uint32_t)> condition)
+{
+    return countPixels(pixels, pixels.all(), condition);
 }
 
 bool hasInk(Pixels const& pixels, PixelRect area, ColorComponents ground)

@@ -52,12 +52,12 @@ inline constexpr float pixelTolerance = 2.0F / 255;
 
 namespace colors {
 
-    inline constexpr ColorComponents clear { 0, 0, 0, 0 };
-    inline constexpr ColorComponents black { 0, 0, 0, 1 };
-    inline constexpr ColorComponents white { 1, 1, 1, 1 };
-    inline constexpr ColorComponents red { 1, 0, 0, 1 };
-    inline constexpr ColorComponents green { 0, 1, 0, 1 };
-    inline constexpr ColorComponents blue { 0, 0, 1, 1 };
+inline constexpr ColorComponents clear { 0, 0, 0, 0 };
+inline constexpr ColorComponents black { 0, 0, 0, 1 };
+inline constexpr ColorComponents white { 1, 1, 1, 1 };
+inline constexpr ColorComponents red { 1, 0, 0, 1 };
+inline constexpr ColorComponents green { 0, 1, 0, 1 };
+inline constexpr ColorComponents blue { 0, 0, 1, 1 };
 
 }
 
@@ -69,6 +69,7 @@ testing::AssertionResult areaNear(Pixels const&, PixelRect area, ColorComponents
 int countPixels(Pixels const&, PixelRect area, ColorComponents, float tolerance = pixelTolerance);
 int countPixels(Pixels const&, PixelRect area, FunctionRef<bool(std::uint32_t)> condition);
 int countPixels(Pixels const&, ColorComponents, float tolerance = pixelTolerance);
+int countPixels(Pixels const&, FunctionRef<bool(std::uint32_t)> condition);
 /// Whether anything in the area differs visibly from the ground it is drawn on.
 bool hasInk(Pixels const&, PixelRect area, ColorComponents ground);
 /// The smallest rectangle around all that differs from the ground; empty where nothing does.

@@ -12,106 +12,106 @@ namespace plix {
 
 namespace {
 
-    NSBezierPath::Defaults s_defaults;
+NSBezierPath::Defaults s_defaults;
 
-    struct StrokeStyle {
-        NSBezierPath::Defaults const& style;
-        std::vector<float> const& dash;
-        float dashPhase;
+struct StrokeStyle {
+    NSBezierPath::Defaults const& style;
+    std::vector<float> const& dash;
+    float dashPhase;
+};
+
+void setDash(cairo_t* cairo, std::vector<float> const& dash, float phase)
+{
+    constexpr std::size_t most = 16;
+    double lengths[most];
+    auto const count = std::min(dash.size(), most);
+    bool const isUsable = std::all_of(dash.begin(), dash.end(), [](float length) { return length >= 0; })
+        && std::any_of(dash.begin(), dash.end(), [](float length) { return length > 0; });
+    if (!isUsable) {
+        cairo_set_dash(cairo, nullptr, 0, 0);
+        return;
+    }
+    std::copy_n(dash.begin(), count, lengths);
+    cairo_set_dash(cairo, lengths, static_cast<int>(count), phase);
+}
+
+cairo_line_join_t cairoJoin(NSLineJoinStyle join)
+{
+    return join == NSRoundLineJoinStyle ? CAIRO_LINE_JOIN_ROUND
+        : join == NSBevelLineJoinStyle  ? CAIRO_LINE_JOIN_BEVEL
+                                        : CAIRO_LINE_JOIN_MITER;
+}
+
+cairo_line_cap_t cairoCap(NSLineCapStyle cap)
+{
+    return cap == NSRoundLineCapStyle ? CAIRO_LINE_CAP_ROUND
+        : cap == NSSquareLineCapStyle ? CAIRO_LINE_CAP_SQUARE
+                                      : CAIRO_LINE_CAP_BUTT;
+}
+
+double thinnestWidth(cairo_t* cairo)
+{
+    double x = 1;
+    double y = 0;
+    cairo_device_to_user_distance(cairo, &x, &y);
+    return std::hypot(x, y);
+}
+
+void setStyle(cairo_t* cairo, StrokeStyle const& stroke)
+{
+    cairo_set_line_width(cairo, stroke.style.lineWidth > 0 ? stroke.style.lineWidth : thinnestWidth(cairo));
+    cairo_set_line_join(cairo, cairoJoin(stroke.style.lineJoinStyle));
+    cairo_set_line_cap(cairo, cairoCap(stroke.style.lineCapStyle));
+    cairo_set_miter_limit(cairo, stroke.style.miterLimit);
+    setDash(cairo, stroke.dash, stroke.dashPhase);
+}
+
+void strokeGeometry(PathGeometry const& geometry, StrokeStyle const& stroke)
+{
+    auto const context = NSGraphicsContext::currentContext();
+    if (!context || geometry.isEmpty())
+        return;
+    auto& internals = context->internals();
+    float const reach = (stroke.style.lineWidth / 2 + 1) * std::max(stroke.style.miterLimit, 2.0F);
+    auto const source = [&](cairo_t* cairo) { setSource(cairo, internals, internals.state().stroke); };
+    auto const shape = [&](cairo_t* cairo) {
+        cairo_new_path(cairo);
+        addPath(cairo, geometry);
+        setStyle(cairo, stroke);
+        cairo_stroke(cairo);
     };
+    paintComposited(
+        internals, context->compositingOperation(), { NSInsetRect(geometry.controlPointBounds(), -reach, -reach), source, shape });
+}
 
-    void setDash(cairo_t* cairo, std::vector<float> const& dash, float phase)
-    {
-        constexpr std::size_t most = 16;
-        double lengths[most];
-        auto const count = std::min(dash.size(), most);
-        bool const isUsable = std::all_of(dash.begin(), dash.end(), [](float length) { return length >= 0; })
-            && std::any_of(dash.begin(), dash.end(), [](float length) { return length > 0; });
-        if (!isUsable) {
-            cairo_set_dash(cairo, nullptr, 0, 0);
-            return;
-        }
-        std::copy_n(dash.begin(), count, lengths);
-        cairo_set_dash(cairo, lengths, static_cast<int>(count), phase);
-    }
+void fillGeometry(PathGeometry const& geometry, NSWindingRule rule)
+{
+    auto const context = NSGraphicsContext::currentContext();
+    if (!context || geometry.isEmpty())
+        return;
+    auto& internals = context->internals();
+    auto const source = [&](cairo_t* cairo) { setSource(cairo, internals, internals.state().fill); };
+    auto const shape = [&](cairo_t* cairo) {
+        cairo_new_path(cairo);
+        addPath(cairo, geometry);
+        cairo_set_fill_rule(cairo, rule == NSEvenOddWindingRule ? CAIRO_FILL_RULE_EVEN_ODD : CAIRO_FILL_RULE_WINDING);
+        cairo_fill(cairo);
+    };
+    paintComposited(internals, context->compositingOperation(), { geometry.controlPointBounds(), source, shape });
+}
 
-    cairo_line_join_t cairoJoin(NSLineJoinStyle join)
-    {
-        return join == NSRoundLineJoinStyle ? CAIRO_LINE_JOIN_ROUND
-            : join == NSBevelLineJoinStyle  ? CAIRO_LINE_JOIN_BEVEL
-                                            : CAIRO_LINE_JOIN_MITER;
-    }
+std::size_t checkedIndex(PathGeometry const& geometry, long index, char const* operation)
+{
+    auto const count = static_cast<long>(geometry.elements().size());
+    if (index < 0 || index >= count)
+        raiseRangeException(operation, index, count);
+    return static_cast<std::size_t>(index);
+}
 
-    cairo_line_cap_t cairoCap(NSLineCapStyle cap)
-    {
-        return cap == NSRoundLineCapStyle ? CAIRO_LINE_CAP_ROUND
-            : cap == NSSquareLineCapStyle ? CAIRO_LINE_CAP_SQUARE
-                                          : CAIRO_LINE_CAP_BUTT;
-    }
-
-    double thinnestWidth(cairo_t* cairo)
-    {
-        double x = 1;
-        double y = 0;
-        cairo_device_to_user_distance(cairo, &x, &y);
-        return std::hypot(x, y);
-    }
-
-    void setStyle(cairo_t* cairo, StrokeStyle const& stroke)
-    {
-        cairo_set_line_width(cairo, stroke.style.lineWidth > 0 ? stroke.style.lineWidth : thinnestWidth(cairo));
-        cairo_set_line_join(cairo, cairoJoin(stroke.style.lineJoinStyle));
-        cairo_set_line_cap(cairo, cairoCap(stroke.style.lineCapStyle));
-        cairo_set_miter_limit(cairo, stroke.style.miterLimit);
-        setDash(cairo, stroke.dash, stroke.dashPhase);
-    }
-
-    void strokeGeometry(PathGeometry const& geometry, StrokeStyle const& stroke)
-    {
-        auto const context = NSGraphicsContext::currentContext();
-        if (!context || geometry.isEmpty())
-            return;
-        auto& internals = context->internals();
-        float const reach = (stroke.style.lineWidth / 2 + 1) * std::max(stroke.style.miterLimit, 2.0F);
-        auto const source = [&](cairo_t* cairo) { setSource(cairo, internals, internals.state().stroke); };
-        auto const shape = [&](cairo_t* cairo) {
-            cairo_new_path(cairo);
-            addPath(cairo, geometry);
-            setStyle(cairo, stroke);
-            cairo_stroke(cairo);
-        };
-        paintComposited(internals, context->compositingOperation(),
-            { NSInsetRect(geometry.controlPointBounds(), -reach, -reach), source, shape });
-    }
-
-    void fillGeometry(PathGeometry const& geometry, NSWindingRule rule)
-    {
-        auto const context = NSGraphicsContext::currentContext();
-        if (!context || geometry.isEmpty())
-            return;
-        auto& internals = context->internals();
-        auto const source = [&](cairo_t* cairo) { setSource(cairo, internals, internals.state().fill); };
-        auto const shape = [&](cairo_t* cairo) {
-            cairo_new_path(cairo);
-            addPath(cairo, geometry);
-            cairo_set_fill_rule(cairo, rule == NSEvenOddWindingRule ? CAIRO_FILL_RULE_EVEN_ODD : CAIRO_FILL_RULE_WINDING);
-            cairo_fill(cairo);
-        };
-        paintComposited(internals, context->compositingOperation(), { geometry.controlPointBounds(), source, shape });
-    }
-
-    std::size_t checkedIndex(PathGeometry const& geometry, long index, char const* operation)
-    {
-        auto const count = static_cast<long>(geometry.elements().size());
-        if (index < 0 || index >= count)
-            raiseRangeException(operation, index, count);
-        return static_cast<std::size_t>(index);
-    }
-
-    Point sum(Point a, Point b)
-    {
-        return { a.x + b.x, a.y + b.y };
-    }
+Point sum(Point a, Point b)
+{
+    return { a.x + b.x, a.y + b.y };
+}
 
 }
 

@@ -14,19 +14,19 @@ namespace plix {
 
 namespace {
 
-    ColorComponents gray(float white, float alpha)
-    {
-        float const clamped = clampedComponent(white);
-        return { clamped, clamped, clamped, clampedComponent(alpha) };
-    }
+ColorComponents gray(float white, float alpha)
+{
+    float const clamped = clampedComponent(white);
+    return { clamped, clamped, clamped, clampedComponent(alpha) };
+}
 
-    ColorComponents rgb(float red, float green, float blue, float alpha)
-    {
-        return { clampedComponent(red), clampedComponent(green), clampedComponent(blue), clampedComponent(alpha) };
-    }
+ColorComponents rgb(float red, float green, float blue, float alpha)
+{
+    return { clampedComponent(red), clampedComponent(green), clampedComponent(blue), clampedComponent(alpha) };
+}
 
-    std::string_view const spaceNames[] { NSCalibratedWhiteColorSpace, NSDeviceWhiteColorSpace, NSCalibratedRGBColorSpace,
-        NSDeviceRGBColorSpace, NSNamedColorSpace, NSPatternColorSpace };
+std::string_view const spaceNames[] { NSCalibratedWhiteColorSpace, NSDeviceWhiteColorSpace, NSCalibratedRGBColorSpace,
+    NSDeviceRGBColorSpace, NSNamedColorSpace, NSPatternColorSpace };
 
 }
 

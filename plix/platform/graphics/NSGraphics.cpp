@@ -11,82 +11,81 @@ namespace plix {
 
 namespace {
 
-    constexpr float defaultFrameWidth = 1;
+constexpr float defaultFrameWidth = 1;
 
-    /// The whole of a plain rectangle, written without detours.
-    void fillPixels(PixelBuffer const& pixels, PixelRect area, std::uint32_t color)
-    {
-        for (int y = area.y; y < area.y + area.height; ++y) {
-            auto* row = reinterpret_cast<std::uint32_t*>(pixels.pixels + static_cast<std::ptrdiff_t>(y) * pixels.stride);
-            std::fill_n(row + area.x, area.width, color);
-        }
+/// The whole of a plain rectangle, written without detours.
+void fillPixels(PixelBuffer const& pixels, PixelRect area, std::uint32_t color)
+{
+    for (int y = area.y; y < area.y + area.height; ++y) {
+        auto* row = reinterpret_cast<std::uint32_t*>(pixels.pixels + static_cast<std::ptrdiff_t>(y) * pixels.stride);
+        std::fill_n(row + area.x, area.width, color);
     }
+}
 
-    bool replacesPixels(NSCompositingOperation operation, Paint const& paint, float alpha)
-    {
-        if (paint.pattern)
-            return false;
-        bool const isOpaque = paint.components.alpha * alpha >= 1;
-        return operation == NSCompositeCopy
-            || (isOpaque && (operation == NSCompositeSourceOver || operation == NSCompositeHighlight));
-    }
+bool replacesPixels(NSCompositingOperation operation, Paint const& paint, float alpha)
+{
+    if (paint.pattern)
+        return false;
+    bool const isOpaque = paint.components.alpha * alpha >= 1;
+    return operation == NSCompositeCopy || (isOpaque && (operation == NSCompositeSourceOver || operation == NSCompositeHighlight));
+}
 
-    void fillRect(ContextInternals& internals, Rect rect, Paint const& paint, NSCompositingOperation operation)
-    {
-        auto const& state = internals.state();
-        auto const matrix = internals.matrix();
-        bool const isUpright = keepsAxes(matrix);
-        if (isUpright && state.clipIsRectangle && !state.hasShadow() && replacesPixels(operation, paint, state.alpha)) {
-            auto const area = intersection(snapped(deviceRect(matrix, rect)), state.clip);
-            auto color = paint.components;
-            color.alpha *= state.alpha;
-            if (isEmpty(area))
-                return;
-            cairo_surface_flush(internals.surface.get());
-            fillPixels(internals.pixels, area, premultipliedPixel(color));
-            cairo_surface_mark_dirty(internals.surface.get());
+void fillRect(ContextInternals& internals, Rect rect, Paint const& paint, NSCompositingOperation operation)
+{
+    auto const& state = internals.state();
+    auto const matrix = internals.matrix();
+    bool const isUpright = keepsAxes(matrix);
+    if (isUpright && state.clipIsRectangle && !state.hasShadow() && replacesPixels(operation, paint, state.alpha)) {
+        auto const area = intersection(snapped(deviceRect(matrix, rect)), state.clip);
+        auto color = paint.components;
+        color.alpha *= state.alpha;
+        if (isEmpty(area))
             return;
-        }
-        auto const source = [&](cairo_t* cairo) { setSource(cairo, internals, paint); };
-        auto const shape = [&](cairo_t* cairo) {
-            cairo_new_path(cairo);
-            if (isUpright) {
-                auto const area = snapped(deviceRect(matrix, rect));
-                cairo_identity_matrix(cairo);
-                cairo_rectangle(cairo, area.x, area.y, area.width, area.height);
-            } else {
-                cairo_rectangle(cairo, rect.x, rect.y, rect.width, rect.height);
-            }
-            cairo_fill(cairo);
-            cairo_set_matrix(cairo, &matrix);
-        };
-        float const pixel = 1 / internals.pixels.scale;
-        paintComposited(internals, operation, { isUpright ? NSInsetRect(rect, -pixel, -pixel) : rect, source, shape });
+        cairo_surface_flush(internals.surface.get());
+        fillPixels(internals.pixels, area, premultipliedPixel(color));
+        cairo_surface_mark_dirty(internals.surface.get());
+        return;
     }
+    auto const source = [&](cairo_t* cairo) { setSource(cairo, internals, paint); };
+    auto const shape = [&](cairo_t* cairo) {
+        cairo_new_path(cairo);
+        if (isUpright) {
+            auto const area = snapped(deviceRect(matrix, rect));
+            cairo_identity_matrix(cairo);
+            cairo_rectangle(cairo, area.x, area.y, area.width, area.height);
+        } else {
+            cairo_rectangle(cairo, rect.x, rect.y, rect.width, rect.height);
+        }
+        cairo_fill(cairo);
+        cairo_set_matrix(cairo, &matrix);
+    };
+    float const pixel = 1 / internals.pixels.scale;
+    paintComposited(internals, operation, { isUpright ? NSInsetRect(rect, -pixel, -pixel) : rect, source, shape });
+}
 
-    template <typename PaintAt> void fillRects(std::span<Rect const> rects, NSCompositingOperation operation, PaintAt paintAt)
-    {
-        auto const context = NSGraphicsContext::currentContext();
-        if (!context)
-            return;
-        auto& internals = context->internals();
-        for (std::size_t i = 0; i < rects.size(); ++i) {
-            if (!rects[i].isEmpty())
-                fillRect(internals, rects[i], paintAt(internals, i), operation);
-        }
+template <typename PaintAt> void fillRects(std::span<Rect const> rects, NSCompositingOperation operation, PaintAt paintAt)
+{
+    auto const context = NSGraphicsContext::currentContext();
+    if (!context)
+        return;
+    auto& internals = context->internals();
+    for (std::size_t i = 0; i < rects.size(); ++i) {
+        if (!rects[i].isEmpty())
+            fillRect(internals, rects[i], paintAt(internals, i), operation);
     }
+}
 
-    template <typename ColorAt> Rect drawTiledRects(Rect bounds, Rect clip, std::span<NSRectEdge const> sides, ColorAt colorAt)
-    {
-        Rect rest = bounds;
-        for (std::size_t i = 0; i < sides.size(); ++i) {
-            Rect slice;
-            NSDivideRect(rest, slice, rest, 1, sides[i]);
-            Rect const visible = NSIntersectionRect(slice, clip);
-            fillRects({ &visible, 1 }, NSCompositeSourceOver, [&](ContextInternals&, std::size_t) { return colorAt(i); });
-        }
-        return rest;
+template <typename ColorAt> Rect drawTiledRects(Rect bounds, Rect clip, std::span<NSRectEdge const> sides, ColorAt colorAt)
+{
+    Rect rest = bounds;
+    for (std::size_t i = 0; i < sides.size(); ++i) {
+        Rect slice;
+        NSDivideRect(rest, slice, rest, 1, sides[i]);
+        Rect const visible = NSIntersectionRect(slice, clip);
+        fillRects({ &visible, 1 }, NSCompositeSourceOver, [&](ContextInternals&, std::size_t) { return colorAt(i); });
     }
+    return rest;
+}
 
 }
 

@@ -14,25 +14,25 @@ namespace plix {
 
 namespace {
 
-    constexpr std::size_t expectedDepth = 32;
+constexpr std::size_t expectedDepth = 32;
 
-    constinit Global<NSGraphicsContext> s_current;
+constinit Global<NSGraphicsContext> s_current;
 
-    cairo_matrix_t cairoMatrix(AffineTransform const& transform)
-    {
-        return { transform.m11, transform.m12, transform.m21, transform.m22, transform.tX, transform.tY };
-    }
+cairo_matrix_t cairoMatrix(AffineTransform const& transform)
+{
+    return { transform.m11, transform.m12, transform.m21, transform.m22, transform.tX, transform.tY };
+}
 
-    Rect userRect(cairo_matrix_t const& matrix, double left, double top, double right, double bottom)
-    {
-        cairo_matrix_t inverse = matrix;
-        if (cairo_matrix_invert(&inverse) != CAIRO_STATUS_SUCCESS)
-            return {};
-        cairo_matrix_transform_point(&inverse, &left, &top);
-        cairo_matrix_transform_point(&inverse, &right, &bottom);
-        return { static_cast<float>(std::min(left, right)), static_cast<float>(std::min(top, bottom)),
-            static_cast<float>(std::abs(right - left)), static_cast<float>(std::abs(bottom - top)) };
-    }
+Rect userRect(cairo_matrix_t const& matrix, double left, double top, double right, double bottom)
+{
+    cairo_matrix_t inverse = matrix;
+    if (cairo_matrix_invert(&inverse) != CAIRO_STATUS_SUCCESS)
+        return {};
+    cairo_matrix_transform_point(&inverse, &left, &top);
+    cairo_matrix_transform_point(&inverse, &right, &bottom);
+    return { static_cast<float>(std::min(left, right)), static_cast<float>(std::min(top, bottom)),
+        static_cast<float>(std::abs(right - left)), static_cast<float>(std::abs(bottom - top)) };
+}
 
 }
 

@@ -17,43 +17,42 @@ namespace plix {
 
 namespace {
 
-    constexpr float oneTenThousandth = 1e-4F;
+constexpr float oneTenThousandth = 1e-4F;
 
-    float s_defaultBackingScale = 1;
+float s_defaultBackingScale = 1;
 
-    float scaleForFocus()
-    {
-        auto const context = NSGraphicsContext::currentContext();
-        return std::max(s_defaultBackingScale, context ? context->backingScale() : 1);
-    }
+float scaleForFocus()
+{
+    auto const context = NSGraphicsContext::currentContext();
+    return std::max(s_defaultBackingScale, context ? context->backingScale() : 1);
+}
 
-    int pixelsFor(float points, float scale)
-    {
-        float const pixels = std::ceil(points * scale - oneTenThousandth);
-        return pixels > 0 && pixels < static_cast<float>(INT16_MAX) ? static_cast<int>(pixels) : 0;
-    }
+int pixelsFor(float points, float scale)
+{
+    float const pixels = std::ceil(points * scale - oneTenThousandth);
+    return pixels > 0 && pixels < static_cast<float>(INT16_MAX) ? static_cast<int>(pixels) : 0;
+}
 
-    std::uint64_t mixed(std::uint64_t seed, std::uint64_t value)
-    {
-        // The finaliser of SplitMix64 (Steele, Lea, Flood 2014).
-        std::uint64_t z = (seed ^ value) + 0x9E3779B97F4A7C15U;
-        z = (z ^ (z >> 30U)) * 0xBF58476D1CE4E5B9U;
-        z = (z ^ (z >> 27U)) * 0x94D049BB133111EBU;
-        return z ^ (z >> 31U);
-    }
+std::uint64_t mixed(std::uint64_t seed, std::uint64_t value)
+{
+    // The finaliser of SplitMix64 (Steele, Lea, Flood 2014).
+    std::uint64_t z = (seed ^ value) + 0x9E3779B97F4A7C15U;
+    z = (z ^ (z >> 30U)) * 0xBF58476D1CE4E5B9U;
+    z = (z ^ (z >> 27U)) * 0x94D049BB133111EBU;
+    return z ^ (z >> 31U);
+}
 
-    std::uint64_t mixed(std::uint64_t seed, Size size)
-    {
-        return mixed(seed,
-            static_cast<std::uint64_t>(std::bit_cast<std::uint32_t>(size.width)) << 32U
-                | std::bit_cast<std::uint32_t>(size.height));
-    }
+std::uint64_t mixed(std::uint64_t seed, Size size)
+{
+    return mixed(seed,
+        static_cast<std::uint64_t>(std::bit_cast<std::uint32_t>(size.width)) << 32U | std::bit_cast<std::uint32_t>(size.height));
+}
 
-    std::uint64_t mixed(std::uint64_t seed, NSImageRep const& rep)
-    {
-        auto const* bitmap = dynamic_cast<NSBitmapImageRep const*>(&rep);
-        return mixed(mixed(seed, bitmap ? bitmap->contentStamp() : ~rep.serialNumber()), rep.size());
-    }
+std::uint64_t mixed(std::uint64_t seed, NSImageRep const& rep)
+{
+    auto const* bitmap = dynamic_cast<NSBitmapImageRep const*>(&rep);
+    return mixed(mixed(seed, bitmap ? bitmap->contentStamp() : ~rep.serialNumber()), rep.size());
+}
 
 }
 

@@ -8,18 +8,18 @@ namespace plix {
 
 namespace {
 
-    struct Format {
-        bool (*isMine)(FileBytes);
-        std::vector<DecodedImage> (*decode)(FileBytes);
-    };
+struct Format {
+    bool (*isMine)(FileBytes);
+    std::vector<DecodedImage> (*decode)(FileBytes);
+};
 
-    constexpr Format formats[] {
-        { isPNG, decodePNG },
-    };
+constexpr Format formats[] {
+    { isPNG, decodePNG },
+};
 
-    constexpr double dotsPerMetreAtOne = 72 / 0.0254;
-    constexpr int largestScale = 4;
-    constexpr int largestSide = INT16_MAX;
+constexpr double dotsPerMetreAtOne = 72 / 0.0254;
+constexpr int largestScale = 4;
+constexpr int largestSide = INT16_MAX;
 
 }
 

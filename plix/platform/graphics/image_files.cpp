@@ -9,22 +9,22 @@ namespace plix {
 
 namespace {
 
-    constexpr std::uintmax_t largestFile = 256U * 1024 * 1024;
-    constexpr std::string_view doubleMark = "@2x";
+constexpr std::uintmax_t largestFile = 256U * 1024 * 1024;
+constexpr std::string_view doubleMark = "@2x";
 
-    void setDoubleScale(std::vector<Ref<NSImageRep>> const& reps)
-    {
-        for (auto const& rep : reps) {
-            if (auto const bitmap = as<NSBitmapImageRep>(rep))
-                bitmap->setPixelsPerPoint({ 2, 2 });
-        }
+void setDoubleScale(std::vector<Ref<NSImageRep>> const& reps)
+{
+    for (auto const& rep : reps) {
+        if (auto const bitmap = as<NSBitmapImageRep>(rep))
+            bitmap->setPixelsPerPoint({ 2, 2 });
     }
+}
 
-    std::vector<Ref<NSImageRep>> imageRepsOfFile(std::string const& path)
-    {
-        auto const bytes = readImageFile(path);
-        return bytes ? imageRepsWithBytes(*bytes) : std::vector<Ref<NSImageRep>> {};
-    }
+std::vector<Ref<NSImageRep>> imageRepsOfFile(std::string const& path)
+{
+    auto const bytes = readImageFile(path);
+    return bytes ? imageRepsWithBytes(*bytes) : std::vector<Ref<NSImageRep>> {};
+}
 
 }
 

@@ -7,33 +7,30 @@ namespace plix {
 
 namespace {
 
-    /// Never taken down: named images live as long as the process.
-    std::map<std::string, Ref<NSImage>, std::less<>>& registry()
-    {
-        static auto* const s_registry = new std::map<std::string, Ref<NSImage>, std::less<>>;
-        return *s_registry;
-    }
+/// Never taken down: named images live as long as the process.
+std::map<std::string, Ref<NSImage>, std::less<>>& registry()
+{
+    static auto* const s_registry = new std::map<std::string, Ref<NSImage>, std::less<>>;
+    return *s_registry;
+}
 
-    std::vector<std::string>& resourceFolders()
-    {
-        static auto* const s_folders = new std::vector<std::string>;
-        return *s_folders;
-    }
+std::vector<std::string>& resourceFolders()
+{
+    static auto* const s_folders = new std::vector<std::string>;
+    return *s_folders;
+}
 
-    Ref<NSImage> imageInFolder(std::string const& folder, std::string_view name)
-    {
-        auto const path = std::filesystem::path(folder) / name;
-        std::error_code error;
-        if (std::filesystem::is_regular_file(path, error)) {
-            if (auto image = make<NSImage>(std::string_view(path.native())))
-                return image;
-        }
-        for (auto const& type : NSImage::imageUnfilteredFileTypes()) {
-            if (auto image = make<NSImage>(std::string_view(path.native() + "." + type)))
-                return image;
-        }
-        return nullptr;
+Ref<NSImage> imageInFolder(std::string const& folder, std::string_view name)
+{
+    auto const path = (std::filesystem::path(folder) / name).string();
+    if (auto image = make<NSImage>(std::string_view(path)))
+        return image;
+    for (auto const& type : NSImage::imageUnfilteredFileTypes()) {
+        if (auto image = make<NSImage>(std::string_view(path + "." + type)))
+            return image;
     }
+    return nullptr;
+}
 
 }
 

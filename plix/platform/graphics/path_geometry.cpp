@@ -8,109 +8,109 @@ namespace plix {
 
 namespace {
 
-    constexpr int mostSegments = 500;
+constexpr int mostSegments = 500;
 
-    struct Vector {
-        double x { 0 };
-        double y { 0 };
+struct Vector {
+    double x { 0 };
+    double y { 0 };
 
-        Vector() = default;
-        Vector(double horizontal, double vertical)
-            : x(horizontal)
-            , y(vertical)
-        {
-        }
-        Vector(Point point)
-            : x(point.x)
-            , y(point.y)
-        {
-        }
-        Point point() const { return { static_cast<float>(x), static_cast<float>(y) }; }
-        double length() const { return std::hypot(x, y); }
-        friend Vector operator+(Vector a, Vector b) { return { a.x + b.x, a.y + b.y }; }
-        friend Vector operator-(Vector a, Vector b) { return { a.x - b.x, a.y - b.y }; }
-        friend Vector operator*(Vector a, double factor) { return { a.x * factor, a.y * factor }; }
-    };
-
-    struct Curve {
-        Vector start;
-        Vector control1;
-        Vector control2;
-        Vector end;
-
-        Vector at(double t) const
-        {
-            double const u = 1 - t;
-            return start * (u * u * u) + control1 * (3 * u * u * t) + control2 * (3 * u * t * t) + end * (t * t * t);
-        }
-        int segmentsFor(double flatness) const
-        {
-            double const bend = std::max((start - control1 * 2 + control2).length(), (control1 - control2 * 2 + end).length());
-            // A chord of a curve whose second derivative is at most 6 bend deviates by at most 6 bend / 8 n^2.
-            double const count = std::ceil(std::sqrt(0.75 * bend / std::max(flatness, 1e-4)));
-            return count < mostSegments ? std::max(static_cast<int>(count), 1) : mostSegments;
-        }
-    };
-
-    class BoundsBuilder {
-    public:
-        void add(Vector point)
-        {
-            m_low = m_isEmpty ? point : Vector(std::min(m_low.x, point.x), std::min(m_low.y, point.y));
-            m_high = m_isEmpty ? point : Vector(std::max(m_high.x, point.x), std::max(m_high.y, point.y));
-            m_isEmpty = false;
-        }
-        void addExtremes(Curve const& curve)
-        {
-            addRoots(curve, curve.start.x, curve.control1.x, curve.control2.x, curve.end.x);
-            addRoots(curve, curve.start.y, curve.control1.y, curve.control2.y, curve.end.y);
-        }
-        Rect rect() const
-        {
-            return { static_cast<float>(m_low.x), static_cast<float>(m_low.y), static_cast<float>(m_high.x - m_low.x),
-                static_cast<float>(m_high.y - m_low.y) };
-        }
-
-    private:
-        void addRoots(Curve const& curve, double p0, double p1, double p2, double p3)
-        {
-            double const a = p3 - 3 * p2 + 3 * p1 - p0;
-            double const b = 2 * (p2 - 2 * p1 + p0);
-            double const c = p1 - p0;
-            if (std::abs(a) < 1e-9) {
-                if (std::abs(b) > 1e-9)
-                    addAt(curve, -c / b);
-                return;
-            }
-            double const discriminant = b * b - 4 * a * c;
-            if (discriminant < 0)
-                return;
-            addAt(curve, (-b + std::sqrt(discriminant)) / (2 * a));
-            addAt(curve, (-b - std::sqrt(discriminant)) / (2 * a));
-        }
-        void addAt(Curve const& curve, double t)
-        {
-            if (t > 0 && t < 1)
-                add(curve.at(t));
-        }
-
-        bool m_isEmpty { true };
-        Vector m_low;
-        Vector m_high;
-    };
-
-    double sweepOf(double start, double end, ArcDirection direction)
+    Vector() = default;
+    Vector(double horizontal, double vertical)
+        : x(horizontal)
+        , y(vertical)
     {
-        double sweep = direction == ArcDirection::counterClockwise ? end - start : start - end;
-        if (sweep < 0)
-            sweep -= 360 * std::floor(sweep / 360);
-        return std::min(sweep, 360.0) * (direction == ArcDirection::counterClockwise ? 1 : -1);
+    }
+    Vector(Point point)
+        : x(point.x)
+        , y(point.y)
+    {
+    }
+    Point point() const { return { static_cast<float>(x), static_cast<float>(y) }; }
+    double length() const { return std::hypot(x, y); }
+    friend Vector operator+(Vector a, Vector b) { return { a.x + b.x, a.y + b.y }; }
+    friend Vector operator-(Vector a, Vector b) { return { a.x - b.x, a.y - b.y }; }
+    friend Vector operator*(Vector a, double factor) { return { a.x * factor, a.y * factor }; }
+};
+
+struct Curve {
+    Vector start;
+    Vector control1;
+    Vector control2;
+    Vector end;
+
+    Vector at(double t) const
+    {
+        double const u = 1 - t;
+        return start * (u * u * u) + control1 * (3 * u * u * t) + control2 * (3 * u * t * t) + end * (t * t * t);
+    }
+    int segmentsFor(double flatness) const
+    {
+        double const bend = std::max((start - control1 * 2 + control2).length(), (control1 - control2 * 2 + end).length());
+        // A chord of a curve whose second derivative is at most 6 bend deviates by at most 6 bend / 8 n^2.
+        double const count = std::ceil(std::sqrt(0.75 * bend / std::max(flatness, 1e-4)));
+        return count < mostSegments ? std::max(static_cast<int>(count), 1) : mostSegments;
+    }
+};
+
+class BoundsBuilder {
+public:
+    void add(Vector point)
+    {
+        m_low = m_isEmpty ? point : Vector(std::min(m_low.x, point.x), std::min(m_low.y, point.y));
+        m_high = m_isEmpty ? point : Vector(std::max(m_high.x, point.x), std::max(m_high.y, point.y));
+        m_isEmpty = false;
+    }
+    void addExtremes(Curve const& curve)
+    {
+        addRoots(curve, curve.start.x, curve.control1.x, curve.control2.x, curve.end.x);
+        addRoots(curve, curve.start.y, curve.control1.y, curve.control2.y, curve.end.y);
+    }
+    Rect rect() const
+    {
+        return { static_cast<float>(m_low.x), static_cast<float>(m_low.y), static_cast<float>(m_high.x - m_low.x),
+            static_cast<float>(m_high.y - m_low.y) };
     }
 
-    Vector onCircle(Point center, double radius, double radians)
+private:
+    void addRoots(Curve const& curve, double p0, double p1, double p2, double p3)
     {
-        return Vector(center) + Vector(std::cos(radians), std::sin(radians)) * radius;
+        double const a = p3 - 3 * p2 + 3 * p1 - p0;
+        double const b = 2 * (p2 - 2 * p1 + p0);
+        double const c = p1 - p0;
+        if (std::abs(a) < 1e-9) {
+            if (std::abs(b) > 1e-9)
+                addAt(curve, -c / b);
+            return;
+        }
+        double const discriminant = b * b - 4 * a * c;
+        if (discriminant < 0)
+            return;
+        addAt(curve, (-b + std::sqrt(discriminant)) / (2 * a));
+        addAt(curve, (-b - std::sqrt(discriminant)) / (2 * a));
     }
+    void addAt(Curve const& curve, double t)
+    {
+        if (t > 0 && t < 1)
+            add(curve.at(t));
+    }
+
+    bool m_isEmpty { true };
+    Vector m_low;
+    Vector m_high;
+};
+
+double sweepOf(double start, double end, ArcDirection direction)
+{
+    double sweep = direction == ArcDirection::counterClockwise ? end - start : start - end;
+    if (sweep < 0)
+        sweep -= 360 * std::floor(sweep / 360);
+    return std::min(sweep, 360.0) * (direction == ArcDirection::counterClockwise ? 1 : -1);
+}
+
+Vector onCircle(Point center, double radius, double radians)
+{
+    return Vector(center) + Vector(std::cos(radians), std::sin(radians)) * radius;
+}
 
 }
 

@@ -8,19 +8,19 @@ namespace plix {
 
 namespace {
 
-    std::uint32_t plusDarkerPixel(std::uint32_t source, std::uint32_t destination)
-    {
-        int const sourceAlpha = static_cast<int>(source >> 24U);
-        int const destinationAlpha = static_cast<int>(destination >> 24U);
-        int const alpha = std::min(sourceAlpha + destinationAlpha, 255);
-        auto pixel = static_cast<std::uint32_t>(alpha) << 24U;
-        for (unsigned shift = 0; shift < 24; shift += 8) {
-            int const missing = sourceAlpha - static_cast<int>(source >> shift & 255U) + destinationAlpha
-                - static_cast<int>(destination >> shift & 255U);
-            pixel |= static_cast<std::uint32_t>(std::max(alpha - missing, 0)) << shift;
-        }
-        return pixel;
+std::uint32_t plusDarkerPixel(std::uint32_t source, std::uint32_t destination)
+{
+    int const sourceAlpha = static_cast<int>(source >> 24U);
+    int const destinationAlpha = static_cast<int>(destination >> 24U);
+    int const alpha = std::min(sourceAlpha + destinationAlpha, 255);
+    auto pixel = static_cast<std::uint32_t>(alpha) << 24U;
+    for (unsigned shift = 0; shift < 24; shift += 8) {
+        int const missing = sourceAlpha - static_cast<int>(source >> shift & 255U) + destinationAlpha
+            - static_cast<int>(destination >> shift & 255U);
+        pixel |= static_cast<std::uint32_t>(std::max(alpha - missing, 0)) << shift;
     }
+    return pixel;
+}
 
 }
 

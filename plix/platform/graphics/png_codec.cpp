@@ -8,52 +8,52 @@ namespace plix {
 
 namespace {
 
-    constexpr std::uint8_t signature[] { 0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n' };
-    constexpr std::size_t chunkOverhead = 12; // length, type, checksum
+constexpr std::uint8_t signature[] { 0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n' };
+constexpr std::size_t chunkOverhead = 12; // length, type, checksum
 
-    std::uint32_t bigEndian(FileBytes bytes, std::size_t at)
-    {
-        return static_cast<std::uint32_t>(bytes[at]) << 24U | static_cast<std::uint32_t>(bytes[at + 1]) << 16U
-            | static_cast<std::uint32_t>(bytes[at + 2]) << 8U | bytes[at + 3];
-    }
+std::uint32_t bigEndian(FileBytes bytes, std::size_t at)
+{
+    return static_cast<std::uint32_t>(bytes[at]) << 24U | static_cast<std::uint32_t>(bytes[at + 1]) << 16U
+        | static_cast<std::uint32_t>(bytes[at + 2]) << 8U | bytes[at + 3];
+}
 
-    /// The content of the first chunk of that type before the pixels.
-    std::optional<FileBytes> chunk(FileBytes bytes, char const* type)
-    {
-        for (std::size_t at = sizeof signature; at + chunkOverhead <= bytes.size();) {
-            std::size_t const length = bigEndian(bytes, at);
-            if (length > bytes.size() - at - chunkOverhead || std::memcmp(&bytes[at + 4], "IDAT", 4) == 0)
-                return std::nullopt;
-            if (std::memcmp(&bytes[at + 4], type, 4) == 0)
-                return bytes.subspan(at + 8, length);
-            at += length + chunkOverhead;
-        }
-        return std::nullopt;
+/// The content of the first chunk of that type before the pixels.
+std::optional<FileBytes> chunk(FileBytes bytes, char const* type)
+{
+    for (std::size_t at = sizeof signature; at + chunkOverhead <= bytes.size();) {
+        std::size_t const length = bigEndian(bytes, at);
+        if (length > bytes.size() - at - chunkOverhead || std::memcmp(&bytes[at + 4], "IDAT", 4) == 0)
+            return std::nullopt;
+        if (std::memcmp(&bytes[at + 4], type, 4) == 0)
+            return bytes.subspan(at + 8, length);
+        at += length + chunkOverhead;
     }
+    return std::nullopt;
+}
 
-    cairo_status_t readBytes(void* closure, unsigned char* target, unsigned length)
-    {
-        auto& rest = *static_cast<FileBytes*>(closure);
-        if (length > rest.size())
-            return CAIRO_STATUS_READ_ERROR;
-        std::copy_n(rest.begin(), length, target);
-        rest = rest.subspan(length);
-        return CAIRO_STATUS_SUCCESS;
-    }
+cairo_status_t readBytes(void* closure, unsigned char* target, unsigned length)
+{
+    auto& rest = *static_cast<FileBytes*>(closure);
+    if (length > rest.size())
+        return CAIRO_STATUS_READ_ERROR;
+    std::copy_n(rest.begin(), length, target);
+    rest = rest.subspan(length);
+    return CAIRO_STATUS_SUCCESS;
+}
 
-    cairo_status_t appendBytes(void* closure, unsigned char const* source, unsigned length)
-    {
-        auto& bytes = *static_cast<std::vector<std::uint8_t>*>(closure);
-        bytes.insert(bytes.end(), source, source + length);
-        return CAIRO_STATUS_SUCCESS;
-    }
+cairo_status_t appendBytes(void* closure, unsigned char const* source, unsigned length)
+{
+    auto& bytes = *static_cast<std::vector<std::uint8_t>*>(closure);
+    bytes.insert(bytes.end(), source, source + length);
+    return CAIRO_STATUS_SUCCESS;
+}
 
-    float scaleOf(FileBytes bytes)
-    {
-        auto const density = chunk(bytes, "pHYs");
-        bool const isPerMetre = density && density->size() == 9 && (*density)[8] == 1;
-        return isPerMetre ? pixelsPerPointFromResolution(bigEndian(*density, 0)) : 1;
-    }
+float scaleOf(FileBytes bytes)
+{
+    auto const density = chunk(bytes, "pHYs");
+    bool const isPerMetre = density && density->size() == 9 && (*density)[8] == 1;
+    return isPerMetre ? pixelsPerPointFromResolution(bigEndian(*density, 0)) : 1;
+}
 
 }
 
