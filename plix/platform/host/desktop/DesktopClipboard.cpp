@@ -18,7 +18,6 @@ constexpr NSTimeInterval s_patience = 1;
 constexpr NSTimeInterval s_patienceForTargets = 0.5;
 constexpr std::size_t s_longestText = std::size_t { 256 } << 20;
 constexpr long s_unitsPerRead = 1L << 20;
-constexpr std::size_t s_bytesPerUnit = 4;
 
 std::string utf8FromLatin1(std::string_view text)
 {
