@@ -27,6 +27,9 @@ list(APPEND PLIX_LOGIC_SOURCES
     platform/graphics/affine_transform.cpp
     platform/graphics/color_components.cpp
     platform/graphics/geometry.cpp
+    platform/graphics/glyph_rules.cpp
+    platform/graphics/text_lines.cpp
+    platform/graphics/text_placement.cpp
     platform/graphics/path_geometry.cpp
     platform/graphics/pixel_operations.cpp
     platform/graphics/shadow_blur.cpp

@@ -64,7 +64,7 @@ public:
 
     /// All runs in order; their lengths add up to length().
     std::vector<Run> const& runs() const { return m_runs; }
-    Utf16Index const& positions() const { return m_positions; }
+    Utf16Index& positions() const { return m_positions; }
 
     // NSObject:
     bool isEqual(NSObject const* other) const override;

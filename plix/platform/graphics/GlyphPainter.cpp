@@ -1,0 +1,195 @@
+#include <plix/platform/graphics/GlyphPainter.h>
+
+#include <plix/platform/graphics/GlyphFont.h>
+#include <plix/platform/graphics/NSColor.h>
+#include <plix/platform/graphics/NSGraphics.h>
+#include <plix/platform/graphics/NSGraphicsContext.h>
+#include <plix/platform/graphics/context_internals.h>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace plix {
+
+namespace {
+
+constexpr std::uint32_t oddBytes = 0x00FF00FF;
+
+/// The four bytes of a pixel times a coverage of 0 to 255, rounded.
+inline std::uint32_t scaledPixel(std::uint32_t pixel, std::uint32_t by)
+{
+    std::uint32_t low = (pixel & oddBytes) * by + 0x00800080;
+    std::uint32_t high = ((pixel >> 8) & oddBytes) * by + 0x00800080;
+    low = ((low + ((low >> 8) & oddBytes)) >> 8) & oddBytes;
+    high = (high + ((high >> 8) & oddBytes)) & ~oddBytes;
+    return low | high;
+}
+
+/// Pixels over pixels, by the mask's coverage.
+void blendRow(std::uint32_t* pixels, std::uint8_t const* coverage, int count, std::uint32_t color)
+{
+    bool const isOpaque = color >> 24 == 0xFF;
+    for (int i = 0; i < count; ++i) {
+        std::uint32_t const cover = coverage[i];
+        if (cover == 0)
+            continue;
+        if (cover == 0xFF && isOpaque) {
+            pixels[i] = color;
+            continue;
+        }
+        std::uint32_t const source = scaledPixel(color, cover);
+        pixels[i] = source + scaledPixel(pixels[i], 0xFF - (source >> 24));
+    }
+}
+
+/// As Cairo rounds a glyph's place.
+int nearestPixel(double value)
+{
+    return static_cast<int>(std::floor(value + 0.5));
+}
+
+}
+
+GlyphPainter::GlyphPainter(NSGraphicsContext& context)
+    : m_context(context)
+    , m_internals(context.internals())
+{
+    auto const& state = m_internals.state();
+    auto const matrix = m_internals.matrix();
+    double const down = state.isFlipped ? matrix.yy : -matrix.yy;
+    if (keepsAxes(matrix) && matrix.xx > 0 && std::abs(matrix.xx - down) < 1e-6)
+        m_scale = matrix.xx;
+    m_blends = m_scale > 0 && state.operation == NSCompositeSourceOver && !state.hasShadow() && state.clipIsRectangle;
+    setColor(nullptr);
+}
+
+GlyphPainter::~GlyphPainter()
+{
+    if (m_hasBlended)
+        cairo_surface_mark_dirty(m_internals.surface.get());
+}
+
+void GlyphPainter::setColor(NSColor const* color)
+{
+    m_color = color;
+    ColorComponents components = color ? color->components() : ColorComponents { 0, 0, 0, 1 };
+    components.alpha *= m_internals.state().alpha;
+    m_pixel = premultipliedPixel(components);
+}
+
+void GlyphPainter::paint(GlyphFont& font, std::span<SetGlyph const> glyphs, Point origin)
+{
+    if (glyphs.empty() || !std::isfinite(origin.x) || !std::isfinite(origin.y))
+        return;
+    if (m_blends && !(m_color && m_color->patternImage()))
+        blend(font, glyphs, origin);
+    else
+        paintByCairo(font, glyphs, origin);
+}
+
+void GlyphPainter::blend(GlyphFont& font, std::span<SetGlyph const> glyphs, Point origin)
+{
+    if (m_pixel >> 24 == 0)
+        return;
+    if (!m_hasBlended) {
+        cairo_surface_flush(m_internals.surface.get());
+        m_hasBlended = true;
+    }
+    auto const matrix = m_internals.matrix();
+    double const x = matrix.xx * static_cast<double>(origin.x) + matrix.x0;
+    double const y = matrix.yy * static_cast<double>(origin.y) + matrix.y0;
+    for (std::size_t i = 0; i < glyphs.size(); ++i) {
+        if (blendGlyph(
+                font, glyphs[i], x + m_scale * static_cast<double>(glyphs[i].x), y + m_scale * static_cast<double>(glyphs[i].y)))
+            continue;
+        cairo_surface_mark_dirty(m_internals.surface.get());
+        paintByCairo(font, glyphs.subspan(i, 1), origin);
+        cairo_surface_flush(m_internals.surface.get());
+    }
+}
+
+bool GlyphPainter::blendGlyph(GlyphFont& font, SetGlyph const& glyph, double x, double y)
+{
+    if (glyph.glyph & SetGlyph::isUnknown)
+        return false;
+    auto const& clip = m_internals.state().clip;
+    // Far outside: nothing shows, and no whole number holds it.
+    constexpr double beyondAnyGlyph = 1000;
+    if (x < clip.x - beyondAnyGlyph || x > clip.x + clip.width + beyondAnyGlyph || y < clip.y - beyondAnyGlyph
+        || y > clip.y + clip.height + beyondAnyGlyph)
+        return m_scale < 10;
+    auto const* mask = font.mask(glyph.glyph, m_scale);
+    if (!mask)
+        return false;
+    int const left = nearestPixel(x) + mask->left;
+    int const top = nearestPixel(y) + mask->top;
+    int const firstColumn = std::max(0, clip.x - left);
+    int const endColumn = std::min(mask->width, clip.x + clip.width - left);
+    int const firstRow = std::max(0, clip.y - top);
+    int const endRow = std::min(mask->height, clip.y + clip.height - top);
+    if (firstColumn >= endColumn)
+        return true;
+    auto const& buffer = m_internals.pixels;
+    for (int row = firstRow; row < endRow; ++row) {
+        auto* const line = buffer.pixels + static_cast<std::ptrdiff_t>(top + row) * buffer.stride;
+        blendRow(reinterpret_cast<std::uint32_t*>(line) + left + firstColumn,
+            mask->coverage + static_cast<std::ptrdiff_t>(row) * mask->width + firstColumn, endColumn - firstColumn, m_pixel);
+    }
+    return true;
+}
+
+void GlyphPainter::paintByCairo(GlyphFont& font, std::span<SetGlyph const> glyphs, Point origin)
+{
+    thread_local std::vector<cairo_glyph_t> placed;
+    placed.clear();
+    float left = std::numeric_limits<float>::max();
+    float right = -left;
+    auto const& metrics = font.metrics();
+    // Outlines may leave the line by about a letter on each side.
+    float const margin = metrics.ascender - metrics.descender;
+    for (auto const& glyph : glyphs) {
+        left = std::min(left, glyph.x);
+        right = std::max(right, glyph.x);
+        if (glyph.glyph & SetGlyph::isUnknown)
+            paintUnknown(glyph, metrics.capHeight, origin);
+        else
+            placed.push_back({ glyph.glyph, glyph.x, glyph.y });
+    }
+    if (placed.empty())
+        return;
+    bool const isFlipped = m_internals.state().isFlipped;
+    float const width = right - left + 2 * margin + std::max(metrics.maximumAdvance, margin);
+    Rect const bounds { origin.x + left - margin, origin.y - 2 * margin, width, 4 * margin };
+    Paint paint;
+    if (m_color && m_color->patternImage())
+        paint.pattern = Ref<NSColor>(const_cast<NSColor*>(m_color));
+    else if (m_color)
+        paint.components = m_color->components();
+    paintComposited(m_internals, m_internals.state().operation,
+        { bounds, [&](cairo_t* cairo) { setSource(cairo, m_internals, paint); },
+            [&](cairo_t* cairo) {
+                cairo_matrix_t before;
+                cairo_get_matrix(cairo, &before);
+                cairo_translate(cairo, origin.x, origin.y);
+                cairo_scale(cairo, 1, isFlipped ? 1 : -1);
+                cairo_set_scaled_font(cairo, font.scaledFont(m_scale > 0 ? m_scale : 1));
+                cairo_show_glyphs(cairo, placed.data(), static_cast<int>(placed.size()));
+                cairo_set_matrix(cairo, &before);
+            } });
+}
+
+/// A box stands for a character that no font has.
+void GlyphPainter::paintUnknown(SetGlyph const& glyph, float height, Point origin)
+{
+    auto const advance = static_cast<float>(glyph.glyph & ~SetGlyph::isUnknown);
+    float const up = m_internals.state().isFlipped ? -1 : 1;
+    Rect const box { origin.x + glyph.x + 1, up > 0 ? origin.y : origin.y - height, advance - 2, height };
+    if (box.isEmpty())
+        return;
+    GraphicsState const saved(m_context);
+    m_context.setFillColor(m_color ? *m_color : *NSColor::blackColor());
+    NSFrameRectWithWidthUsingOperation(box, 1, m_internals.state().operation);
+}
+
+}

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+// Private to plix/platform/graphics.
+
+namespace plix {
+
+class FontFace;
+struct ParagraphText;
+struct SetParagraph;
+
+/// Sets a paragraph of simple text in one font without Pango, with the result that Pango would give; false, with nothing done,
+/// where the text is not that simple.
+bool setSimply(ParagraphText const&, float width, SetParagraph&);
+
+/// One glyph a character, set from the font's tables or shaped.
+struct SimpleGlyphs {
+    std::vector<std::uint32_t> glyphs;
+    std::vector<std::int32_t> lefts; ///< whole points
+    int advance { 0 };
+};
+/// False where the text is not of simple characters that the font has, or shaping does not give one glyph a character.
+bool shapeSimply(FontFace&, std::string_view text, SimpleGlyphs&);
+
+}
