@@ -23,7 +23,13 @@ list(APPEND PLIX_LOGIC_SOURCES
     platform/appkit/theme_palette.cpp
     platform/foundation/NSCharacterSet.cpp
     platform/foundation/NSScanner.cpp
+    platform/foundation/calendar_fields.cpp
+    platform/foundation/date_parsing.cpp
+    platform/foundation/date_pattern.cpp
+    platform/foundation/date_text.cpp
+    platform/foundation/natural_dates.cpp
     platform/foundation/path_operations.cpp
+    platform/foundation/zone_rules.cpp
     platform/graphics/affine_transform.cpp
     platform/graphics/color_components.cpp
     platform/graphics/geometry.cpp

@@ -1,5 +1,7 @@
 #include <plix/platform/base/case_folding.h>
 
+#include <plix/platform/base/utf16.h>
+
 #include <algorithm>
 #include <cstdint>
 #include <iterator>
@@ -82,6 +84,16 @@ char32_t caseFolded(char32_t character)
     if (fold == std::end(folds) || character < fold->first || (character - fold->first) % fold->step != 0)
         return character;
     return static_cast<char32_t>(static_cast<std::int32_t>(character) + fold->delta);
+}
+
+std::size_t foldedPrefixLength(std::string_view text, std::string_view prefix)
+{
+    std::size_t length = 0;
+    for (std::size_t byte = 0; byte < prefix.size();) {
+        if (length >= text.size() || caseFolded(decodeUTF8(text, length)) != caseFolded(decodeUTF8(prefix, byte)))
+            return std::string_view::npos;
+    }
+    return length;
 }
 
 }

@@ -43,15 +43,6 @@ std::size_t afterExponent(std::string_view text, std::size_t byte)
     return end > digits ? end : byte;
 }
 
-bool equalFolded(std::string_view a, std::size_t& byte, std::string_view b)
-{
-    for (std::size_t other = 0; other < b.size();) {
-        if (byte >= a.size() || caseFolded(decodeUTF8(a, byte)) != caseFolded(decodeUTF8(b, other)))
-            return false;
-    }
-    return true;
-}
-
 }
 
 PLIX_DESCRIBE(NSScanner)
@@ -179,7 +170,8 @@ std::size_t NSScanner::matchAt(std::size_t byte, std::string_view searched) cons
 {
     if (m_caseSensitive)
         return std::string_view(m_string).substr(byte).starts_with(searched) ? byte + searched.size() : npos;
-    return equalFolded(m_string, byte, searched) ? byte : npos;
+    auto const length = foldedPrefixLength(std::string_view(m_string).substr(byte), searched);
+    return length == npos ? npos : byte + length;
 }
 
 std::size_t NSScanner::findString(std::size_t byte, std::string_view searched) const

@@ -1,6 +1,7 @@
 #include <plix/platform/foundation/collation.h>
 
 #include <plix/platform/base/utf16.h>
+#include <plix/platform/foundation/locale_values.h>
 #include <plix/platform/foundation/surroundings.h>
 
 #include <algorithm>
@@ -46,7 +47,7 @@ UCollator const* localeCollator(UColAttributeValue strength)
     auto& opened = strength == UCOL_SECONDARY ? s_secondary : s_tertiary;
     auto locale = surroundings().localeIdentifier();
     if (!opened.collator || opened.locale != locale) {
-        opened.collator = openCollator(locale.c_str(), strength);
+        opened.collator = openCollator(knownLocaleIdentifier().c_str(), strength);
         opened.locale = std::move(locale);
     }
     return opened.collator.get();

@@ -160,6 +160,8 @@ TEST(Collation, FollowsTheLocale)
     EXPECT_EQ(localizedCompare("a", "A"), NSOrderedAscending);
     EXPECT_EQ(localizedCaseInsensitiveCompare("a", "A"), NSOrderedSame);
     EXPECT_EQ(localizedCaseInsensitiveCompare("ä", "Z"), NSOrderedDescending);
+    set.locale = "no such locale";
+    EXPECT_EQ(localizedCompare("ä", "z"), NSOrderedAscending);
 }
 
 }

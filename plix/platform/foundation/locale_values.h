@@ -1,0 +1,33 @@
+#pragma once
+
+#include <plix/platform/foundation/date_text.h>
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace plix {
+
+/// How a locale writes dates and numbers.
+struct LocaleValues {
+    DateNames dates;
+    std::string decimalSeparator { "." };
+    std::string thousandsSeparator { "," };
+    std::string currencySymbol { "$" };
+};
+
+/// Of the surroundings' locale; looked up once for each. English where the locale is not known.
+LocaleValues const& localeValues();
+
+/// The names and formats of dates: the user's defaults where they set them, else the locale's.
+std::shared_ptr<DateNames const> currentDateNames();
+
+/// The surroundings' locale where it is well formed and its language known, else "en_US": what tables can be asked for without
+/// harm.
+std::string knownLocaleIdentifier();
+
+/// A date format for a pattern of letters as CLDR writes them: "d. MMMM y" gives "%e. %B %Y". Fields that have no directive are
+/// left out.
+std::string dateFormatFromPattern(std::string_view pattern);
+
+}
