@@ -93,6 +93,37 @@ Point pixelAlignedPoint(Point point, float backingScale)
     return { std::round(point.x * backingScale) / backingScale, std::round(point.y * backingScale) / backingScale };
 }
 
+static float startShowing(float start, float length, float visibleStart, float visibleLength)
+{
+    float const end = start + length;
+    float const visibleEnd = visibleStart + visibleLength;
+    if ((start >= visibleStart && end <= visibleEnd) || (start <= visibleStart && end >= visibleEnd))
+        return visibleStart;
+    bool const showsStart = (start < visibleStart) == (length <= visibleLength);
+    return showsStart ? start : end - visibleLength;
+}
+
+Point scrollPointShowing(Rect rect, Rect visible)
+{
+    return { startShowing(rect.x, rect.width, visible.x, visible.width),
+        startShowing(rect.y, rect.height, visible.y, visible.height) };
+}
+
+std::vector<Rect> exposedStrips(Rect before, Rect now)
+{
+    Rect const kept = NSIntersectionRect(before, now);
+    if (kept.isEmpty())
+        return { now };
+    std::vector<Rect> strips;
+    for (Rect strip : { Rect { now.x, now.y, now.width, kept.y - now.y },
+             Rect { now.x, kept.maxY(), now.width, now.maxY() - kept.maxY() }, Rect { now.x, kept.y, kept.x - now.x, kept.height },
+             Rect { kept.maxX(), kept.y, now.maxX() - kept.maxX(), kept.height } }) {
+        if (!strip.isEmpty())
+            strips.push_back(strip);
+    }
+    return strips;
+}
+
 ScrollerReading scrollerReading(
     float documentStart, float documentLength, float visibleStart, float visibleLength, ScrollDirection direction)
 {

@@ -3,6 +3,8 @@
 #include <plix/platform/appkit/border_type.h>
 #include <plix/platform/graphics/geometry.h>
 
+#include <vector>
+
 namespace plix {
 
 /// How thick a border is on each side, in points.
@@ -44,6 +46,13 @@ ScrollViewLayout scrollViewLayout(ScrollViewShape const&);
 Point constrainedScrollPoint(Point proposed, Rect documentRect, Size clipSize);
 /// The nearest point on whole device pixels.
 Point pixelAlignedPoint(Point, float backingScale);
+
+/// The nearest place for what is visible from which the rectangle is seen; where it is larger than that, as much as fits, and no
+/// move while it fills all that is visible.
+Point scrollPointShowing(Rect rect, Rect visible);
+
+/// The strips of `now` that `before` did not cover, for a clip that moved: one at each side that came into view.
+std::vector<Rect> exposedStrips(Rect before, Rect now);
 
 struct ScrollerReading {
     float value { 0 };

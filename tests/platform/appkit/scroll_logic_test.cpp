@@ -248,6 +248,36 @@ TEST(Scrolling, TellsTheScrollerWhereTheClipStandsAndBack)
     }
 }
 
+TEST(Scrolling, MovesNoFurtherThanNeededToShowARectangle)
+{
+    Rect const visible { 0, 100, 200, 50 };
+    struct Row {
+        Rect rect;
+        Point expected;
+    };
+    Row const rows[] = {
+        { { 0, 110, 50, 20 }, { 0, 100 } }, // seen already
+        { { 0, 90, 50, 20 }, { 0, 90 } },
+        { { 0, 140, 50, 20 }, { 0, 110 } },
+        { { 190, 110, 20, 20 }, { 10, 100 } },
+        { { 0, 80, 50, 100 }, { 0, 100 } }, // fills all that is visible
+        { { 0, 140, 50, 80 }, { 0, 140 } }, // too large: its near end
+        { { 0, 40, 50, 80 }, { 0, 70 } },
+    };
+    for (auto const& row : rows)
+        EXPECT_EQ(scrollPointShowing(row.rect, visible), row.expected) << NSStringFromRect(row.rect);
+}
+
+TEST(Scrolling, ExposesTheStripsThatCameIntoView)
+{
+    Rect const before { 0, 0, 100, 50 };
+    EXPECT_EQ(exposedStrips(before, { 0, 20, 100, 50 }), (std::vector<Rect> { { 0, 50, 100, 20 } }));
+    EXPECT_EQ(exposedStrips(before, { 0, -20, 100, 50 }), (std::vector<Rect> { { 0, -20, 100, 20 } }));
+    EXPECT_EQ(exposedStrips(before, { 30, 10, 100, 50 }), (std::vector<Rect> { { 30, 50, 100, 10 }, { 100, 10, 30, 40 } }));
+    EXPECT_EQ(exposedStrips(before, { 0, 50, 100, 50 }), (std::vector<Rect> { { 0, 50, 100, 50 } }));
+    EXPECT_TRUE(exposedStrips(before, before).empty());
+}
+
 TEST(Scrolling, KeepsAnOverlapBetweenPages)
 {
     EXPECT_EQ(pageScrollDistance(100, 10), 90);
