@@ -5,7 +5,9 @@
 
 #include <fstream>
 #include <iostream>
-#include <iterator>
+#include <vector>
+
+static constexpr long chunkSize = 1 << 16;
 
 int main(int argumentCount, char** arguments)
 {
@@ -14,7 +16,13 @@ int main(int argumentCount, char** arguments)
         return 2;
     }
     std::ifstream file(arguments[1], std::ios::binary);
-    std::vector<char> const bytes { std::istreambuf_iterator<char>(file), {} };
+    std::vector<char> bytes;
+    while (file) {
+        auto const size = bytes.size();
+        bytes.resize(size + chunkSize);
+        file.read(bytes.data() + size, chunkSize);
+        bytes.resize(size + static_cast<std::size_t>(file.gcount()));
+    }
     if (!file.is_open() || file.bad()) {
         std::cerr << "h264_headers: can't read " << arguments[1] << '\n';
         return 1;

@@ -22,8 +22,8 @@ struct ParameterSet {
     std::string fault;
 };
 
-/// All parameter sets of a byte stream. A picture parameter set is read by the last sequence parameter set of its number before it, or,
-/// without one, as one for 4:2:0.
+/// All parameter sets of a byte stream. A picture parameter set is read by the last sequence parameter set of its number before it,
+/// or, without one, as one for 4:2:0.
 std::vector<ParameterSet> parameterSetsOf(Bytes stream);
 
 void print(std::ostream&, ParameterSet const&);
