@@ -9,7 +9,7 @@
 
 namespace plix {
 
-static void PrintTo(CalendarTime const& time, std::ostream* out)
+static void PrintTo(CalendarFields const& time, std::ostream* out)
 {
     *out << time.year << '-' << time.month << '-' << time.day << ' ' << time.hour << ':' << time.minute << ':' << time.second
          << " + " << time.fraction;
@@ -18,16 +18,16 @@ static void PrintTo(CalendarTime const& time, std::ostream* out)
 namespace {
 
 // A calendar of its own: days counted one by one.
-bool isLeap(int year)
+bool isLeap(std::int64_t year)
 {
     return (year % 4 == 0 && year % 100 != 0) || year % 400 == 0;
 }
-int daysIn(int year, int month)
+int daysIn(std::int64_t year, int month)
 {
     static constexpr std::array<int, 12> days { 31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31 };
     return days[static_cast<std::size_t>(month - 1)] + (month == 2 && isLeap(year));
 }
-void step(CalendarTime& time, int direction)
+void step(CalendarFields& time, int direction)
 {
     time.day += direction;
     if (time.day > daysIn(time.year, time.month)) {
@@ -44,7 +44,7 @@ void step(CalendarTime& time, int direction)
         time.day = daysIn(time.year, time.month);
     }
 }
-CalendarTime byDays(CalendarTime time, int days)
+CalendarFields byDays(CalendarFields time, int days)
 {
     for (; days > 0; --days)
         step(time, 1);
@@ -52,23 +52,23 @@ CalendarTime byDays(CalendarTime time, int days)
         step(time, -1);
     return time;
 }
-CalendarTime at(int year, int month, int day, int hour = 0, int minute = 0, int second = 0, double fraction = 0)
+CalendarFields at(std::int64_t year, int month, int day, int hour = 0, int minute = 0, int second = 0, double fraction = 0)
 {
     return { year, month, day, hour, minute, second, fraction };
 }
-CalendarTime lastSecondBefore(CalendarTime time, double fraction = 0)
+CalendarFields lastSecondBefore(CalendarFields time, double fraction = 0)
 {
     step(time, -1);
     return at(time.year, time.month, time.day, 23, 59, 59, fraction);
 }
 // The first of the month `count` months away.
-CalendarTime monthsAway(int year, int month, int count)
+CalendarFields monthsAway(std::int64_t year, int month, int count)
 {
-    int const months = year * 12 + month - 1 + count;
-    return at(months / 12, months % 12 + 1, 1);
+    auto const months = year * 12 + month - 1 + count;
+    return at(months / 12, static_cast<int>(months % 12) + 1, 1);
 }
 
-CalendarRange rangeByDefinition(int code, CalendarTime const& now, int weekday)
+CalendarRange rangeByDefinition(int code, CalendarFields const& now, int weekday)
 {
     auto const today = at(now.year, now.month, now.day);
     auto sunday = byDays(today, -weekday);
@@ -149,38 +149,6 @@ TEST(CalendarRange, WeeksBeginOnSunday)
     auto const sunday = at(2007, 4, 1, 9, 30);
     EXPECT_EQ(calendarRangeForMnemonic(6, sunday)->start, at(2007, 4, 1));
     EXPECT_EQ(calendarRangeForMnemonic(2, sunday)->start, at(2007, 3, 25));
-}
-
-TEST(CalendarSum, CarriesAsAClockDoes)
-{
-    struct Row {
-        CalendarTime time;
-        CalendarSpan span;
-        CalendarTime sum;
-    };
-    for (auto const& row : {
-             Row { at(2003, 1, 31), { .months = 1 }, at(2003, 2, 28) },
-             Row { at(2004, 1, 31), { .months = 1 }, at(2004, 2, 29) },
-             Row { at(2004, 2, 29), { .years = 1 }, at(2005, 2, 28) },
-             Row { at(2004, 2, 29), { .years = -4, .months = 12 }, at(2001, 2, 28) },
-             Row { at(2003, 1, 31), { .months = 1, .days = 1 }, at(2003, 3, 1) },
-             Row { at(2003, 12, 31, 23, 59, 59, 0.25), { .seconds = 1 }, at(2004, 1, 1, 0, 0, 0, 0.25) },
-             Row { at(2004, 1, 1), { .seconds = -1 }, at(2003, 12, 31, 23, 59, 59) },
-             Row { at(2003, 6, 15, 10, 0, 0), { .hours = 40, .minutes = -100 }, at(2003, 6, 17, 0, 20, 0) },
-             Row { at(2003, 6, 15), { .months = -30 }, at(2000, 12, 15) },
-             Row { at(1, 1, 1), { .days = -1 }, at(0, 12, 31) },
-         })
-        EXPECT_EQ(sum(row.time, row.span), row.sum);
-}
-
-TEST(CalendarSum, StepsThroughFourHundredYearsDayByDay)
-{
-    auto day = at(1900, 1, 1);
-    for (int number = 0; number < 146097; ++number) {
-        ASSERT_EQ(sum(at(1900, 1, 1), { .days = number }), day);
-        ASSERT_EQ(dayOfWeek(day), (number + 1) % 7);
-        step(day, 1);
-    }
 }
 
 TEST(ShortestDateFormat, GivesTheStatedFormats)
