@@ -17,5 +17,5 @@ fi
 
 cmake --build build/fuzz --target "fuzz_$target"
 mkdir -p "build/fuzz/found/$target" out/fuzz
-"build/fuzz/fuzz/fuzz_$target" -max_total_time="${2:-60}" -print_final_stats=1 -timeout=10 -rss_limit_mb=2048 \
+"build/fuzz/fuzz/fuzz_$target" -max_total_time="${2:-60}" -print_final_stats=1 -timeout=10 -rss_limit_mb=6144 -malloc_limit_mb=1024 \
     -artifact_prefix="out/fuzz/$target-" "build/fuzz/found/$target" "fuzz/corpus/$target"

@@ -31,6 +31,20 @@ std::optional<FileBytes> chunk(FileBytes bytes, char const* type)
     return std::nullopt;
 }
 
+// libpng allocates what a chunk says that it holds before it reads it.
+bool hasEveryChunkWhole(FileBytes bytes)
+{
+    for (std::size_t at = sizeof signature; at + chunkOverhead <= bytes.size();) {
+        std::size_t const length = bigEndian(bytes, at);
+        if (length > bytes.size() - at - chunkOverhead)
+            return false;
+        if (std::memcmp(&bytes[at + 4], "IEND", 4) == 0)
+            return true;
+        at += length + chunkOverhead;
+    }
+    return false;
+}
+
 cairo_status_t readBytes(void* closure, unsigned char* target, unsigned length)
 {
     auto& rest = *static_cast<FileBytes*>(closure);
@@ -66,6 +80,8 @@ std::vector<DecodedImage> decodePNG(FileBytes bytes)
 {
     auto const header = chunk(bytes, "IHDR");
     if (!header || header->size() < 13 || !isAcceptableSize(bigEndian(*header, 0), bigEndian(*header, 4)))
+        return {};
+    if (!hasEveryChunkWhole(bytes))
         return {};
     FileBytes rest = bytes;
     Handle<cairo_surface_t> const surface(cairo_image_surface_create_from_png_stream(readBytes, &rest));
