@@ -1,7 +1,5 @@
 #include <plix/platform/appkit/Theme.h>
 
-#include <plix/platform/appkit/NSView.h>
-#include <plix/platform/appkit/NSWindow.h>
 #include <plix/platform/graphics/NSBezierPath.h>
 #include <plix/platform/graphics/NSColor.h>
 #include <plix/platform/graphics/NSGraphics.h>
@@ -49,17 +47,6 @@ Ref<NSColor> Theme::selectionColor(ControlLook const& look) const
 Ref<NSColor> Theme::selectionTextColor(ControlLook const& look) const
 {
     return look.isWindowActive && look.isFocused ? NSColor::alternateSelectedControlTextColor() : NSColor::controlTextColor();
-}
-
-ControlLook Theme::lookOfView(NSView const& view)
-{
-    ControlLook look;
-    if (auto const* window = view.window()) {
-        auto const* sheet = window->attachedSheet();
-        look.isWindowActive = window->isKeyWindow() || (sheet && sheet->isKeyWindow());
-        look.isFocused = window->firstResponder() == &view;
-    }
-    return look;
 }
 
 void Theme::fill(Rect rect, NSColor const& color) const

@@ -11,7 +11,7 @@ namespace plix {
 namespace {
 
 // Half of the side on which an arrow stands, and how far it reaches.
-constexpr float arrowHalfWidth = 3.5F;
+constexpr float arrowHalfWidth = 4;
 constexpr float arrowReach = 4;
 
 ThemeRole knobRole(ControlLook const& look)
@@ -50,9 +50,10 @@ void Theme::drawScrollerKnob(ScrollerPlan const& plan, ControlLook const& look) 
 {
     if (plan.knob.isEmpty())
         return;
-    // The slot's edge line takes one point, so the knob is moved to the middle of what is left.
+    // The slot's edge line takes one point on one side; a point more on the other side has the knob in the middle of what is left.
     bool const isVertical = plan.axis == ScrollerAxis::vertical;
-    Rect const knob = NSOffsetRect(plan.knob, isVertical ? 0.5F : 0, isVertical ? 0 : 0.5F);
+    Rect const knob { plan.knob.x, plan.knob.y, plan.knob.width + (isVertical ? 1.F : 0),
+        plan.knob.height + (isVertical ? 0 : 1.F) };
     GraphicsState const saved;
     color(knobRole(look))->setFill();
     roundedRect(knob, std::min(knob.width, knob.height) / 2)->fill();
@@ -68,8 +69,9 @@ void Theme::drawScrollerArrow(ScrollerPlan const& plan, NSScrollerPart part, Con
     for (auto [along, across] : { std::pair { 0.5F, 0.F }, { -0.5F, -1.F }, { -0.5F, 1.F } }) {
         float const forward = along * towards * arrowReach;
         float const sideways = across * arrowHalfWidth;
-        Point const point = plan.axis == ScrollerAxis::vertical ? Point { rect.midX() + sideways, rect.midY() + forward }
-                                                                : Point { rect.midX() + forward, rect.midY() + sideways };
+        // In the middle of what the slot's edge line leaves, as the knob is.
+        Point const point = plan.axis == ScrollerAxis::vertical ? Point { rect.midX() + 0.5F + sideways, rect.midY() + forward }
+                                                                : Point { rect.midX() + forward, rect.midY() + 0.5F + sideways };
         if (path->isEmpty())
             path->moveToPoint(point);
         else
