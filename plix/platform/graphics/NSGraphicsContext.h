@@ -91,6 +91,9 @@ public:
     void setPatternPhase(Point);
     bool isDrawingToScreen() const { return true; }
 
+    /// The context as the operations named CGContext... take it.
+    NSGraphicsContext* graphicsPort() { return this; }
+
     /// How many states are saved.
     std::size_t stateDepth() const;
     void saveGraphicsState(Badge<GraphicsState> const&);

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <plix/platform/base/Class.h>
+
+#include <cstddef>
+#include <string_view>
+
+namespace plix {
+
+/// What the components of a shading's colours mean. One RGB space and one grey space lie underneath all names.
+class CGColorSpace : public NSObject {
+    PLIX_CLASS(CGColorSpace, NSObject);
+
+public:
+    enum class Model { gray, rgb };
+
+    using Base::init;
+    bool init(Model model)
+    {
+        m_model = model;
+        return true;
+    }
+    Model model() const { return m_model; }
+    /// Without alpha.
+    std::size_t numberOfComponents() const { return m_model == Model::gray ? 1 : 3; }
+
+private:
+    void copyStateTo(NSObject& fresh) const override;
+
+    Model m_model { Model::rgb };
+};
+
+using CGColorSpaceRef = Ref<CGColorSpace>;
+
+inline constexpr std::string_view kCGColorSpaceUserGray = "kCGColorSpaceUserGray";
+inline constexpr std::string_view kCGColorSpaceUserRGB = "kCGColorSpaceUserRGB";
+inline constexpr std::string_view kCGColorSpaceGenericGray = "kCGColorSpaceGenericGray";
+inline constexpr std::string_view kCGColorSpaceGenericRGB = "kCGColorSpaceGenericRGB";
+
+/// A new space that the caller holds alone; null for an unknown name.
+CGColorSpaceRef CGColorSpaceCreateWithName(std::string_view name);
+CGColorSpaceRef CGColorSpaceCreateDeviceGray();
+CGColorSpaceRef CGColorSpaceCreateDeviceRGB();
+/// 0 for null.
+std::size_t CGColorSpaceGetNumberOfComponents(CGColorSpaceRef const&);
+
+}

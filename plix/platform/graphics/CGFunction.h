@@ -1,0 +1,51 @@
+#pragma once
+
+#include <plix/platform/base/Class.h>
+
+#include <cstddef>
+#include <span>
+#include <vector>
+
+namespace plix {
+
+using CGFunctionEvaluateCallback = void (*)(void* info, float const* in, float* out);
+using CGFunctionReleaseInfoCallback = void (*)(void* info);
+
+struct CGFunctionCallbacks {
+    unsigned version { 0 }; ///< 0
+    CGFunctionEvaluateCallback evaluate { nullptr };
+    /// Called when the function is destroyed; may be null.
+    CGFunctionReleaseInfoCallback releaseInfo { nullptr };
+};
+
+/// A function of some numbers to some numbers that the host evaluates. `info` is the host's and only passed on.
+class CGFunction : public NSObject {
+    PLIX_CLASS(CGFunction, NSObject);
+
+public:
+    ~CGFunction() override;
+
+    bool init() { return false; }
+    bool init(void* info, std::span<float const> domain, std::span<float const> range, CGFunctionCallbacks const&);
+
+    std::size_t domainDimension() const { return m_domain.size() / 2; }
+    std::size_t rangeDimension() const { return m_range.size() / 2; }
+    /// Calls the host with the input brought into the domain, and brings what it answers into the range. `in` has domainDimension()
+    /// values, `out` room for rangeDimension().
+    void evaluate(float const* in, float* out) const;
+
+private:
+    void* m_info { nullptr };
+    std::vector<float> m_domain;
+    std::vector<float> m_range;
+    CGFunctionCallbacks m_callbacks;
+};
+
+using CGFunctionRef = Ref<CGFunction>;
+
+/// Domain and range are pairs of a least and a greatest value, one pair a dimension; without a range outputs are not limited. Null
+/// without an evaluate callback, a domain or any output dimension, and for callbacks of another version than 0.
+CGFunctionRef CGFunctionCreate(void* info, std::size_t domainDimension, float const* domain, std::size_t rangeDimension,
+    float const* range, CGFunctionCallbacks const* callbacks);
+
+}

@@ -1,0 +1,211 @@
+#include <plix/platform/graphics/CGShading.h>
+
+#include <plix/platform/graphics/context_internals.h>
+
+#include <algorithm>
+#include <cmath>
+#include <optional>
+#include <vector>
+
+namespace plix {
+
+namespace {
+
+constexpr int mostSteps = 8192;
+
+/// t = x * perX + y * perY + offset for the middle of device pixel (x, y).
+struct AxisOnDevice {
+    double perX { 0 };
+    double perY { 0 };
+    double offset { 0 };
+    /// How many pixels from t 0 to t 1.
+    double length { 0 };
+
+    double at(int x, int y) const { return (x + 0.5) * perX + (y + 0.5) * perY + offset; }
+};
+
+std::optional<AxisOnDevice> axisOnDevice(cairo_matrix_t const& matrix, CGShading::Axis const& axis)
+{
+    double const dx = static_cast<double>(axis.end.x) - axis.start.x;
+    double const dy = static_cast<double>(axis.end.y) - axis.start.y;
+    double const squared = dx * dx + dy * dy;
+    cairo_matrix_t toUser = matrix;
+    if (!(squared > 0) || !std::isfinite(squared) || cairo_matrix_invert(&toUser) != CAIRO_STATUS_SUCCESS)
+        return std::nullopt;
+    AxisOnDevice result;
+    result.perX = (toUser.xx * dx + toUser.yx * dy) / squared;
+    result.perY = (toUser.xy * dx + toUser.yy * dy) / squared;
+    result.offset = ((toUser.x0 - axis.start.x) * dx + (toUser.y0 - axis.start.y) * dy) / squared;
+    result.length = 1 / std::hypot(result.perX, result.perY);
+    return std::isfinite(result.length) ? std::optional(result) : std::nullopt;
+}
+
+class Painter {
+public:
+    Painter(CGShading const& shading, AxisOnDevice const& axis, double alpha, bool antialiases)
+        : m_shading(shading)
+        , m_axis(axis)
+        , m_alpha(static_cast<float>(alpha))
+        , m_antialiases(antialiases)
+    {
+    }
+
+    /// The premultiplied colour of a pixel whose middle lies at t.
+    std::uint32_t pixelAt(double t) const
+    {
+        float const coverage = coverageAt(t);
+        return coverage > 0 ? colorAt(static_cast<float>(std::clamp(t, 0.0, 1.0)), coverage) : 0;
+    }
+    std::uint32_t colorAt(float t, float coverage) const
+    {
+        float out[8] {};
+        m_shading.function().evaluate(&t, out);
+        bool const isGray = m_shading.colorSpace().model() == CGColorSpace::Model::gray;
+        ColorComponents const color { clampedComponent(out[0]), clampedComponent(out[isGray ? 0 : 1]),
+            clampedComponent(out[isGray ? 0 : 2]), clampedComponent(out[isGray ? 1 : 3]) * coverage * m_alpha };
+        return premultipliedPixel(color);
+    }
+    float coverageAt(double t) const
+    {
+        auto const& axis = m_shading.axis();
+        return covered(t * m_axis.length, axis.extendsStart) * covered((1 - t) * m_axis.length, axis.extendsEnd);
+    }
+
+private:
+    float covered(double inside, bool isExtended) const
+    {
+        if (isExtended)
+            return 1;
+        if (!m_antialiases)
+            return inside >= 0 ? 1 : 0;
+        // An end on the edge between two pixels leaves a middle half a pixel away from it.
+        double const share = inside + 0.5;
+        return share < 1e-4 ? 0 : share > 1 - 1e-4 ? 1 : static_cast<float>(share);
+    }
+
+    CGShading const& m_shading;
+    AxisOnDevice const& m_axis;
+    float m_alpha;
+    bool m_antialiases;
+};
+
+/// The colours of a slanting axis at even steps, so that not every pixel asks the function.
+class Steps {
+public:
+    Steps(Painter const& painter, AxisOnDevice const& axis)
+        : m_painter(painter)
+    {
+        auto const count = std::clamp(static_cast<int>(std::ceil(axis.length * 2)), 2, mostSteps);
+        for (int i = 0; i <= count; ++i)
+            m_colors.push_back(painter.colorAt(static_cast<float>(i) / static_cast<float>(count), 1));
+    }
+    std::uint32_t pixelAt(double t) const
+    {
+        float const coverage = m_painter.coverageAt(t);
+        if (coverage <= 0)
+            return 0;
+        if (coverage < 1)
+            return m_painter.pixelAt(t);
+        auto const last = static_cast<double>(m_colors.size() - 1);
+        return m_colors[static_cast<std::size_t>(std::lround(std::clamp(t, 0.0, 1.0) * last))];
+    }
+
+private:
+    Painter const& m_painter;
+    std::vector<std::uint32_t> m_colors;
+};
+
+struct Canvas {
+    std::uint8_t* pixels;
+    int stride;
+    PixelRect area; ///< on the device
+
+    std::uint32_t* row(int y) const { return reinterpret_cast<std::uint32_t*>(pixels + static_cast<std::ptrdiff_t>(y) * stride); }
+};
+
+void paintRows(Canvas const& canvas, Painter const& painter, AxisOnDevice const& axis)
+{
+    for (int y = 0; y < canvas.area.height; ++y)
+        std::fill_n(canvas.row(y), canvas.area.width, painter.pixelAt(axis.at(canvas.area.x, canvas.area.y + y)));
+}
+
+void paintColumns(Canvas const& canvas, Painter const& painter, AxisOnDevice const& axis)
+{
+    auto* first = canvas.row(0);
+    for (int x = 0; x < canvas.area.width; ++x)
+        first[x] = painter.pixelAt(axis.at(canvas.area.x + x, canvas.area.y));
+    for (int y = 1; y < canvas.area.height; ++y)
+        std::copy_n(first, canvas.area.width, canvas.row(y));
+}
+
+void paintSlanting(Canvas const& canvas, Painter const& painter, AxisOnDevice const& axis)
+{
+    Steps const steps(painter, axis);
+    for (int y = 0; y < canvas.area.height; ++y) {
+        auto* row = canvas.row(y);
+        for (int x = 0; x < canvas.area.width; ++x)
+            row[x] = steps.pixelAt(axis.at(canvas.area.x + x, canvas.area.y + y));
+    }
+}
+
+void paint(Canvas const& canvas, Painter const& painter, AxisOnDevice const& axis)
+{
+    constexpr double nothing = 1e-9;
+    if (std::abs(axis.perX) < nothing * std::abs(axis.perY))
+        paintRows(canvas, painter, axis);
+    else if (std::abs(axis.perY) < nothing * std::abs(axis.perX))
+        paintColumns(canvas, painter, axis);
+    else
+        paintSlanting(canvas, painter, axis);
+}
+
+}
+
+PLIX_DESCRIBE(CGShading)
+{
+}
+
+bool CGShading::init(CGColorSpaceRef const& space, Axis const& axis, CGFunctionRef const& function)
+{
+    m_colorSpace = space;
+    m_axis = axis;
+    m_function = function;
+    return m_colorSpace && m_function;
+}
+
+CGShadingRef CGShadingCreateAxial(
+    CGColorSpaceRef const& space, Point start, Point end, CGFunctionRef const& function, bool extendStart, bool extendEnd)
+{
+    bool const fits
+        = space && function && function->domainDimension() == 1 && function->rangeDimension() == space->numberOfComponents() + 1;
+    return fits ? make<CGShading>(space, CGShading::Axis { start, end, extendStart, extendEnd }, function) : nullptr;
+}
+
+void CGContextDrawShading(CGContextRef context, CGShadingRef const& shading)
+{
+    if (!context || !shading)
+        return;
+    auto& internals = context->internals();
+    auto const& state = internals.state();
+    auto const area = state.clip;
+    auto const axis = axisOnDevice(internals.matrix(), shading->axis());
+    if (isEmpty(area) || !axis)
+        return;
+    Handle<cairo_surface_t> const surface(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, area.width, area.height));
+    if (cairo_surface_status(surface.get()) != CAIRO_STATUS_SUCCESS)
+        return;
+    Painter const painter(*shading, *axis, state.alpha, state.antialiases);
+    paint({ cairo_image_surface_get_data(surface.get()), cairo_image_surface_get_stride(surface.get()), area }, painter, *axis);
+    cairo_surface_mark_dirty(surface.get());
+    auto* cairo = internals.cairo.get();
+    auto const matrix = internals.matrix();
+    cairo_identity_matrix(cairo);
+    cairo_set_source_surface(cairo, surface.get(), area.x, area.y);
+    cairo_pattern_set_filter(cairo_get_source(cairo), CAIRO_FILTER_NEAREST);
+    cairo_set_operator(cairo, cairoOperator(state.operation));
+    cairo_rectangle(cairo, area.x, area.y, area.width, area.height);
+    cairo_fill(cairo);
+    cairo_set_matrix(cairo, &matrix);
+}
+
+}
