@@ -1,5 +1,6 @@
+#include <plix/platform/foundation/date_pattern.h>
+
 #include <plix/platform/base/utf16.h>
-#include <plix/platform/foundation/locale_values.h>
 
 namespace plix {
 

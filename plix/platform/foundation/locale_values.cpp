@@ -1,6 +1,7 @@
 #include <plix/platform/foundation/locale_values.h>
 
 #include <plix/platform/base/utf16.h>
+#include <plix/platform/foundation/date_pattern.h>
 #include <plix/platform/foundation/surroundings.h>
 
 #include <algorithm>

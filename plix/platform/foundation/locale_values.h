@@ -26,8 +26,4 @@ std::shared_ptr<DateNames const> currentDateNames();
 /// harm.
 std::string knownLocaleIdentifier();
 
-/// A date format for a pattern of letters as CLDR writes them: "d. MMMM y" gives "%e. %B %Y". Fields that have no directive are
-/// left out.
-std::string dateFormatFromPattern(std::string_view pattern);
-
 }

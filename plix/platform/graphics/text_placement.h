@@ -1,7 +1,7 @@
 #pragma once
 
-#include <plix/platform/graphics/NSParagraphStyle.h>
 #include <plix/platform/graphics/geometry.h>
+#include <plix/platform/graphics/paragraph_layout.h>
 
 #include <vector>
 

@@ -1,5 +1,5 @@
+#include <plix/platform/foundation/date_pattern.h>
 #include <plix/platform/foundation/date_text.h>
-#include <plix/platform/foundation/locale_values.h>
 
 #include <gtest/gtest.h>
 
