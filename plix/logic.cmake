@@ -18,6 +18,8 @@ list(APPEND PLIX_LOGIC_SOURCES
     format/number_text.cpp
     format/time_interval_text.cpp
     platform/appkit/cell_layout.cpp
+    platform/appkit/key_bindings.cpp
+    platform/appkit/reading_order.cpp
     platform/appkit/scroll_layout.cpp
     platform/appkit/scroller_geometry.cpp
     platform/appkit/theme_palette.cpp
@@ -28,6 +30,7 @@ list(APPEND PLIX_LOGIC_SOURCES
     platform/foundation/date_pattern.cpp
     platform/foundation/date_text.cpp
     platform/foundation/natural_dates.cpp
+    platform/appkit/view_geometry.cpp
     platform/foundation/path_operations.cpp
     platform/foundation/zone_rules.cpp
     platform/graphics/affine_transform.cpp
@@ -46,6 +49,7 @@ list(APPEND PLIX_LOGIC_SOURCES
     platform/host/desktop/key_translation.cpp
     platform/host/desktop/screen_space.cpp
     platform/host/window_placement.cpp
+    platform/graphics/region.cpp
     tables/column_plan.cpp
     tables/row_highlight.cpp
     windows/background_plan.cpp

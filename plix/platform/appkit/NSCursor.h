@@ -48,7 +48,6 @@ public:
 private:
     static NSCursor& standardCursor(CursorShape);
     static void apply();
-    friend class CursorState;
 
     Ref<NSImage> m_image;
     Point m_hotSpot;

@@ -148,8 +148,14 @@ public:
     /// Lines; positive y scrolls towards the start of the content, positive x towards its left.
     static Ref<NSEvent> scrollWheelEvent(
         Point location, unsigned modifierFlags, NSTimeInterval timestamp, long windowNumber, float deltaX, float deltaY);
+    /// What an input method shows and has not entered yet, on its way to the first responder: the text in characters(), the caret
+    /// in data1().
+    static Ref<NSEvent> preeditEvent(NSTimeInterval timestamp, long windowNumber, std::string text, long caret);
+    static constexpr short preeditSubtype = 20;
     /// The receiver as another window sees it: everything the same but window and location.
     Ref<NSEvent> eventInWindow(long windowNumber, Point location) const;
+    /// The receiver with these of its values different.
+    Ref<NSEvent> eventWithButton(long buttonNumber, float deltaX, float deltaY) const;
 
     NSEventType type() const { return m_type; }
     unsigned modifierFlags() const { return m_modifierFlags; }
@@ -213,7 +219,8 @@ public:
     std::string description() const override;
 
 private:
-    friend class EventMaker;
+    static Ref<NSEvent> eventWith(NSEventType, Point location, unsigned modifierFlags, NSTimeInterval timestamp, long windowNumber);
+    void copyStateTo(NSObject& fresh) const override;
 
     NSEventType m_type { NSApplicationDefined };
     Point m_location;

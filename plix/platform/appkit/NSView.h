@@ -239,14 +239,14 @@ public:
     // NSResponder:
     bool performKeyEquivalent(NSEvent&) override;
     bool performMnemonic(std::string_view) override;
-    void mouseDown(NSEvent&) override;
 
     /// For the platform's own machinery, declared in NSView_internal.h.
     struct Extras;
-    friend class ViewTree;
-    friend class ViewDrawing;
+    struct Access;
 
 private:
+    friend struct Access;
+
     struct Flags {
         bool autoresizesSubviews : 1 { true };
         bool isHidden : 1 { false };
@@ -254,10 +254,27 @@ private:
         bool postsBoundsChanges : 1 { false };
         bool hasOwnBoundsSize : 1 { false };
         bool descendantNeedsDisplay : 1 { false };
-        bool isDrawing : 1 { false };
+        bool holdsFrameNotification : 1 { false };
     };
 
     Extras& extras();
+    Extras const* extrasOrNull() const { return m_extras.get(); }
+    AffineTransform toSuperview() const;
+    AffineTransform toBase() const;
+    AffineTransform toView(NSView const*) const;
+    Rect frameArea() const;
+    void markDirty(Rect);
+    void markDirtyInSuperview(Rect);
+    void propagateDirtiness();
+    void geometryChanged();
+    void frameChanged();
+    void boundsChanged();
+    void insertSubview(NSView&, std::size_t place);
+    void detach(bool marksSuperview);
+    void willMoveToWindow(NSWindow*);
+    void setWindow(NSWindow*);
+    void didMoveToWindow();
+    void tellHidden(bool isHidden);
 
     NSWindow* m_window { nullptr };
     NSView* m_superview { nullptr };

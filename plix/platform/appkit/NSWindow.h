@@ -7,6 +7,7 @@
 #include <plix/platform/base/NSDate.h>
 #include <plix/platform/graphics/geometry.h>
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -54,9 +55,8 @@ enum NSWindowButton : int {
 };
 
 /// A window on the screen. Its frame is in screen coordinates, y upwards, and includes what the window system puts around the
-/// content; base coordinates begin at the frame's lower left corner. The application keeps a window while it is on screen (one that
-/// is released when closed: from when it first comes on screen until it closes); otherwise whoever made it does. The host's window
-/// is made when the window first comes on screen.
+/// content; base coordinates begin at the frame's lower left corner. The application keeps a window while it is on screen;
+/// otherwise whoever made it does. The host's window is made when the window first comes on screen.
 class NSWindow : public NSResponder {
     PLIX_CLASS(NSWindow, NSResponder);
 
@@ -114,6 +114,7 @@ public:
     std::string stringWithSavedFrame() const;
     /// Moved onto a screen where the saved one is gone.
     void setFrameFromString(std::string_view);
+    /// Frames saved under a name are kept while the process runs. False where another window saves under the name.
     bool setFrameAutosaveName(std::string_view);
     std::string const& frameAutosaveName() const;
     bool setFrameUsingName(std::string_view);
@@ -173,6 +174,7 @@ public:
     virtual void close();
     /// As the close box does: asks the delegate and the window by windowShouldClose. Beeps where the window has no close box.
     virtual void performClose(NSObject* sender);
+    /// Kept for those who ask: windows live as long as they are referenced or on screen.
     bool isReleasedWhenClosed() const;
     void setReleasedWhenClosed(bool);
     void performMiniaturize(NSObject* sender);
@@ -203,7 +205,8 @@ public:
 
     // First responder and key view loop.
     NSResponder* firstResponder() const;
-    /// Null makes the window itself first responder. False where the old or the new one refuses.
+    /// Null makes the window itself first responder, and so does a responder that refuses to become it. False where the old one
+    /// refuses to resign, or the new one does not accept to be first responder at all.
     virtual bool makeFirstResponder(NSResponder*);
     NSView* initialFirstResponder() const;
     void setInitialFirstResponder(NSView*);
@@ -222,6 +225,8 @@ public:
     void setDefaultButton(NSResponder*);
     void enableKeyEquivalentForDefaultButtonCell();
     void disableKeyEquivalentForDefaultButtonCell();
+    /// How windows make their editor; installed by the text classes.
+    static void setFieldEditorMaker(std::function<Ref<NSResponder>(NSWindow&)>);
     /// The one editor that the window's fields share, made when first asked for and wanted; the delegate may give another. Null
     /// where there is none and none is to be made.
     virtual NSResponder* fieldEditor(bool createWhenNeeded, NSObject* forObject);

@@ -31,8 +31,8 @@ struct SpanFlexibility {
 };
 
 /// Where a subview lies on one axis after its superview's bounds grew from the old length to the new one. The change is shared
-/// among the flexible parts in proportion to what each measured before; where these measured nothing together, in equal parts;
-/// where none is flexible the far margin takes it all. A length never becomes negative.
+/// evenly among the parts that give way; where none does, the far margin takes it all. The length never becomes negative: what it
+/// cannot give the margins give.
 Span resizedSpan(Span, float oldSuperLength, float newSuperLength, SpanFlexibility);
 
 /// Both axes, by an autoresizing mask; in an unflipped superview the minimum y margin is the lower one, in a flipped one the upper

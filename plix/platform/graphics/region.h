@@ -33,6 +33,8 @@ public:
     friend bool operator==(Region const&, Region const&) = default;
 
 private:
+    void limitCount();
+
     std::vector<Rect> m_rects;
 };
 

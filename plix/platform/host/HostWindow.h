@@ -51,7 +51,8 @@ public:
     virtual void hostWindowLiveResizeChanged(bool isResizing) = 0;
 };
 
-/// One window of the machine's. Destroying it closes it. Made by Display::makeWindow().
+/// One window of the machine's. Destroying it closes it; that may happen within a call to its client. Made by
+/// Display::makeWindow().
 class HostWindow {
 public:
     virtual ~HostWindow() = default;

@@ -35,8 +35,10 @@ void HeadlessDisplay::setScreens(std::vector<HostScreen> screens)
     if (screens.empty() || screens == m_screens)
         return;
     m_screens = std::move(screens);
-    for (auto* window : std::vector(m_windows))
-        window->screensChanged();
+    for (auto* window : std::vector(m_windows)) {
+        if (owns(window))
+            window->screensChanged();
+    }
     if (m_client)
         m_client->displayScreensChanged();
 }
@@ -44,6 +46,11 @@ void HeadlessDisplay::setScreens(std::vector<HostScreen> screens)
 HostScreen const& HeadlessDisplay::screenAt(Rect rect) const
 {
     return *std::ranges::max_element(m_screens, {}, [&](auto const& screen) { return commonArea(screen.frame, rect); });
+}
+
+bool HeadlessDisplay::owns(HeadlessWindow const* window) const
+{
+    return std::ranges::find(m_windows, window) != m_windows.end();
 }
 
 HeadlessWindow* HeadlessDisplay::windowAt(Point point) const

@@ -22,6 +22,8 @@ public:
 
     /// Front to back, hidden ones too.
     std::vector<HeadlessWindow*> const& windows() const { return m_windows; }
+    /// Whether that window is still there.
+    bool owns(HeadlessWindow const*) const;
     /// The visible window whose frame is at that point of the screen, or null.
     HeadlessWindow* windowAt(Point onScreen) const;
     HeadlessWindow* focusedWindow() const { return m_focused; }

@@ -30,11 +30,6 @@ HeadlessScript::HeadlessScript(HeadlessDisplay& display, HeadlessEvents& events)
 {
 }
 
-bool HeadlessScript::isAlive(HeadlessWindow const* window) const
-{
-    return std::ranges::find(m_display.windows(), window) != m_display.windows().end();
-}
-
 HostEvent HeadlessScript::mouseEvent(HostEvent::Type type, Point point, std::uint32_t modifiers) const
 {
     HostEvent event;
@@ -56,18 +51,18 @@ void HeadlessScript::moveTo(Point point, std::uint32_t modifiers)
 {
     bool const moved = point != m_display.mouseLocation();
     m_display.setMouseLocation(point);
-    if (!isAlive(m_windowUnderMouse))
+    if (!m_display.owns(m_windowUnderMouse))
         m_windowUnderMouse = nullptr;
-    if (!isAlive(m_windowWithMouse))
+    if (!m_display.owns(m_windowWithMouse))
         m_windowWithMouse = nullptr;
     auto* const under = m_windowWithMouse ? m_windowWithMouse : m_display.windowAt(point);
     if (auto* const before = std::exchange(m_windowUnderMouse, under); before != under) {
         if (before)
             deliver(*before, mouseEvent(HostEvent::Type::mouseExited, point, modifiers));
-        if (under && isAlive(under))
+        if (under && m_display.owns(under))
             deliver(*under, mouseEvent(HostEvent::Type::mouseEntered, point, modifiers));
     }
-    if (moved && under && isAlive(under))
+    if (moved && under && m_display.owns(under))
         deliver(*under, mouseEvent(HostEvent::Type::mouseMoved, point, modifiers));
 }
 
@@ -85,7 +80,7 @@ void HeadlessScript::pressNow(Point point, ScriptedClick click)
         m_display.raise(*hit);
         m_display.focus(hit);
     }
-    if (!isAlive(hit))
+    if (!m_display.owns(hit))
         return;
     auto event = mouseEvent(HostEvent::Type::mouseDown, point, click.modifiers);
     event.button = click.button;

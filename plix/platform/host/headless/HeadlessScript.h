@@ -72,7 +72,6 @@ private:
     void releaseNow(Point, ScriptedClick);
     void sendKey(
         HostEvent::Type, std::string_view characters, std::uint32_t modifiers, std::string_view ignoringModifiers, bool isRepeat);
-    bool isAlive(HeadlessWindow const*) const;
 
     HeadlessDisplay& m_display;
     HeadlessEvents& m_events;

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace plix {
 
@@ -57,9 +58,14 @@ void HeadlessWindow::setContentRect(Rect rect)
         return;
     m_isZoomed = false;
     m_contentRect = rect;
+    auto const scale = std::exchange(m_scale, m_display.scaleAt(rect));
     allocatePixels();
-    m_client.hostWindowContentRectChanged(rect);
-    updateScale();
+    // The client may destroy the window in each of these calls.
+    auto& client = m_client;
+    auto& display = m_display;
+    client.hostWindowContentRectChanged(rect);
+    if (display.owns(this) && scale != m_scale)
+        client.hostWindowScaleChanged(m_scale);
 }
 
 void HeadlessWindow::setSizeLimits(Size minimum, Size maximum)

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <plix/platform/appkit/NSApplication.h>
+#include <plix/platform/appkit/NSWindow.h>
+
+namespace plix {
+
+/// One modal window's turn. Made by NSApplication::beginModalSessionForWindow().
+class NSModalSession : public NSObject {
+public:
+    NSWindow* window() const { return m_window.get(); }
+    /// NSRunContinuesResponse until it is stopped.
+    long response() const { return m_response; }
+    bool isEnded() const { return m_isEnded; }
+
+private:
+    friend class NSApplication;
+    friend struct NSApplication::Internals;
+
+    Ref<NSWindow> m_window;
+    Weak<NSWindow> m_previousKeyWindow;
+    long m_response { NSRunContinuesResponse };
+    bool m_isEnded { false };
+    bool m_wasOnScreen { false };
+};
+
+}

@@ -1,0 +1,31 @@
+#include <plix/platform/appkit/classes.h>
+
+#include <plix/platform/appkit/NSApplication.h>
+#include <plix/platform/appkit/NSCursor.h>
+#include <plix/platform/appkit/NSDocument.h>
+#include <plix/platform/appkit/NSDocumentController.h>
+#include <plix/platform/appkit/NSEvent.h>
+#include <plix/platform/appkit/NSPanel.h>
+#include <plix/platform/appkit/NSPasteboard.h>
+#include <plix/platform/appkit/NSScreen.h>
+#include <plix/platform/appkit/NSWindowController.h>
+
+namespace plix {
+
+void registerAppKitClasses()
+{
+    NSResponder::staticClass();
+    NSApplication::staticClass();
+    NSWindow::staticClass();
+    NSPanel::staticClass();
+    NSView::staticClass();
+    NSWindowController::staticClass();
+    NSEvent::staticClass();
+    NSCursor::staticClass();
+    NSScreen::staticClass();
+    NSPasteboard::staticClass();
+    NSDocument::staticClass();
+    NSDocumentController::staticClass();
+}
+
+}
