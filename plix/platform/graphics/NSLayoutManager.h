@@ -73,17 +73,18 @@ public:
     void textStorageEdited(NSRange range, long changeInLength);
     void textContainerChangedGeometry(NSTextContainer const&);
 
-    /// The layout itself, up to date; for carets and selections.
-    TextLayout& layout();
+    /// The layout itself, for carets and selections.
+    TextLayout& layout() { return *m_layout; }
 
 private:
+    enum class Part : unsigned char { backgrounds, text };
+    void drawLinesOf(NSRange, Point, Part);
     bool laysOutIn(NSTextContainer const&) const;
 
     Weak<NSTextStorage> m_storage;
     std::vector<Ref<NSTextContainer>> m_containers;
     NSTypesetterBehavior m_typesetterBehavior { NSTypesetterBehavior_10_4 };
     std::unique_ptr<TextLayout> m_layout;
-    bool m_isTextStale { true };
 };
 
 }

@@ -12,15 +12,6 @@ namespace {
 // The cache always keeps the last one, however large.
 constexpr std::size_t fewestEntries = 1;
 
-std::vector<LineMeasures> measuresOf(SetParagraph const& set)
-{
-    std::vector<LineMeasures> measures;
-    measures.reserve(set.lines.size());
-    for (auto const& line : set.lines)
-        measures.push_back({ line.width, line.ascent, line.descent, line.leading, line.isRightToLeft });
-    return measures;
-}
-
 /// The spans of the paragraph, with bytes counted from its start. At least one, for an empty paragraph too.
 std::vector<StyleSpan> spansOfParagraph(std::vector<StyleSpan> const& spans, ParagraphBytes const& bytes, std::size_t& first)
 {

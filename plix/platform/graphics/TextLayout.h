@@ -1,7 +1,7 @@
 #pragma once
 
 #include <plix/platform/base/NSRange.h>
-#include <plix/platform/base/Ref.h>
+#include <plix/platform/graphics/attribute_names.h>
 #include <plix/platform/graphics/geometry.h>
 
 #include <memory>
@@ -10,12 +10,11 @@
 namespace plix {
 
 class NSAttributedString;
-class TextParagraph;
 
 /// One line of laid out text. y grows downwards from the layout's top.
 struct TextLine {
     NSRange range; ///< its characters, a line end included, in UTF-16 units
-    Rect fragment; ///< from one margin to the other, as high as the line
+    Rect fragment; ///< from one edge of the layout to the other, as high as the line
     Rect used; ///< the part with characters in it
     float baseline { 0 }; ///< its y
 };
@@ -30,27 +29,33 @@ struct TextPosition {
 
 /// Attributed text laid out in lines of a given width, paragraph by paragraph: what an edit has not touched stays laid out, and
 /// only paragraphs that are looked at are kept shaped. Coordinates are points from the layout's upper left corner, y downwards. A
-/// width that is not finite or beyond 1e6 does not wrap; one that is not a number or below 0 counts as 0, where each line holds
-/// what cannot be broken further.
+/// width of 1e6 or more does not wrap. One that is not a number or below 0 counts as 0, where each line holds what cannot be broken
+/// further. There is always at least one line.
 class TextLayout {
 public:
     TextLayout();
     ~TextLayout();
+    TextLayout(TextLayout const&) = delete;
+    TextLayout& operator=(TextLayout const&) = delete;
 
-    /// Keeps what it needs of the string, which must not change before the next call.
-    void setString(NSAttributedString const&);
-    /// The string is what was set before with an edit done: the range as it is now, and how much longer it has become.
-    void stringEdited(NSAttributedString const&, NSRange range, long changeInLength);
+    /// The string is not kept alive: it must live until the next call, or null is set. Null lays out no text.
+    void setString(NSAttributedString const*);
+    /// The string that was set has been edited: the range as it is now, and how much longer the text has become.
+    void stringEdited(NSRange range, long changeInLength);
     void setWidth(float);
     float width() const { return m_width; }
     /// Kept free at both ends of each line.
     void setLineFragmentPadding(float);
+    /// How the empty line behind a final line end, or in an empty text, is set. Without them it is set as the text before it.
+    void setTypingAttributes(Attributes const&);
 
-    bool isEmpty() const { return m_length == 0; }
+    bool isEmpty() const;
     /// Nothing where there is no text; the padding is part of it. The empty line behind a final line end counts.
     Rect usedRect();
     /// The same of the lines that lie wholly within a height.
     Rect usedRectWithin(float height);
+    /// How many lines lie wholly within it.
+    long linesWithin(float height);
 
     long numberOfLines();
     TextLine line(long index);
@@ -62,7 +67,7 @@ public:
     TextPosition positionAt(Point);
     /// One point wide, where the caret stands before this character; at the end of a wrapped line it belongs to the next one.
     Rect caretRect(long index);
-    /// For each line the parts that a selection covers, from margin to margin where it includes a line end.
+    /// For each line the parts that a selection covers, up to the edge where it goes on in the next or comes from the one before.
     std::vector<Rect> selectionRects(NSRange);
     /// For each line the parts that the characters cover.
     std::vector<Rect> rectsOfRange(NSRange);
@@ -70,23 +75,16 @@ public:
     long indexMovedVisually(long index, int direction);
 
     enum class Part : unsigned char { backgroundsAndText, backgrounds, text };
-    /// Draws in the current context. The origin is the layout's upper left corner in a flipped context, and the point that is
-    /// `height` below it in an unflipped one (use usedRect().height where nothing else is meant).
+    /// Draws in the current context what of it is inside the clip. The origin is the layout's upper left corner in a flipped
+    /// context, and the point that is `height` below it in an unflipped one.
     void draw(Point origin, float height, Part = Part::backgroundsAndText);
     /// The same for the lines from first up to, without, last.
     void drawLines(long first, long last, Point origin, float height, Part = Part::backgroundsAndText);
 
 private:
     struct Body;
-    void place();
-    TextParagraph& shaped(std::size_t paragraph);
-    std::size_t paragraphOfLine(long line, long& lineInParagraph);
-    std::size_t paragraphOfIndex(long index);
-
     std::unique_ptr<Body> m_body;
     float m_width { 1e7F };
-    float m_padding { 0 };
-    long m_length { 0 };
 };
 
 }

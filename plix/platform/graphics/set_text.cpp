@@ -51,6 +51,15 @@ std::size_t SetParagraph::memory() const
         + runs.capacity() * sizeof(SetRun) + lines.capacity() * sizeof(SetLine);
 }
 
+std::vector<LineMeasures> measuresOf(SetParagraph const& set)
+{
+    std::vector<LineMeasures> measures;
+    measures.reserve(set.lines.size());
+    for (auto const& line : set.lines)
+        measures.push_back({ line.width, line.ascent, line.descent, line.leading, line.isRightToLeft });
+    return measures;
+}
+
 BytePosition positionInLine(SetParagraph const& paragraph, SetLine const& line, std::string_view text, float x)
 {
     BytePosition position { line.firstByte, line.firstByte, false, false };

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <plix/platform/graphics/NSParagraphStyle.h>
+#include <plix/platform/graphics/text_placement.h>
 
 #include <cstdint>
 #include <memory>
@@ -71,6 +71,8 @@ struct SetParagraph {
 
     std::size_t memory() const;
 };
+
+std::vector<LineMeasures> measuresOf(SetParagraph const&);
 
 /// A place in a line between characters of a paragraph, in bytes.
 struct BytePosition {

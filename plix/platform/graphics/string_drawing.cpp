@@ -9,6 +9,7 @@
 #include <plix/platform/graphics/NSGraphicsContext.h>
 #include <plix/platform/graphics/ShapedTextCache.h>
 #include <plix/platform/graphics/paragraph_setter.h>
+#include <plix/platform/graphics/text_spans.h>
 
 #include <algorithm>
 #include <cmath>
@@ -122,8 +123,8 @@ struct SpannedText {
     }
     explicit SpannedText(NSAttributedString const& string)
         : text(string.string())
+        , spans(SpanCursor().spans(string, 0, text.size()))
     {
-        appendSpans(spans, string, 0, text.size());
     }
 
     SetBlock const& block(float width) const { return ShapedTextCache::shared().block(text, spans, width); }

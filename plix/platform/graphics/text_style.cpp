@@ -1,7 +1,6 @@
 #include <plix/platform/graphics/text_style.h>
 
 #include <plix/platform/graphics/FontFace.h>
-#include <plix/platform/graphics/NSAttributedString.h>
 #include <plix/platform/graphics/NSColor.h>
 #include <plix/platform/graphics/NSFont.h>
 #include <plix/platform/graphics/NSShadow.h>
@@ -110,21 +109,6 @@ ParagraphLayout const& paragraphLayout(TextStyle const& style)
 {
     static auto const& s_default = *new Ref<NSParagraphStyle>(NSParagraphStyle::defaultParagraphStyle());
     return style.paragraph ? style.paragraph->layout() : s_default->layout();
-}
-
-void appendSpans(std::vector<StyleSpan>& spans, NSAttributedString const& string, std::size_t firstByte, std::size_t endByte)
-{
-    long unit = 0;
-    for (auto const& run : string.runs()) {
-        unit += run.length;
-        auto const runEnd = string.positions().byteOfUnit(string.string(), unit);
-        if (runEnd <= firstByte)
-            continue;
-        auto const end = std::min(runEnd, endByte);
-        spans.push_back({ static_cast<std::uint32_t>(end - firstByte), textStyle(*run.attributes) });
-        if (runEnd >= endByte)
-            return;
-    }
 }
 
 void appendSettingKey(std::string& key, std::vector<StyleSpan> const& spans)

@@ -13,7 +13,6 @@
 namespace plix {
 
 class InlineObject;
-class NSAttributedString;
 class NSColor;
 class NSFont;
 class NSParagraphStyle;
@@ -48,9 +47,6 @@ struct StyleSpan {
     std::uint32_t endByte { 0 };
     TextStyle style;
 };
-
-/// The string's spans, between two bytes that are counted from the first.
-void appendSpans(std::vector<StyleSpan>&, NSAttributedString const&, std::size_t firstByte, std::size_t endByte);
 
 /// A size that is finite and not below 0.
 float usableLength(float);
