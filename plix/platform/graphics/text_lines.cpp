@@ -1,7 +1,5 @@
 #include <plix/platform/graphics/text_lines.h>
 
-#include <algorithm>
-
 namespace plix {
 
 namespace {
@@ -28,21 +26,6 @@ ParagraphBytes paragraphAt(std::string_view text, std::size_t start)
         if (auto const length = lineEndAt(text, byte))
             return { start, byte, byte + length };
     }
-}
-
-std::size_t startOfParagraph(std::string_view text, std::size_t byte)
-{
-    byte = std::min(byte, text.size());
-    while (byte > 0) {
-        // The line end right before the byte, unless the byte is inside it.
-        bool const isInsidePair = byte < text.size() && text[byte] == '\n' && text[byte - 1] == '\r';
-        if (!isInsidePair && (text[byte - 1] == '\n' || text[byte - 1] == '\r'))
-            return byte;
-        if (byte >= 3 && text.substr(byte - 3, 3) == "\xE2\x80\xA9")
-            return byte;
-        --byte;
-    }
-    return 0;
 }
 
 }

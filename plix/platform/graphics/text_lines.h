@@ -16,7 +16,5 @@ struct ParagraphBytes {
 
 /// The paragraph that starts at the byte. Line feed, carriage return, both together, and the paragraph separator close one.
 ParagraphBytes paragraphAt(std::string_view text, std::size_t start);
-/// Where the paragraph that holds the byte starts.
-std::size_t startOfParagraph(std::string_view text, std::size_t byte);
 
 }

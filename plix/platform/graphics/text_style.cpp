@@ -3,6 +3,7 @@
 #include <plix/platform/graphics/FontFace.h>
 #include <plix/platform/graphics/NSColor.h>
 #include <plix/platform/graphics/NSFont.h>
+#include <plix/platform/graphics/NSParagraphStyle.h>
 #include <plix/platform/graphics/NSShadow.h>
 #include <plix/platform/graphics/inline_object.h>
 
