@@ -123,9 +123,4 @@ LocaleValues const& localeValues()
     return known != s_known.end() ? known->second : s_known.emplace(locale, lookUp(knownLocaleIdentifier())).first->second;
 }
 
-std::shared_ptr<DateNames const> currentDateNames()
-{
-    return { std::shared_ptr<void> {}, &localeValues().dates };
-}
-
 }

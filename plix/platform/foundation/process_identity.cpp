@@ -1,5 +1,6 @@
 #include <plix/platform/foundation/process_identity.h>
 
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 
@@ -36,6 +37,11 @@ public:
         return isKnown ? name : "localhost";
     }
     int processIdentifier() const override { return ::getpid(); }
+    std::string executablePath() const override
+    {
+        std::error_code error;
+        return std::filesystem::read_symlink("/proc/self/exe", error).string();
+    }
 };
 
 ProcessIdentity* s_installed = nullptr;

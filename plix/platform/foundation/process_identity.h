@@ -16,6 +16,8 @@ public:
     /// The machine's name in its network; "localhost" where it has none.
     virtual std::string hostName() const = 0;
     virtual int processIdentifier() const = 0;
+    /// The program's file, links followed.
+    virtual std::string executablePath() const = 0;
 };
 
 /// The installed identity; the process's own until one is installed.

@@ -148,6 +148,7 @@ private:
 };
 
 Surroundings* s_installed = nullptr;
+std::uint64_t s_installCount = 0;
 
 }
 
@@ -160,6 +161,12 @@ Surroundings& surroundings()
 void installSurroundings(Surroundings* installed)
 {
     s_installed = installed;
+    ++s_installCount;
+}
+
+std::uint64_t surroundingsInstallCount()
+{
+    return s_installCount;
 }
 
 std::string localeIdentifierFromPOSIXName(std::string name)

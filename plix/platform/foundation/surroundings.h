@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
@@ -38,6 +39,8 @@ public:
 Surroundings& surroundings();
 /// Installs surroundings, which must live until others are installed; null brings the process's own back.
 void installSurroundings(Surroundings*);
+/// How often surroundings were installed: what was read from them is old when this is another number.
+std::uint64_t surroundingsInstallCount();
 
 /// The locale identifier for a POSIX locale name ("de_AT.UTF-8@euro" gives "de_AT"); "en_US" for "C", "POSIX" and "".
 std::string localeIdentifierFromPOSIXName(std::string name);

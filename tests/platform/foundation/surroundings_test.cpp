@@ -155,6 +155,7 @@ public:
     std::map<std::string, std::string> environment() const override { return { { "A", "1" } }; }
     std::string hostName() const override { return "here.example"; }
     int processIdentifier() const override { return 4711; }
+    std::string executablePath() const override { return "/usr/bin/tool"; }
 };
 
 TEST(NSProcessInfo, AsksTheInstalledIdentity)
