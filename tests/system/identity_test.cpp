@@ -29,6 +29,7 @@ struct TestProcess : ProcessIdentity {
     std::map<std::string, std::string> environment() const override { return {}; }
     std::string hostName() const override { return "lonely.example"; }
     int processIdentifier() const override { return 4711; }
+    std::string executablePath() const override { return "/usr/bin/test"; }
 };
 
 TEST(PLIXMACAddressString, IsTheAddressOrElseTheHostName)
