@@ -18,6 +18,7 @@ list(APPEND PLIX_LOGIC_SOURCES
     format/number_text.cpp
     format/time_interval_text.cpp
     platform/appkit/cell_layout.cpp
+    platform/appkit/drag_operations.cpp
     platform/appkit/key_bindings.cpp
     platform/appkit/reading_order.cpp
     platform/appkit/scroll_layout.cpp

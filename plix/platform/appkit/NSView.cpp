@@ -1,5 +1,6 @@
 #include <plix/platform/appkit/NSView.h>
 
+#include <plix/platform/appkit/NSScrollView.h>
 #include <plix/platform/appkit/NSView_internal.h>
 #include <plix/platform/appkit/NSWindow.h>
 #include <plix/platform/appkit/NSWindow_internal.h>
@@ -253,6 +254,15 @@ NSView* NSView::viewWithTag(long wanted)
     for (auto const& subview : m_subviews) {
         if (auto* const found = subview->viewWithTag(wanted))
             return found;
+    }
+    return nullptr;
+}
+
+NSScrollView* NSView::enclosingScrollView() const
+{
+    for (auto* view = m_superview; view; view = view->m_superview) {
+        if (auto* const scrollView = dynamic_cast<NSScrollView*>(view))
+            return scrollView;
     }
     return nullptr;
 }

@@ -211,33 +211,4 @@ void NSView::removeAllToolTips()
     m_extras->toolTipRects.clear();
 }
 
-// Dragging.
-
-void NSView::registerForDraggedTypes(std::vector<std::string> types)
-{
-    extras().draggedTypes = std::move(types);
-}
-
-void NSView::unregisterDraggedTypes()
-{
-    if (m_extras)
-        m_extras->draggedTypes.clear();
-}
-
-std::vector<std::string> const& NSView::registeredDraggedTypes() const
-{
-    static std::vector<std::string> const s_none;
-    return m_extras ? m_extras->draggedTypes : s_none;
-}
-
-unsigned NSView::draggingUpdated(NSDraggingInfo&)
-{
-    return m_extras ? m_extras->lastDragOperation : static_cast<unsigned>(NSDragOperationNone);
-}
-
-unsigned NSView::draggingSourceOperationMaskForLocal(bool isLocal)
-{
-    return isLocal ? static_cast<unsigned>(NSDragOperationEvery) : static_cast<unsigned>(NSDragOperationCopy);
-}
-
 }

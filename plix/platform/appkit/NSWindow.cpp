@@ -292,6 +292,11 @@ long NSWindow::windowNumber() const
     return m->number;
 }
 
+HostWindow* NSWindow::hostWindow() const
+{
+    return m->host.get();
+}
+
 NSWindow* NSWindow::windowWithNumber(long number)
 {
     auto const found = std::ranges::find_if(Internals::all(), [number](auto const* window) { return window->m->number == number; });

@@ -287,6 +287,8 @@ public:
     bool acceptsFirstResponder() const override { return true; }
     NSUndoManager* undoManager() const override;
 
+    /// The host's window, null while there is none.
+    HostWindow* hostWindow() const;
     /// For the platform's own machinery, declared in NSWindow_internal.h.
     Internals& internals() const { return *m; }
 

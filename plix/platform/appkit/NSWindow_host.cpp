@@ -3,6 +3,7 @@
 #include <plix/platform/appkit/NSView_internal.h>
 #include <plix/platform/appkit/NSWindow.h>
 #include <plix/platform/appkit/NSWindow_internal.h>
+#include <plix/platform/appkit/ToolTips.h>
 #include <plix/platform/graphics/NSGraphicsContext.h>
 #include <plix/platform/host/HostEvent.h>
 
@@ -71,6 +72,10 @@ void NSWindow::Internals::hostWindowEvent(HostEvent const& event)
     Ref<NSWindow> const protector(self);
     auto& application = NSApp->internals();
     Point const base = self.convertScreenToBase(event.locationOnScreen);
+    if (event.type == HostEvent::Type::mouseMoved && event.pressedButtons == 0)
+        ToolTips::mouseMoved(self, base);
+    else if (event.type != HostEvent::Type::mouseEntered)
+        ToolTips::hide();
     switch (event.type) {
     case HostEvent::Type::mouseDown: {
         auto& target = mouseTarget(application, self);

@@ -4,6 +4,7 @@
 #include <plix/platform/appkit/NSView_internal.h>
 #include <plix/platform/appkit/NSWindow.h>
 #include <plix/platform/appkit/NSWindow_internal.h>
+#include <plix/platform/appkit/ToolTips.h>
 #include <plix/platform/graphics/NSGraphicsContext.h>
 #include <plix/platform/host/Display.h>
 #include <plix/platform/host/Host.h>
@@ -128,6 +129,8 @@ void NSWindow::Internals::orderOut()
         above->removeChildWindow(self);
     for (auto const& child : std::vector(children))
         child->internals().orderOut();
+    if (level < NSPopUpMenuWindowLevel)
+        ToolTips::hide();
     leaveScreen();
     if (isHostOfSheet && !isSheet())
         dropHost();

@@ -1,0 +1,9 @@
+#include <tests/support/CountingView.h>
+
+namespace plix {
+
+PLIX_DESCRIBE(CountingView)
+{
+}
+
+}
