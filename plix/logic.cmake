@@ -33,6 +33,7 @@ list(APPEND PLIX_LOGIC_SOURCES
     platform/foundation/natural_dates.cpp
     platform/appkit/view_geometry.cpp
     platform/foundation/path_operations.cpp
+    platform/foundation/strings_file.cpp
     platform/foundation/zone_rules.cpp
     platform/graphics/affine_transform.cpp
     platform/graphics/color_components.cpp

@@ -1,5 +1,6 @@
 #include <plix/platform/base/utf16.h>
 #include <plix/platform/foundation/CFXMLTree.h>
+#include <plix/platform/foundation/strings_file.h>
 
 #include <algorithm>
 #include <charconv>
@@ -19,15 +20,6 @@ struct Refusal {
     std::string reason;
     std::ptrdiff_t offset { -1 };
 };
-
-std::u16string unitsOfBytes(std::span<std::uint8_t const> bytes, bool isBigEndian)
-{
-    std::u16string units;
-    units.reserve(bytes.size() / 2);
-    for (std::size_t i = 0; i + 1 < bytes.size(); i += 2)
-        units += static_cast<char16_t>(isBigEndian ? bytes[i] << 8 | bytes[i + 1] : bytes[i + 1] << 8 | bytes[i]);
-    return units;
-}
 
 std::string lowercase(std::string_view text)
 {
@@ -54,7 +46,7 @@ std::optional<std::string> textOfBytes(std::span<std::uint8_t const> bytes, Refu
         return bytes.size() >= mark.size() && std::equal(mark.begin(), mark.end(), bytes.begin());
     };
     if (startsWith({ 0xFE, 0xFF }) || startsWith({ 0xFF, 0xFE }))
-        return utf8FromUTF16(unitsOfBytes(bytes.subspan(2), bytes[0] == 0xFE));
+        return textOfFile(bytes);
     if (startsWith({ 0xEF, 0xBB, 0xBF }))
         bytes = bytes.subspan(3);
     std::string text(reinterpret_cast<char const*>(bytes.data()), bytes.size());
