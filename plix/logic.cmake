@@ -7,6 +7,7 @@ list(APPEND PLIX_LOGIC_SOURCES
     controls/segment_separators.cpp
     controls/tab_window_fit.cpp
     drawing/geometry_helpers.cpp
+    drawing/image_plans.cpp
     drawing/rounded_rect.cpp
     format/collection_additions.cpp
     format/color_text.cpp
@@ -39,19 +40,20 @@ list(APPEND PLIX_LOGIC_SOURCES
     platform/graphics/color_components.cpp
     platform/graphics/geometry.cpp
     platform/graphics/glyph_rules.cpp
-    platform/graphics/text_lines.cpp
-    platform/graphics/text_placement.cpp
     platform/graphics/path_geometry.cpp
     platform/graphics/pixel_operations.cpp
+    platform/graphics/pixel_scaling.cpp
     platform/graphics/shadow_blur.cpp
-    system/identity_text.cpp
-    system/unique_path.cpp
+    platform/graphics/text_lines.cpp
+    platform/graphics/text_placement.cpp
     platform/host/desktop/ClickCounter.cpp
     platform/host/desktop/DeliveryQueue.cpp
     platform/host/desktop/key_translation.cpp
     platform/host/desktop/screen_space.cpp
     platform/host/window_placement.cpp
     platform/graphics/region.cpp
+    system/identity_text.cpp
+    system/unique_path.cpp
     tables/column_plan.cpp
     tables/row_highlight.cpp
     windows/background_plan.cpp

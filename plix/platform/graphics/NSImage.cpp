@@ -21,12 +21,6 @@ constexpr float oneTenThousandth = 1e-4F;
 
 float s_defaultBackingScale = 1;
 
-float scaleForFocus()
-{
-    auto const context = NSGraphicsContext::currentContext();
-    return std::max(s_defaultBackingScale, context ? context->backingScale() : 1);
-}
-
 int pixelsFor(float points, float scale)
 {
     float const pixels = std::ceil(points * scale - oneTenThousandth);
@@ -96,6 +90,22 @@ void NSImage::setDefaultBackingScale(float scale)
 float NSImage::defaultBackingScale()
 {
     return s_defaultBackingScale;
+}
+
+float NSImage::backingScaleForDrawing()
+{
+    auto const context = NSGraphicsContext::currentContext();
+    return std::max(s_defaultBackingScale, context ? context->backingScale() : 1);
+}
+
+Ref<NSImage> NSImage::imageDrawnInto(Ref<NSBitmapImageRep> const& rep)
+{
+    if (!rep)
+        return nullptr;
+    auto image = make<NSImage>(rep->size());
+    image->m_representations.emplace_back(rep);
+    image->m_cache = rep;
+    return image;
 }
 
 Size NSImage::size() const
@@ -309,7 +319,7 @@ void NSImage::lockFocus(Badge<FocusLock> const&)
 {
     auto focus = std::make_unique<Focus>();
     focus->previous = NSGraphicsContext::currentContext();
-    focus->rep = Ref<NSBitmapImageRep>(makeFocusable(scaleForFocus()));
+    focus->rep = Ref<NSBitmapImageRep>(makeFocusable(backingScaleForDrawing()));
     bool const hasPixels = focus->rep != nullptr;
     // An image without size takes drawing too, and keeps nothing of it.
     if (!hasPixels)

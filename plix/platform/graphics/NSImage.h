@@ -52,6 +52,10 @@ public:
     /// Device pixels a point for images that are drawn into: at least this. The screens' greatest one. 1 at first.
     static void setDefaultBackingScale(float);
     static float defaultBackingScale();
+    /// What a lockFocus at this moment would take: the default, or the current context's scale where that is greater.
+    static float backingScaleForDrawing();
+    /// An image whose whole content is this bitmap, as if it had been drawn into. Null for null.
+    static Ref<NSImage> imageDrawnInto(Ref<NSBitmapImageRep> const&);
 
     /// In points. An image made without size takes that of its first representation.
     Size size() const;

@@ -3,9 +3,12 @@
 #include <plix/platform/graphics/NSBitmapImageRep.h>
 #include <plix/platform/graphics/bitmap_storage.h>
 #include <plix/platform/graphics/context_internals.h>
+#include <plix/platform/graphics/pixel_operations.h>
+#include <plix/platform/graphics/pixel_scaling.h>
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 namespace plix {
 
@@ -139,6 +142,92 @@ Rect boundsOf(Placement const& place)
         static_cast<float>(place.destinationHeight) };
 }
 
+/// Whole pixels of the bitmap onto whole pixels of the device, sides along the axes.
+struct DirectDrawing {
+    PixelRect source;
+    PixelRect target;
+    bool reversesRows { false };
+};
+
+std::optional<PixelRect> wholePixels(double left, double top, double right, double bottom)
+{
+    constexpr double most = INT16_MAX;
+    bool const isPlain = isWhole(left) && isWhole(top) && isWhole(right) && isWhole(bottom) && left > -most && top > -most
+        && right < most && bottom < most;
+    if (!isPlain)
+        return std::nullopt;
+    auto const edge = [](double value) { return static_cast<int>(std::lround(value)); };
+    PixelRect const rect { edge(left), edge(top), edge(right) - edge(left), edge(bottom) - edge(top) };
+    return isEmpty(rect) ? std::nullopt : std::optional(rect);
+}
+
+std::optional<DirectDrawing> directDrawing(
+    ContextInternals const& internals, NSBitmapImageRep const& rep, Placement const& place, ImageDrawing const& drawing)
+{
+    auto const& state = internals.state();
+    auto const matrix = internals.matrix();
+    bool const replaces = drawing.operation == NSCompositeCopy;
+    bool const isPlain = replaces || drawing.operation == NSCompositeSourceOver || drawing.operation == NSCompositeHighlight;
+    bool const isSelf = rep.pixels().pixels == internals.pixels.pixels;
+    if (!isPlain || isSelf || state.hasShadow() || !state.clipIsRectangle || !keepsAxes(matrix) || matrix.xx <= 0)
+        return std::nullopt;
+    auto const source = wholePixels(place.left, place.top, place.left + place.width, place.top + place.height);
+    double const left = place.x * matrix.xx + matrix.x0;
+    double const right = (place.x + place.destinationWidth) * matrix.xx + matrix.x0;
+    double const low = place.y * matrix.yy + matrix.y0;
+    double const high = (place.y + place.destinationHeight) * matrix.yy + matrix.y0;
+    auto const target = wholePixels(left, std::min(low, high), right, std::max(low, high));
+    if (!source || !target)
+        return std::nullopt;
+    bool const isUpright = matrix.yy < 0;
+    return DirectDrawing { *source, *target, isUpright == drawing.isMirrored };
+}
+
+ScalingQuality qualityFor(NSImageInterpolation interpolation)
+{
+    switch (interpolation) {
+    case NSImageInterpolationNone:
+        return ScalingQuality::nearest;
+    case NSImageInterpolationLow:
+        return ScalingQuality::linear;
+    case NSImageInterpolationDefault:
+        return ScalingQuality::averaged;
+    case NSImageInterpolationHigh:
+        return ScalingQuality::smooth;
+    }
+    return ScalingQuality::averaged;
+}
+
+void drawDirectly(
+    ContextInternals& internals, NSBitmapImageRep const& rep, DirectDrawing const& direct, bool replaces, double alpha)
+{
+    static auto& s_scaler = *new PixelScaler; // kept with its memory
+    auto const visible = intersection(direct.target, internals.state().clip);
+    auto const fraction = static_cast<std::uint32_t>(std::lround(alpha * 255));
+    if (isEmpty(visible) || (fraction == 0 && !replaces))
+        return;
+    auto const pixels = rep.pixels();
+    auto const* words = reinterpret_cast<std::uint32_t const*>(pixels.pixels);
+    std::ptrdiff_t const stride = pixels.stride / 4;
+    auto const& source = direct.source;
+    int const firstRow = direct.reversesRows ? source.y + source.height - 1 : source.y;
+    PixelView const view { words + firstRow * stride + source.x, direct.reversesRows ? -stride : stride, source.width,
+        source.height };
+    s_scaler.prepare(view, direct.target.width, direct.target.height, qualityFor(internals.state().interpolation));
+    cairo_surface_flush(internals.surface.get());
+    int const left = visible.x - direct.target.x;
+    for (int y = visible.y; y < visible.y + visible.height; ++y) {
+        auto* bytes = internals.pixels.pixels + static_cast<std::ptrdiff_t>(y) * internals.pixels.stride;
+        auto* row = reinterpret_cast<std::uint32_t*>(bytes) + visible.x;
+        auto const* scaled = s_scaler.row(y - direct.target.y, left, left + visible.width);
+        if (replaces)
+            copyRow(row, scaled, visible.width, fraction);
+        else
+            blendRowOver(row, scaled, visible.width, fraction);
+    }
+    cairo_surface_mark_dirty(internals.surface.get());
+}
+
 void drawComposited(
     ContextInternals& internals, NSCompositingOperation operation, Placement const& place, cairo_pattern_t* pattern, double alpha)
 {
@@ -164,7 +253,13 @@ void drawBitmap(ContextInternals& internals, NSBitmapImageRep const& rep, ImageD
 {
     auto const place = placementOf(rep, drawing);
     double const alpha = static_cast<double>(clampedComponent(drawing.fraction)) * internals.state().alpha;
-    if (place.isEmpty() || !surfaceOf(rep) || isEmpty(internals.state().clip))
+    if (place.isEmpty() || isEmpty(internals.state().clip))
+        return;
+    if (auto const direct = directDrawing(internals, rep, place, drawing)) {
+        drawDirectly(internals, rep, *direct, drawing.operation == NSCompositeCopy, alpha);
+        return;
+    }
+    if (!surfaceOf(rep))
         return;
     auto const pattern = makePattern(internals, rep, place, drawing.isMirrored);
     if (internals.state().hasShadow() || drawing.operation == NSCompositePlusDarker) {

@@ -8,7 +8,24 @@
 
 namespace plix {
 
+namespace {
+
+std::size_t pixelCount(BitmapStorage const& storage)
+{
+    return static_cast<std::size_t>(storage.width) * static_cast<std::size_t>(storage.height);
+}
+
+}
+
 std::shared_ptr<BitmapStorage> BitmapStorage::make(int width, int height)
+{
+    auto storage = makeUninitialized(width, height);
+    if (storage)
+        std::fill_n(storage->pixels.get(), pixelCount(*storage), 0U);
+    return storage;
+}
+
+std::shared_ptr<BitmapStorage> BitmapStorage::makeUninitialized(int width, int height)
 {
     if (!isAcceptableSize(width, height))
         return nullptr;
@@ -16,15 +33,15 @@ std::shared_ptr<BitmapStorage> BitmapStorage::make(int width, int height)
     storage->width = width;
     storage->height = height;
     storage->stamp = nextContentStamp();
-    storage->pixels.reset(new (std::nothrow) std::uint32_t[static_cast<std::size_t>(width) * static_cast<std::size_t>(height)]());
+    storage->pixels.reset(new (std::nothrow) std::uint32_t[pixelCount(*storage)]);
     return storage->pixels ? storage : nullptr;
 }
 
 std::shared_ptr<BitmapStorage> BitmapStorage::duplicate() const
 {
-    auto copy = make(width, height);
+    auto copy = makeUninitialized(width, height);
     if (copy)
-        std::copy_n(pixels.get(), static_cast<std::size_t>(width) * static_cast<std::size_t>(height), copy->pixels.get());
+        std::copy_n(pixels.get(), pixelCount(*this), copy->pixels.get());
     return copy;
 }
 

@@ -21,6 +21,8 @@ struct BitmapStorage {
 
     /// Transparent pixels; null for sides below 1 or too many pixels.
     static std::shared_ptr<BitmapStorage> make(int width, int height);
+    /// Likewise, for those who write to every pixel.
+    static std::shared_ptr<BitmapStorage> makeUninitialized(int width, int height);
     std::shared_ptr<BitmapStorage> duplicate() const;
     std::uint32_t* row(int y) const { return pixels.get() + static_cast<std::ptrdiff_t>(y) * width; }
 };

@@ -1,0 +1,275 @@
+#include <plix/platform/graphics/pixel_scaling.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+#ifdef __SSE2__
+#include <emmintrin.h>
+#endif
+
+namespace plix {
+
+namespace {
+
+constexpr int weightShift = 14;
+constexpr int rounding = 1 << (weightShift - 1);
+constexpr int cubicTaps = 4;
+
+/// Whole weights of the right sum; what rounding leaves over goes to the heaviest.
+void storeWeights(double const* exact, int count, std::int16_t* weights)
+{
+    int total = 0;
+    int heaviest = 0;
+    for (int i = 0; i < count; ++i) {
+        weights[i] = static_cast<std::int16_t>(std::lround(exact[i] * ScalingAxis::weightSum));
+        total += weights[i];
+        if (weights[i] > weights[heaviest])
+            heaviest = i;
+    }
+    weights[heaviest] = static_cast<std::int16_t>(weights[heaviest] + ScalingAxis::weightSum - total);
+}
+
+/// The Catmull-Rom spline's weights for a place between the second and the third pixel.
+std::array<double, cubicTaps> cubicWeights(double t)
+{
+    double const t2 = t * t;
+    double const t3 = t2 * t;
+    return { -0.5 * t3 + t2 - 0.5 * t, 1.5 * t3 - 2.5 * t2 + 1, -1.5 * t3 + 2 * t2 + 0.5 * t, 0.5 * t3 - 0.5 * t2 };
+}
+
+#ifdef __SSE2__
+
+/// Sums up weighted pixels, two at a time.
+class Accumulator {
+public:
+    void add(std::uint32_t first, std::uint32_t second, std::int16_t firstWeight, std::int16_t secondWeight)
+    {
+        __m128i const pair
+            = _mm_unpacklo_epi8(_mm_cvtsi32_si128(static_cast<int>(first)), _mm_cvtsi32_si128(static_cast<int>(second)));
+        auto const packed
+            = static_cast<std::uint32_t>(static_cast<std::uint16_t>(secondWeight)) << 16U | static_cast<std::uint16_t>(firstWeight);
+        __m128i const weights = _mm_set1_epi32(static_cast<int>(packed));
+        m_sum = _mm_add_epi32(m_sum, _mm_madd_epi16(_mm_unpacklo_epi8(pair, _mm_setzero_si128()), weights));
+    }
+    std::uint32_t pixel() const
+    {
+        __m128i const whole = _mm_srai_epi32(m_sum, weightShift);
+        __m128i const words = _mm_packs_epi32(whole, whole);
+        return static_cast<std::uint32_t>(_mm_cvtsi128_si32(_mm_packus_epi16(words, words)));
+    }
+
+private:
+    __m128i m_sum { _mm_set1_epi32(rounding) };
+};
+
+#else
+
+class Accumulator {
+public:
+    void add(std::uint32_t first, std::uint32_t second, std::int16_t firstWeight, std::int16_t secondWeight)
+    {
+        for (unsigned i = 0; i < 4; ++i)
+            m_sum[i]
+                += static_cast<int>(first >> 8 * i & 255U) * firstWeight + static_cast<int>(second >> 8 * i & 255U) * secondWeight;
+    }
+    std::uint32_t pixel() const
+    {
+        std::uint32_t result = 0;
+        for (unsigned i = 0; i < 4; ++i)
+            result |= static_cast<std::uint32_t>(std::clamp(m_sum[i] >> weightShift, 0, 255)) << 8 * i;
+        return result;
+    }
+
+private:
+    std::array<int, 4> m_sum { rounding, rounding, rounding, rounding };
+};
+
+#endif
+
+/// A cubic may reach beyond its pixels: no channel above alpha.
+std::uint32_t premultiplied(std::uint32_t pixel)
+{
+    std::uint32_t const alpha = pixel >> 24U;
+    std::uint32_t result = alpha << 24U;
+    for (unsigned shift = 0; shift < 24; shift += 8)
+        result |= std::min(pixel >> shift & 255U, alpha) << shift;
+    return result;
+}
+
+void scaleRow(std::uint32_t const* source, int length, ScalingAxis const& axis, int left, int right, std::uint32_t* result)
+{
+    int const taps = axis.taps();
+    int const last = length - 1;
+    for (int x = left; x < right; ++x) {
+        int const first = axis.first(x);
+        auto const* weights = axis.weights(x);
+        Accumulator sum;
+        for (int i = 0; i < taps; i += 2) {
+            int const at = std::clamp(first + i, 0, last);
+            int const next = std::clamp(first + i + 1, 0, last);
+            sum.add(source[at], source[next], weights[i], i + 1 < taps ? weights[i + 1] : std::int16_t { 0 });
+        }
+        result[x - left] = taps == cubicTaps ? premultiplied(sum.pixel()) : sum.pixel();
+    }
+}
+
+void copyNearest(std::uint32_t const* source, ScalingAxis const& axis, int left, int right, std::uint32_t* result)
+{
+    for (int x = left; x < right; ++x)
+        result[x - left] = source[axis.first(x)];
+}
+
+/// Two rows mixed; the weights are those of a vertical axis with two taps.
+void mixRows(std::uint32_t const* a, std::uint32_t const* b, std::int16_t const* weights, int count, std::uint32_t* result)
+{
+    int x = 0;
+#ifdef __SSE2__
+    __m128i const zero = _mm_setzero_si128();
+    __m128i const round = _mm_set1_epi32(rounding);
+    __m128i const factors = _mm_set1_epi32(static_cast<int>(
+        static_cast<std::uint32_t>(static_cast<std::uint16_t>(weights[1])) << 16U | static_cast<std::uint16_t>(weights[0])));
+    auto const mix
+        = [&](__m128i pairs) { return _mm_srai_epi32(_mm_add_epi32(_mm_madd_epi16(pairs, factors), round), weightShift); };
+    for (; x + 4 <= count; x += 4) {
+        __m128i const upper = _mm_loadu_si128(reinterpret_cast<__m128i const*>(a + x));
+        __m128i const lower = _mm_loadu_si128(reinterpret_cast<__m128i const*>(b + x));
+        __m128i const low = _mm_unpacklo_epi8(upper, lower);
+        __m128i const high = _mm_unpackhi_epi8(upper, lower);
+        __m128i const first = _mm_packs_epi32(mix(_mm_unpacklo_epi8(low, zero)), mix(_mm_unpackhi_epi8(low, zero)));
+        __m128i const second = _mm_packs_epi32(mix(_mm_unpacklo_epi8(high, zero)), mix(_mm_unpackhi_epi8(high, zero)));
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(result + x), _mm_packus_epi16(first, second));
+    }
+#endif
+    for (; x < count; ++x) {
+        Accumulator sum;
+        sum.add(a[x], b[x], weights[0], weights[1]);
+        result[x] = sum.pixel();
+    }
+}
+
+}
+
+void ScalingAxis::prepare(int sourceLength, int resultLength, ScalingQuality quality)
+{
+    m_isIdentity = sourceLength == resultLength;
+    if (m_isIdentity || quality == ScalingQuality::nearest)
+        prepareNearest(sourceLength, resultLength);
+    else if (resultLength < sourceLength && quality != ScalingQuality::linear)
+        prepareAveraged(sourceLength, resultLength);
+    else
+        prepareInterpolated(sourceLength, resultLength, quality == ScalingQuality::smooth);
+}
+
+void ScalingAxis::prepareNearest(int sourceLength, int resultLength)
+{
+    m_taps = 1;
+    m_first.resize(static_cast<std::size_t>(resultLength));
+    m_weights.assign(static_cast<std::size_t>(resultLength), weightSum);
+    for (int place = 0; place < resultLength; ++place) {
+        auto const twice = (2L * place + 1) * sourceLength;
+        m_first[static_cast<std::size_t>(place)] = static_cast<int>(twice / (2L * resultLength));
+    }
+}
+
+void ScalingAxis::prepareAveraged(int sourceLength, int resultLength)
+{
+    double const ratio = static_cast<double>(sourceLength) / resultLength;
+    m_taps = static_cast<int>(std::ceil(ratio)) + 1;
+    m_first.resize(static_cast<std::size_t>(resultLength));
+    m_weights.resize(static_cast<std::size_t>(resultLength) * static_cast<std::size_t>(m_taps));
+    for (int place = 0; place < resultLength; ++place) {
+        double const begin = place * ratio;
+        double const end = begin + ratio;
+        int const first = static_cast<int>(std::floor(begin + 1e-9));
+        m_first[static_cast<std::size_t>(place)] = first;
+        // The part of each pixel that is covered, in whole weights whose running sum is exact.
+        int given = 0;
+        for (int i = 0; i < m_taps; ++i) {
+            double const upTo = std::clamp(first + i + 1.0, begin, end);
+            int const sum = static_cast<int>(std::lround((upTo - begin) / ratio * weightSum));
+            m_weights[static_cast<std::size_t>(place) * static_cast<std::size_t>(m_taps) + static_cast<std::size_t>(i)]
+                = static_cast<std::int16_t>(sum - given);
+            given = sum;
+        }
+    }
+}
+
+void ScalingAxis::prepareInterpolated(int sourceLength, int resultLength, bool isCubic)
+{
+    double const ratio = static_cast<double>(sourceLength) / resultLength;
+    m_taps = isCubic ? cubicTaps : 2;
+    m_first.resize(static_cast<std::size_t>(resultLength));
+    m_weights.resize(static_cast<std::size_t>(resultLength) * static_cast<std::size_t>(m_taps));
+    for (int place = 0; place < resultLength; ++place) {
+        double const middle = (place + 0.5) * ratio - 0.5;
+        int const before = static_cast<int>(std::floor(middle));
+        double const t = middle - before;
+        auto const cubic = cubicWeights(t);
+        double const linear[] { 1 - t, t };
+        m_first[static_cast<std::size_t>(place)] = before - (isCubic ? 1 : 0);
+        storeWeights(isCubic ? cubic.data() : linear, m_taps, m_weights.data() + static_cast<std::ptrdiff_t>(place) * m_taps);
+    }
+}
+
+void PixelScaler::prepare(PixelView const& source, int width, int height, ScalingQuality quality)
+{
+    m_source = source;
+    m_width = width;
+    m_horizontal.prepare(source.width, width, quality);
+    m_vertical.prepare(source.height, height, quality);
+    auto const rows = static_cast<std::size_t>(std::max(m_vertical.taps(), 1));
+    m_kept.resize(rows * static_cast<std::size_t>(width));
+    m_keptRows.assign(rows, -1);
+    m_result.resize(static_cast<std::size_t>(width));
+}
+
+std::uint32_t const* PixelScaler::horizontalRow(int sourceRow, int left, int right)
+{
+    auto const* source = m_source.row(sourceRow);
+    if (m_horizontal.isIdentity())
+        return source + left;
+    auto const slot = static_cast<std::size_t>(sourceRow) % m_keptRows.size();
+    auto* kept = m_kept.data() + slot * static_cast<std::size_t>(m_width);
+    if (m_keptRows[slot] == sourceRow)
+        return kept;
+    m_keptRows[slot] = sourceRow;
+    if (m_horizontal.taps() == 1)
+        copyNearest(source, m_horizontal, left, right, kept);
+    else
+        scaleRow(source, m_source.width, m_horizontal, left, right, kept);
+    return kept;
+}
+
+std::uint32_t const* PixelScaler::row(int y, int left, int right)
+{
+    int const taps = m_vertical.taps();
+    int const last = m_source.height - 1;
+    int const first = m_vertical.first(y);
+    auto const at = [&](int tap) { return horizontalRow(std::clamp(first + tap, 0, last), left, right); };
+    if (taps == 1)
+        return at(0);
+    auto const* weights = m_vertical.weights(y);
+    int const count = right - left;
+    if (taps == 2) {
+        auto const* upper = at(0);
+        mixRows(upper, at(1), weights, count, m_result.data());
+        return m_result.data();
+    }
+    std::vector<std::uint32_t const*>& rows = m_tapRows;
+    rows.resize(static_cast<std::size_t>(taps) + 1);
+    for (int tap = 0; tap < taps; ++tap)
+        rows[static_cast<std::size_t>(tap)] = at(tap);
+    rows[static_cast<std::size_t>(taps)] = rows[0];
+    for (int x = 0; x < count; ++x) {
+        Accumulator sum;
+        for (int tap = 0; tap < taps; tap += 2) {
+            auto const pair = static_cast<std::size_t>(tap);
+            sum.add(rows[pair][x], rows[pair + 1][x], weights[tap], tap + 1 < taps ? weights[tap + 1] : std::int16_t { 0 });
+        }
+        m_result[static_cast<std::size_t>(x)] = taps == cubicTaps ? premultiplied(sum.pixel()) : sum.pixel();
+    }
+    return m_result.data();
+}
+
+}
