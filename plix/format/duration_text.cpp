@@ -60,4 +60,16 @@ std::string clockTextForTimeInterval(double interval)
     return text;
 }
 
+std::string textWithDecimalSeparator(std::string_view text, std::string_view separator)
+{
+    std::string replaced;
+    for (char const c : text) {
+        if (c == '.')
+            replaced += separator;
+        else
+            replaced += c;
+    }
+    return replaced;
+}
+
 }

@@ -14,5 +14,7 @@ std::string longTextForTimeInterval(double seconds, UnitWords const&);
 
 /// Hours, minutes and seconds as "01:02:05".
 std::string clockTextForTimeInterval(double seconds);
+/// The text with the user's decimal separator in the place of each point.
+std::string textWithDecimalSeparator(std::string_view text, std::string_view separator);
 
 }

@@ -195,6 +195,16 @@ TEST(ClockTextForTimeInterval, EqualsTheDefinition)
     }
 }
 
+TEST(DurationText, PutsTheSeparatorInThePlaceOfPoints)
+{
+    EXPECT_EQ(textWithDecimalSeparator("05", ","), "05");
+    EXPECT_EQ(textWithDecimalSeparator("5.25", ","), "5,25");
+    EXPECT_EQ(textWithDecimalSeparator(".5.", "\xD9\xAB"),
+        "\xD9\xAB"
+        "5\xD9\xAB");
+    EXPECT_EQ(textWithDecimalSeparator("", ","), "");
+}
+
 TEST(NumberText, TruncatesTowardZeroAndAnswersTheLeastValueOutOfRange)
 {
     EXPECT_EQ(truncatedTo32Bits(-1.9), -1);
