@@ -36,10 +36,15 @@ HeadlessTest::~HeadlessTest()
 
 void HeadlessTest::pump()
 {
-    do {
+    auto const handleEvents = [this] {
         while (auto const event = app().nextEventMatchingMask(NSAnyEventMask, NSDate::distantPast(), NSDefaultRunLoopMode, true))
             app().sendEvent(*event);
-    } while (machine().headlessEvents().hasPending());
+    };
+    do
+        handleEvents();
+    while (machine().headlessEvents().hasPending());
+    // What the last delivery changed is drawn when the loop waits again.
+    handleEvents();
 }
 
 void HeadlessTest::pass(NSTimeInterval seconds)
