@@ -66,6 +66,7 @@ void NSClipView::willRemoveSubview(NSView& view)
     NSNotificationCenter::defaultCenter().removeObserver(*this, {}, &view);
     m_documentView = nullptr;
     setNeedsDisplay(true);
+    documentChanged();
 }
 
 bool NSClipView::isFlipped() const
@@ -182,11 +183,29 @@ Point NSClipView::constrainScrollPoint(Point proposed) const
     return m_documentView ? constrainedScrollPoint(proposed, m_documentView->frame(), bounds().size()) : Point {};
 }
 
+bool NSClipView::canCopyPixels() const
+{
+    // What shines through from behind does not move along.
+    bool const isWhole = isOpaque() || (m_documentView && m_documentView->isOpaque());
+    return m_copiesOnScroll && isWhole && !isRotatedOrScaledFromBase();
+}
+
 void NSClipView::scrollToPoint(Point point)
 {
     auto const* ownWindow = window();
     Point const target = pixelAlignedPoint(point, ownWindow ? ownWindow->backingScaleFactor() : 1);
-    setBoundsOrigin(target);
+    Rect const before = bounds();
+    if (target == before.origin())
+        return;
+    if (!canCopyPixels()) {
+        setBoundsOrigin(target);
+        setNeedsDisplay(true);
+        return;
+    }
+    scrollRect(before, { before.x - target.x, before.y - target.y });
+    moveBoundsOriginWithPixels(target);
+    for (Rect const strip : exposedStrips(before, bounds()))
+        setNeedsDisplayInRect(strip);
 }
 
 bool NSClipView::scrollTo(Point proposed)

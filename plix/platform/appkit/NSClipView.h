@@ -60,6 +60,7 @@ public:
 
 private:
     void documentChanged();
+    bool canCopyPixels() const;
 
     Weak<NSView> m_documentView;
     Ref<NSColor> m_backgroundColor;

@@ -107,7 +107,7 @@ void NSTextFieldCell::drawWithFrame(Rect frame, NSView& controlView)
     if (isBezeled())
         theme.drawFieldBezel(frame, shape(), look, background.get());
     else if (background)
-        theme.fill(frame, *background);
+        theme.fill(frame, isBordered() && !isEnabled() ? *theme.color(ThemeRole::fieldDisabled) : *background);
     if (isBordered())
         theme.drawBorder(NSLineBorder, frame);
     drawInteriorWithFrame(frame, controlView);

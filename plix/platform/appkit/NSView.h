@@ -164,9 +164,9 @@ public:
     /// Overridden by clip views: scrolls so that the point of the document is at the origin of what is visible.
     virtual bool scrollDocumentToPoint(NSView& /*descendant*/, Point);
     virtual bool scrollDocumentRectToVisible(NSView& descendant, Rect);
-    /// Moves the pixels that the last frame left in the rectangle by a distance, within the rectangle and what is visible of it;
-    /// dirty parts move along. What the move uncovers is the caller's to mark. Where there are no pixels to move (no frame yet, a
-    /// turned view, part of it covered by another view) all of the rectangle is marked dirty instead.
+    /// Moves the pixels that the last frame left in the visible part of the rectangle by a distance, as far as they stay inside it.
+    /// What is dirty and what the move uncovers are the caller's to look after. Where there are no pixels to move (no frame yet, a
+    /// turned view, fractions of a pixel, something above the view or dirty behind it) the rectangle is marked dirty instead.
     void scrollRect(Rect, Size by);
 
     // Events.
@@ -244,6 +244,11 @@ public:
     struct Extras;
     struct Access;
 
+protected:
+    /// For clip views behind a scrollRect() of the same distance: the origin of the bounds moves, and nothing is marked dirty. What
+    /// was dirty is so still, at its place in the moved coordinates.
+    void moveBoundsOriginWithPixels(Point);
+
 private:
     friend struct Access;
 
@@ -269,6 +274,8 @@ private:
     void geometryChanged();
     void frameChanged();
     void boundsChanged();
+    void boundsMoved();
+    bool isUndisturbed(Rect) const;
     void insertSubview(NSView&, std::size_t place);
     void detach(bool marksSuperview);
     void willMoveToWindow(NSWindow*);

@@ -61,6 +61,11 @@ void NSView::frameChanged()
 void NSView::boundsChanged()
 {
     markDirty(m_bounds);
+    boundsMoved();
+}
+
+void NSView::boundsMoved()
+{
     geometryChanged();
     if (m_flags.postsBoundsChanges)
         NSNotificationCenter::defaultCenter().postNotificationName(NSViewBoundsDidChangeNotification, Ref<NSObject>(this));

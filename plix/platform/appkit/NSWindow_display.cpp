@@ -2,6 +2,7 @@
 #include <plix/platform/appkit/NSView_internal.h>
 #include <plix/platform/appkit/NSWindow.h>
 #include <plix/platform/appkit/NSWindow_internal.h>
+#include <plix/platform/appkit/pixel_moves.h>
 #include <plix/platform/appkit/view_drawing.h>
 #include <plix/platform/graphics/NSBitmapImageRep.h>
 #include <plix/platform/graphics/NSGraphics.h>
@@ -60,6 +61,29 @@ Ref<NSGraphicsContext> NSWindow::Internals::contextForDrawing()
     if (!isSame)
         context = make<NSGraphicsContext>(pixels);
     return context;
+}
+
+bool NSWindow::Internals::canMovePixels()
+{
+    return !isDrawing && contextForDrawing() && contextPixels.keepsContent;
+}
+
+bool NSWindow::Internals::movePixels(Rect rect, Size by)
+{
+    auto const pixels = pixelsTouchedBy(rect, contextPixels);
+    float const x = by.width * contextPixels.scale;
+    float const y = -by.height * contextPixels.scale;
+    Rect const whole = pointsOf(pixels, contextPixels);
+    Rect const rest { rect.x - whole.x, rect.y - whole.y, rect.width - whole.width, rect.height - whole.height };
+    for (float const fraction : { x - std::round(x), y - std::round(y), rest.x, rest.y, rest.width, rest.height }) {
+        if (std::abs(fraction) > pixelTolerance)
+            return false;
+    }
+    context->flushGraphics();
+    plix::movePixels(contextPixels, pixels, static_cast<int>(std::lround(x)), static_cast<int>(std::lround(y)));
+    context->pixelsChanged();
+    notePresent(rect);
+    return true;
 }
 
 void NSWindow::Internals::notePresent(Rect rect)

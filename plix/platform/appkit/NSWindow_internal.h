@@ -111,6 +111,11 @@ struct NSWindow::Internals final : HostWindowClient {
     bool displayNow(NSView&, Rect);
     /// Straight into the window's pixels, in the content's coordinates; null where there are none.
     Ref<NSGraphicsContext> contextForDrawing();
+    /// Whether the pixels of the last frame are still there. Marks everything dirty where they are not.
+    bool canMovePixels();
+    /// Moves what the last frame left in a rectangle of the content, as far as it stays inside. False, with nothing done, where
+    /// rectangle or distance are not whole pixels.
+    bool movePixels(Rect contentRect, Size by);
     void notePresent(Rect contentRect);
     void presentNow();
 

@@ -1,6 +1,8 @@
 #include <plix/platform/appkit/classes.h>
 
+#include <plix/platform/appkit/NSActionCell.h>
 #include <plix/platform/appkit/NSApplication.h>
+#include <plix/platform/appkit/NSClipView.h>
 #include <plix/platform/appkit/NSCursor.h>
 #include <plix/platform/appkit/NSDocument.h>
 #include <plix/platform/appkit/NSDocumentController.h>
@@ -8,6 +10,10 @@
 #include <plix/platform/appkit/NSPanel.h>
 #include <plix/platform/appkit/NSPasteboard.h>
 #include <plix/platform/appkit/NSScreen.h>
+#include <plix/platform/appkit/NSScrollView.h>
+#include <plix/platform/appkit/NSScroller.h>
+#include <plix/platform/appkit/NSTextField.h>
+#include <plix/platform/appkit/NSTextFieldCell.h>
 #include <plix/platform/appkit/NSWindowController.h>
 
 namespace plix {
@@ -26,6 +32,14 @@ void registerAppKitClasses()
     NSPasteboard::staticClass();
     NSDocument::staticClass();
     NSDocumentController::staticClass();
+    NSCell::staticClass();
+    NSActionCell::staticClass();
+    NSTextFieldCell::staticClass();
+    NSControl::staticClass();
+    NSTextField::staticClass();
+    NSScroller::staticClass();
+    NSClipView::staticClass();
+    NSScrollView::staticClass();
 }
 
 }
