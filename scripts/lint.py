@@ -21,6 +21,8 @@ SLEEP = re.compile(r"\b(sleep|usleep|nanosleep|sleep_for|sleep_until)\s*\(")
 TEST_BEGINS = re.compile(r"^\s*TEST(_F|_P)?\(")
 EXPECTS = re.compile(r"expect|assert|fail|succeed", re.IGNORECASE)
 BARE_DESTROY = re.compile(r"\b(cairo(_\w+)?_destroy|g_object_unref|pango\w+_(free|unref)|SDL_Destroy\w+|Fc\w+Destroy)\s*\(")
+# What clang 14 can't compile.
+TOO_NEW = re.compile(r"\bviews::\w+|#include <(format|source_location|print|expected)>")
 STRING = re.compile(r'"(?:[^"\\]|\\.)*"')
 
 
@@ -63,6 +65,8 @@ class Lint:
                 self.fault(number, "blanks at the end of the line")
             if found := UNFINISHED.search(line):
                 self.fault(number, f"{found.group(0)}: finish it")
+            if found := TOO_NEW.search(line):
+                self.fault(number, f"{found.group(0)}: clang 14 has it not")
             if self.path.startswith("plix/") and not handles and (found := BARE_DESTROY.search(line)):
                 self.fault(number, f"{found.group(1)}: hold it in a Handle")
 

@@ -62,6 +62,10 @@ class Lint(planted.PlantedTree):
         self.assertEqual(self.faults_of("plix/a.cpp", "int a;\n" * 92 + "// why\n" * 8), [])
         self.assertFault("plix/a.cpp", "int a;\n" * 91 + "// what\n" * 9, 1, "comments")
 
+    def test_what_clang_14_lacks(self):
+        for line in ("#include <format>", "for (auto a : b | std::views::reverse) c(a);"):
+            self.assertFault("plix/a.cpp", line + "\n", 1, "clang")
+
     def test_a_bare_destroy_call(self):
         self.assertEqual(self.faults_of("plix/platform/graphics/handles.cpp", "cairo_destroy(c);\n"), [])
         self.assertFault("plix/platform/graphics/a.cpp", "cairo_surface_destroy(s);\n", 1, "Handle")

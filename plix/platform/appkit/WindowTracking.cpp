@@ -6,7 +6,6 @@
 #include <plix/platform/base/clock.h>
 
 #include <algorithm>
-#include <ranges>
 
 namespace plix {
 
@@ -117,14 +116,10 @@ void WindowTracking::setCursorAtMouse()
     if (!m_areCursorRectsValid)
         resetCursorRects();
     // The last added lies on top, being the deepest view's.
-    for (auto const& entry : m_cursorRects | std::views::reverse) {
-        if (!entry.view || !contains(*entry.view, entry.rect, m_mouse))
-            continue;
-        auto const cursor = entry.cursor;
-        cursor->set();
-        return;
-    }
-    NSCursor::arrowCursor().set();
+    auto const isUnderMouse = [this](CursorRect const& entry) { return entry.view && contains(*entry.view, entry.rect, m_mouse); };
+    auto const found = std::find_if(m_cursorRects.rbegin(), m_cursorRects.rend(), isUnderMouse);
+    Ref<NSCursor> const cursor = found == m_cursorRects.rend() ? Ref<NSCursor>(NSCursor::arrowCursor()) : found->cursor;
+    cursor->set();
 }
 
 }
