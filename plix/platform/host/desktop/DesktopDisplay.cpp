@@ -82,7 +82,7 @@ bool DesktopDisplay::start(std::string& whyNot)
         whyNot = SDL_GetError();
         return false;
     }
-    m_helper.reset(SDL_CreateWindow("", 0, 0, 1, 1, SDL_WINDOW_HIDDEN | SDL_WINDOW_SKIP_TASKBAR));
+    m_helper.reset(SDL_CreateWindow("", 0, 0, 1, 1, SDL_WINDOW_HIDDEN | SDL_WINDOW_RESIZABLE | SDL_WINDOW_SKIP_TASKBAR));
     m_connection = nativeWindow(m_helper.get()).connection;
     if (!m_connection) {
         whyNot = SDL_GetError();
@@ -246,11 +246,20 @@ std::optional<NSTimeInterval> DesktopDisplay::nextLook() const
     return next;
 }
 
-void DesktopDisplay::readEvents()
+std::optional<SDL_Event> DesktopDisplay::nextEvent()
 {
     SDL_Event event {};
-    while (!isLost() && SDL_PollEvent(&event) != 0)
-        m_translator->handle(event);
+    int hasOne = 0;
+    auto const isAlive = !isLost() && m_session.survives([&event, &hasOne] { hasOne = SDL_PollEvent(&event); });
+    return isAlive && hasOne != 0 ? std::optional(event) : std::nullopt;
+}
+
+void DesktopDisplay::readEvents()
+{
+    while (auto const event = nextEvent())
+        m_translator->handle(*event);
+    if (isLost())
+        return;
     m_translator->finish();
     for (auto* const window : m_windows)
         window->settle();
@@ -350,7 +359,12 @@ HostWindow::FrameExtents DesktopDisplay::frameExtents(HostWindowAttributes const
         return {};
     if (!m_usualExtents)
         m_usualExtents = askForExtents();
-    return *m_usualExtents;
+    return attributes.isResizable ? *m_usualExtents : m_fixedExtents.value_or(*m_usualExtents);
+}
+
+void DesktopDisplay::rememberExtents(HostWindow::FrameExtents const& extents, bool isResizable)
+{
+    (isResizable ? m_usualExtents : m_fixedExtents) = extents;
 }
 
 HostWindow::FrameExtents DesktopDisplay::askForExtents() const

@@ -67,12 +67,13 @@ public:
     void releaseButtons(DesktopWindow&);
     /// The server's time of the last input, for requests that are judged by it.
     unsigned long lastInputTime() const;
-    void rememberExtents(HostWindow::FrameExtents const& extents) { m_usualExtents = extents; }
+    void rememberExtents(HostWindow::FrameExtents const&, bool isResizable);
 
 private:
     explicit DesktopDisplay(XSession&);
     bool start(std::string& whyNot);
     void readEvents();
+    std::optional<SDL_Event> nextEvent();
     void deliver(Delivery const&);
     HostWindow::FrameExtents askForExtents() const;
 
@@ -87,6 +88,8 @@ private:
     std::unique_ptr<CursorShelf> m_cursors;
     /// The frame that titled windows get here; asked for once, before the first of them is seen.
     mutable std::optional<HostWindow::FrameExtents> m_usualExtents;
+    /// The one of windows that can't be resized, once it has been seen.
+    std::optional<HostWindow::FrameExtents> m_fixedExtents;
     float m_scale { 1 };
     unsigned long m_lastOrder { 0 };
     bool m_isStarted { false };

@@ -61,18 +61,24 @@ DesktopWindow::DesktopWindow(DesktopDisplay& display, HostWindowAttributes const
     , m_isResizable(attributes.isResizable)
 {
     m_pixels = pixelsFor(attributes.contentRect);
-    m_window.reset(SDL_CreateWindow("", m_pixels.x, m_pixels.y, m_pixels.width, m_pixels.height, flagsFor(attributes)));
+    display.add(*this);
+    if (display.isLost() || !display.session().survives([&] { makeNativeWindow(flagsFor(attributes)); }))
+        return;
     auto const native = nativeWindow(m_window.get());
     m_connection = native.connection;
     m_native = native.window;
     m_number = SDL_GetWindowID(m_window.get());
-    display.add(*this);
     if (!isUsable())
         return;
     m_surface.emplace(m_connection, m_native);
     dress(attributes);
     setParent(attributes.parent);
     m_extents = display.frameExtents(attributes);
+}
+
+void DesktopWindow::makeNativeWindow(std::uint32_t flags)
+{
+    m_window.reset(SDL_CreateWindow("", m_pixels.x, m_pixels.y, m_pixels.width, m_pixels.height, flags));
 }
 
 DesktopWindow::~DesktopWindow()
@@ -104,6 +110,7 @@ void DesktopWindow::dress(HostWindowAttributes const& attributes)
     XSetWindowAttributes kept {};
     kept.bit_gravity = NorthWestGravity;
     XChangeWindowAttributes(m_connection, m_native, CWBitGravity, &kept);
+    takePointerEvents();
     long functions = s_motifMove;
     functions |= attributes.isResizable ? s_motifResize | s_motifMaximize : 0;
     functions |= attributes.isMiniaturizable ? s_motifMinimize : 0;
@@ -113,6 +120,15 @@ void DesktopWindow::dress(HostWindowAttributes const& attributes)
     XChangeProperty(m_connection, m_native, property, property, 32, PropModeReplace, reinterpret_cast<unsigned char const*>(hints),
         static_cast<int>(std::size(hints)));
     writeHints();
+}
+
+void DesktopWindow::takePointerEvents()
+{
+    // SDL takes moves of the pointer by the input extension, which keeps the ordinary ones away, and those alone belong to a
+    // button's grab.
+    unsigned char nothing[XIMaskLen(XI_LASTEVENT)] {};
+    XIEventMask mask { XIAllMasterDevices, sizeof nothing, nothing };
+    XISelectEvents(m_connection, m_native, &mask, 1);
 }
 
 void DesktopWindow::writeHints()
@@ -355,6 +371,14 @@ void DesktopWindow::noteExposed(PixelRect exposed)
         { Delivery::Kind::needsRepaint, m_number, {}, contentRectFromPixels(exposed, m_pixels.height, backingScale()) });
 }
 
+void DesktopWindow::noteMapped(bool isMapped)
+{
+    m_isMapped = isMapped;
+    m_isGeometryStale = isMapped;
+    if (isMapped && m_waitsForPlaceUntil)
+        m_waitsForPlaceUntil = clock().uptime() + s_patience;
+}
+
 void DesktopWindow::noteProperty(::Atom property)
 {
     if (!isUsable())
@@ -390,7 +414,7 @@ void DesktopWindow::readExtents()
     if (extents == m_extents)
         return;
     m_extents = extents;
-    m_display->rememberExtents(extents);
+    m_display->rememberExtents(extents, m_isResizable);
     m_display->queue().push({ Delivery::Kind::contentRectChanged, m_number });
 }
 
@@ -405,8 +429,9 @@ void DesktopWindow::settle()
     if (m_isLiveResizing)
         trackLiveResize();
     auto const now = clock().uptime();
-    auto const isLate = m_waitsForPlaceUntil && now >= *m_waitsForPlaceUntil;
-    if ((!m_isGeometryStale && !isLate) || !m_isVisible || m_isMiniaturized)
+    auto const isLate = m_isMapped && m_waitsForPlaceUntil && now >= *m_waitsForPlaceUntil;
+    // While the window manager puts its frame around a window, that is anywhere.
+    if ((!m_isGeometryStale && !isLate) || !m_isVisible || !m_isMapped)
         return;
     m_isGeometryStale = false;
     auto const actual = nativePixels();
@@ -458,7 +483,7 @@ std::optional<NSTimeInterval> DesktopWindow::settleTime() const
 {
     if (m_isLiveResizing)
         return clock().uptime() + s_liveResizeLook;
-    return m_waitsForPlaceUntil;
+    return m_isMapped ? m_waitsForPlaceUntil : std::nullopt;
 }
 
 void DesktopWindow::noteScreensChanged(float scaleBefore)

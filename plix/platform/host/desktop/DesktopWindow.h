@@ -57,6 +57,7 @@ public:
     unsigned long order() const { return m_order; }
 
     void noteConfigured() { m_isGeometryStale = true; }
+    void noteMapped(bool isMapped);
     void noteExposed(PixelRect);
     void noteProperty(::Atom);
     /// Finds out what the window system has made of the window since, and queues what the client is to know.
@@ -70,7 +71,9 @@ public:
 
 private:
     bool isUsable() const;
+    void makeNativeWindow(std::uint32_t flags);
     void dress(HostWindowAttributes const&);
+    void takePointerEvents();
     void writeHints();
     void readState();
     void readExtents();
@@ -103,6 +106,7 @@ private:
     unsigned long m_order { 0 };
 
     // What the window system said last, and the place that we asked for and that it has not confirmed yet.
+    bool m_isMapped { false };
     bool m_isGeometryStale { false };
     bool m_isStateStale { false };
     bool m_areExtentsStale { false };

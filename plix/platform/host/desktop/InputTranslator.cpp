@@ -124,9 +124,13 @@ void InputTranslator::handleNative(XEvent const& event)
         break;
     case ConfigureNotify:
     case ReparentNotify:
-    case MapNotify:
         if (window)
             window->noteConfigured();
+        break;
+    case MapNotify:
+    case UnmapNotify:
+        if (window)
+            window->noteMapped(event.type == MapNotify);
         break;
     case Expose:
         if (window)

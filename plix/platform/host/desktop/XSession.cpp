@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <utility>
 
 namespace plix {
 
@@ -15,11 +16,6 @@ int ignoreError(x11::Connection*, XErrorEvent*)
 int outliveLostConnection(x11::Connection*)
 {
     return 0;
-}
-
-void noteLoss(x11::Connection*, void* isLost)
-{
-    *static_cast<bool*>(isLost) = true;
 }
 
 constexpr long s_longestProperty = 1L << 16;
@@ -60,6 +56,14 @@ XSession::~XSession()
         static_cast<void>(m_owned.release());
 }
 
+void XSession::noteLoss(x11::Connection*, void* session)
+{
+    auto& self = *static_cast<XSession*>(session);
+    self.m_isLost = true;
+    if (auto* const wayOut = std::exchange(self.m_wayOut, nullptr))
+        std::longjmp(*wayOut, 1);
+}
+
 void XSession::tolerateErrors()
 {
     XSetErrorHandler(ignoreError);
@@ -68,7 +72,7 @@ void XSession::tolerateErrors()
 
 void XSession::watch(x11::Connection* connection)
 {
-    XSetIOErrorExitHandler(connection, noteLoss, &m_isLost);
+    XSetIOErrorExitHandler(connection, noteLoss, this);
 }
 
 int XSession::descriptor() const

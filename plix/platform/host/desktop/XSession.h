@@ -5,6 +5,7 @@
 #include <plix/platform/host/desktop/screen_space.h>
 #include <plix/platform/host/desktop/x11.h>
 
+#include <csetjmp>
 #include <functional>
 #include <optional>
 #include <string>
@@ -31,6 +32,20 @@ public:
     bool isLost() const { return m_isLost; }
     /// Counts a connection of somebody else's as part of this one: when it breaks, this one is lost too.
     void watch(x11::Connection*);
+    /// Calls into a library that takes answers of the server for granted. Where the connection breaks meanwhile, the call is left
+    /// as it stands and the answer is false; that library can't be used any more then. `call` holds nothing that wants to be
+    /// destroyed.
+    template <typename Call> bool survives(Call call)
+    {
+        std::jmp_buf wayOut;
+        m_wayOut = &wayOut;
+        // NOLINTNEXTLINE(cert-err52-cpp): the C library above us knows no exceptions.
+        if (setjmp(wayOut) != 0)
+            return false;
+        call();
+        m_wayOut = nullptr;
+        return true;
+    }
     /// Windows of other programs go away while we talk about them; that is no reason to end, which is what the X library would do.
     static void tolerateErrors();
 
@@ -58,6 +73,7 @@ public:
 
 private:
     explicit XSession(Handle<x11::Connection>);
+    static void noteLoss(x11::Connection*, void* session);
     void readScreens();
     std::vector<PixelRect> monitors() const;
     std::optional<PixelRect> workArea() const;
@@ -68,6 +84,7 @@ private:
     ::Window m_root { 0 };
     int m_randrEvents { -1 };
     bool m_isLost { false };
+    std::jmp_buf* m_wayOut { nullptr };
     ScreenSpace m_space;
     std::vector<HostScreen> m_screens;
 };

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace plix::desktop {
+
+/// The colour of one pixel of a virtual screen now, 0xRRGGBB.
+std::uint32_t colourOnScreen(std::string const& display, int x, int y);
+
+/// What the whole virtual screen shows.
+class Screenshot {
+public:
+    /// Takes it and writes it as a PNG file.
+    Screenshot(std::string const& display, std::string path);
+
+    int width() const { return m_width; }
+    int height() const { return m_height; }
+    std::string const& path() const { return m_path; }
+    /// Red, green, blue: 0xRRGGBB; from the upper left corner.
+    std::uint32_t pixel(int x, int y) const;
+
+private:
+    std::string m_path;
+    int m_width { 0 };
+    int m_height { 0 };
+    std::vector<std::uint8_t> m_bytes;
+};
+
+}
