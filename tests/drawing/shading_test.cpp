@@ -170,6 +170,26 @@ TEST(PLIXShading, KeepsToTheClipAndTheStatesOperation)
     EXPECT_TRUE(pixelNear(bitmap, 10, 10, { 1, 0.5F, 0.5F, 1 }));
 }
 
+TEST(PLIXShading, ChangesNothingBeyondItsEndsUnderEveryOperation)
+{
+    for (int operation = 0; operation <= NSCompositePlusLighter; ++operation) {
+        auto const shading = redToBlue();
+        shading->setStartPoint({ 0, 4 });
+        shading->setEndPoint({ 0, 12 });
+        auto const bitmap = renderBitmap({ 6, 16 }, 1,
+            [&] {
+                NSGraphicsContext::currentContext()->setCompositingOperation(static_cast<NSCompositingOperation>(operation));
+                shading->drawShading();
+            },
+            { 0, 1, 0, 0.5F });
+        EXPECT_TRUE(areaNear(bitmap, { 0, 0, 6, 4 }, { 0, 1, 0, 0.5F })) << operation;
+        EXPECT_TRUE(areaNear(bitmap, { 0, 12, 6, 4 }, { 0, 1, 0, 0.5F })) << operation;
+        // What shows between them: the source's alpha is 1, the destination's a half.
+        constexpr float shown[] { 0, 1, 1, 0.5F, 0.5F, 0.5F, 1, 0.5F, 0, 1, 0.5F, 1, 1, 1 };
+        EXPECT_NEAR(static_cast<float>(bitmap->pixelAtX(3, 8) >> 24U) / 255, shown[operation], 0.01) << operation;
+    }
+}
+
 TEST(PLIXShading, HoldsItsSpaceOnceAndGivesItBack)
 {
     auto const space = CGColorSpaceCreateWithName(kCGColorSpaceUserRGB);

@@ -42,11 +42,13 @@ std::optional<AxisOnDevice> axisOnDevice(cairo_matrix_t const& matrix, CGShading
 
 class Painter {
 public:
-    Painter(CGShading const& shading, AxisOnDevice const& axis, double alpha, bool antialiases)
+    /// Unless the ends show in the colours, all places are covered.
+    Painter(CGShading const& shading, AxisOnDevice const& axis, double alpha, bool antialiases, bool showsEnds)
         : m_shading(shading)
         , m_axis(axis)
         , m_alpha(static_cast<float>(alpha))
         , m_antialiases(antialiases)
+        , m_showsEnds(showsEnds)
     {
     }
 
@@ -74,7 +76,7 @@ public:
 private:
     float covered(double inside, bool isExtended) const
     {
-        if (isExtended)
+        if (isExtended || !m_showsEnds)
             return 1;
         if (!m_antialiases)
             return inside >= 0 ? 1 : 0;
@@ -87,6 +89,7 @@ private:
     AxisOnDevice const& m_axis;
     float m_alpha;
     bool m_antialiases;
+    bool m_showsEnds;
 };
 
 /// The colours of a slanting axis at even steps, so that not every pixel asks the function.
@@ -148,6 +151,27 @@ void paintSlanting(Canvas const& canvas, Painter const& painter, AxisOnDevice co
     }
 }
 
+/// Narrows the clip to what lies between the ends that are not extended.
+void clipBetweenEnds(cairo_t* cairo, CGShading::Axis const& axis)
+{
+    constexpr double far = 100'000;
+    double const dx = static_cast<double>(axis.end.x) - axis.start.x;
+    double const dy = static_cast<double>(axis.end.y) - axis.start.y;
+    double const length = std::hypot(dx, dy);
+    double const alongX = dx / length * far;
+    double const alongY = dy / length * far;
+    double const startX = axis.start.x - (axis.extendsStart ? alongX : 0);
+    double const startY = axis.start.y - (axis.extendsStart ? alongY : 0);
+    double const endX = axis.end.x + (axis.extendsEnd ? alongX : 0);
+    double const endY = axis.end.y + (axis.extendsEnd ? alongY : 0);
+    cairo_new_path(cairo);
+    cairo_move_to(cairo, startX - alongY, startY + alongX);
+    cairo_line_to(cairo, startX + alongY, startY - alongX);
+    cairo_line_to(cairo, endX + alongY, endY - alongX);
+    cairo_line_to(cairo, endX - alongY, endY + alongX);
+    cairo_clip(cairo);
+}
+
 void paint(Canvas const& canvas, Painter const& painter, AxisOnDevice const& axis)
 {
     constexpr double nothing = 1e-9;
@@ -157,6 +181,29 @@ void paint(Canvas const& canvas, Painter const& painter, AxisOnDevice const& axi
         paintColumns(canvas, painter, axis);
     else
         paintSlanting(canvas, painter, axis);
+}
+
+void compositeShading(ContextInternals& internals, cairo_surface_t* colors, CGShading::Axis const& axis, bool showsEnds)
+{
+    auto const& state = internals.state();
+    auto* cairo = internals.cairo.get();
+    cairo_save(cairo);
+    if (!showsEnds)
+        clipBetweenEnds(cairo, axis);
+    cairo_identity_matrix(cairo);
+    if (state.operation == NSCompositeClear)
+        setClearingSource(cairo);
+    else
+        cairo_set_source_surface(cairo, colors, state.clip.x, state.clip.y);
+    cairo_pattern_set_filter(cairo_get_source(cairo), CAIRO_FILTER_NEAREST);
+    cairo_set_operator(cairo, cairoOperator(state.operation));
+    if (showsEnds) {
+        cairo_rectangle(cairo, state.clip.x, state.clip.y, state.clip.width, state.clip.height);
+        cairo_fill(cairo);
+    } else {
+        cairo_paint(cairo);
+    }
+    cairo_restore(cairo);
 }
 
 }
@@ -194,18 +241,12 @@ void CGContextDrawShading(CGContextRef context, CGShadingRef const& shading)
     Handle<cairo_surface_t> const surface(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, area.width, area.height));
     if (cairo_surface_status(surface.get()) != CAIRO_STATUS_SUCCESS)
         return;
-    Painter const painter(*shading, *axis, state.alpha, state.antialiases);
+    bool const isBounded
+        = !reachesBeyondSource(state.operation) && state.operation != NSCompositeClear && state.operation != NSCompositeCopy;
+    Painter const painter(*shading, *axis, state.alpha, state.antialiases, isBounded);
     paint({ cairo_image_surface_get_data(surface.get()), cairo_image_surface_get_stride(surface.get()), area }, painter, *axis);
     cairo_surface_mark_dirty(surface.get());
-    auto* cairo = internals.cairo.get();
-    auto const matrix = internals.matrix();
-    cairo_identity_matrix(cairo);
-    cairo_set_source_surface(cairo, surface.get(), area.x, area.y);
-    cairo_pattern_set_filter(cairo_get_source(cairo), CAIRO_FILTER_NEAREST);
-    cairo_set_operator(cairo, cairoOperator(state.operation));
-    cairo_rectangle(cairo, area.x, area.y, area.width, area.height);
-    cairo_fill(cairo);
-    cairo_set_matrix(cairo, &matrix);
+    compositeShading(internals, surface.get(), shading->axis(), isBounded);
 }
 
 }

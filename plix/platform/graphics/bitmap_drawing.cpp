@@ -269,8 +269,12 @@ void drawBitmap(ContextInternals& internals, NSBitmapImageRep const& rep, ImageD
     auto* cairo = internals.cairo.get();
     auto const op = cairoOperator(drawing.operation);
     cairo_set_antialias(cairo, internals.state().antialiases ? CAIRO_ANTIALIAS_DEFAULT : CAIRO_ANTIALIAS_NONE);
-    cairo_set_source(cairo, pattern.get());
-    if (alpha < 1 || reachesBeyondSource(drawing.operation)) {
+    bool const clears = drawing.operation == NSCompositeClear;
+    if (clears)
+        setClearingSource(cairo);
+    else
+        cairo_set_source(cairo, pattern.get());
+    if ((alpha < 1 && !clears) || reachesBeyondSource(drawing.operation)) {
         paintClipped(cairo, place, op, alpha);
         return;
     }

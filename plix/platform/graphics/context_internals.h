@@ -70,7 +70,9 @@ void paintComposited(ContextInternals&, NSCompositingOperation, Painting const&)
 
 /// Makes a colour of the state the source, its alpha multiplied with the state's.
 void setSource(cairo_t*, ContextInternals const&, Paint const&);
+/// Of NSCompositeClear with setClearingSource() in place of the true source.
 cairo_operator_t cairoOperator(NSCompositingOperation);
+void setClearingSource(cairo_t*);
 /// Whether the operation changes pixels that the source leaves transparent, so that Cairo paints beyond the shape.
 bool reachesBeyondSource(NSCompositingOperation);
 

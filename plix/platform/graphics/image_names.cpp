@@ -1,5 +1,7 @@
 #include <plix/platform/graphics/NSImage.h>
 
+#include <plix/platform/foundation/NSBundle.h>
+
 #include <filesystem>
 #include <map>
 
@@ -32,6 +34,22 @@ Ref<NSImage> imageInFolder(std::string const& folder, std::string_view name)
     return nullptr;
 }
 
+Ref<NSImage> findImage(std::string_view name)
+{
+    auto const& folders = resourceFolders();
+    for (auto folder = folders.rbegin(); folder != folders.rend(); ++folder) {
+        if (auto image = imageInFolder(*folder, name))
+            return image;
+    }
+    for (auto const* bundle : { &NSBundle::mainBundle(), &NSBundle::libraryBundle() }) {
+        if (auto const path = bundle->pathForImageResource(name)) {
+            if (auto image = make<NSImage>(std::string_view(*path)))
+                return image;
+        }
+    }
+    return nullptr;
+}
+
 }
 
 Ref<NSImage> NSImage::imageNamed(std::string_view name)
@@ -40,14 +58,10 @@ Ref<NSImage> NSImage::imageNamed(std::string_view name)
         return nullptr;
     if (auto const known = registry().find(name); known != registry().end())
         return known->second;
-    auto const& folders = resourceFolders();
-    for (auto folder = folders.rbegin(); folder != folders.rend(); ++folder) {
-        if (auto image = imageInFolder(*folder, name)) {
-            image->setName(name);
-            return image;
-        }
-    }
-    return nullptr;
+    auto image = findImage(name);
+    if (image)
+        image->setName(name);
+    return image;
 }
 
 void NSImage::addResourceFolder(std::string_view path)
@@ -72,7 +86,7 @@ bool NSImage::setName(std::string_view name)
 
 std::vector<std::string> const& NSImage::imageUnfilteredFileTypes()
 {
-    static auto const& s_types = *new std::vector<std::string> { "png" };
+    static auto const& s_types = *new std::vector<std::string> { "png", "tiff", "tif", "jpg", "jpeg", "gif", "bmp", "svg" };
     return s_types;
 }
 

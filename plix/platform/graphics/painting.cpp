@@ -184,7 +184,10 @@ void paintComposited(ContextInternals& internals, NSCompositingOperation operati
         return;
     }
     auto* cairo = internals.cairo.get();
-    painting.setSource(cairo);
+    if (operation == NSCompositeClear)
+        setClearingSource(cairo);
+    else
+        painting.setSource(cairo);
     cairo_set_operator(cairo, cairoOperator(operation));
     cairo_set_antialias(cairo, internals.state().antialiases ? CAIRO_ANTIALIAS_DEFAULT : CAIRO_ANTIALIAS_NONE);
     painting.paintShape(cairo);
@@ -201,11 +204,17 @@ void setSource(cairo_t* cairo, ContextInternals const& internals, Paint const& p
     cairo_set_source_rgba(cairo, color.red, color.green, color.blue, static_cast<double>(color.alpha) * alpha);
 }
 
+void setClearingSource(cairo_t* cairo)
+{
+    cairo_set_source_rgba(cairo, 0, 0, 0, 1);
+}
+
 cairo_operator_t cairoOperator(NSCompositingOperation operation)
 {
     switch (operation) {
     case NSCompositeClear:
-        return CAIRO_OPERATOR_CLEAR;
+        // With an opaque source: strokes under Cairo's own operator "clear" paint their source.
+        return CAIRO_OPERATOR_DEST_OUT;
     case NSCompositeCopy:
         return CAIRO_OPERATOR_SOURCE;
     case NSCompositeSourceIn:
