@@ -27,7 +27,7 @@ FLOORS = [
 DESKTOP = "platform/host/desktop"
 # Third-party headers and the folders of plix/ that they may be included in.
 ROOMS = [
-    (r"cairo.*|pango/.*|fontconfig/.*|ft2build\.h|freetype.*|hb.*\.h|png\.h|jpeglib\.h|tiffio\.h|gif_lib\.h|webp/.*|librsvg/.*",
+    (r"cairo.*|pango/.*|fontconfig/.*|ft2build\.h|freetype.*|hb.*\.h|png\.h|jpeglib\.h|tiffio\.h|jerror\.h|gif_lib\.h|webp/.*|librsvg/.*",
      "platform/graphics"),
     (r"unicode/.*|pugixml\.hpp", "platform/foundation"),
     (r"SDL.*|X11/.*|xkbcommon/.*|pulse/.*|gst/.*|sndfile\.h|libspeechd\.h|speech-dispatcher/.*|dbus/.*", DESKTOP),
@@ -46,6 +46,8 @@ iomanip ios iosfwd iostream istream iterator latch limits list locale map memory
 ostream queue random ranges ratio regex scoped_allocator semaphore set shared_mutex source_location span sstream stack stdexcept
 stop_token streambuf string string_view syncstream system_error thread tuple type_traits typeindex typeinfo unordered_map
 unordered_set utility valarray variant vector version""".split())
+# The compiler's own, used where the machine has it.
+STANDARD.add("emmintrin.h")
 
 # The operating system's own headers.
 SYSTEM = re.compile(r"(arpa|linux|net|netinet|netpacket|sys)/\w+\.h$|(dirent|dlfcn|errno|execinfo|fcntl|fnmatch|ftw|glob|grp|"

@@ -167,9 +167,38 @@ void NSBitmapImageRep::setPixelsPerPoint(Size pixelsPerPoint)
 
 Ref<NSData> NSBitmapImageRep::representationUsingType(NSBitmapImageFileType type) const
 {
-    if (!m_storage || type != NSPNGFileType)
+    if (!m_storage)
         return nullptr;
-    return make<NSData>(encodePNG(*m_storage));
+    float const perPoint = m_pixelsPerPoint.width;
+    EncodedPicture const picture { m_storage.get(), perPoint };
+    switch (type) {
+    case NSPNGFileType:
+        return make<NSData>(encodePNG(*m_storage, perPoint));
+    case NSTIFFFileType:
+        return make<NSData>(encodeTIFF({ &picture, 1 }));
+    case NSJPEGFileType:
+        return make<NSData>(encodeJPEG(*m_storage, perPoint));
+    case NSBMPFileType:
+        return make<NSData>(encodeBMP(*m_storage, perPoint));
+    case NSGIFFileType:
+        break;
+    }
+    return nullptr;
+}
+
+Ref<NSData> NSBitmapImageRep::TIFFRepresentation() const
+{
+    return representationUsingType(NSTIFFFileType);
+}
+
+Ref<NSData> NSBitmapImageRep::TIFFRepresentationOfImageRepsInArray(std::vector<Ref<NSBitmapImageRep>> const& reps)
+{
+    std::vector<EncodedPicture> pictures;
+    for (auto const& rep : reps) {
+        if (rep && rep->m_storage)
+            pictures.push_back({ rep->m_storage.get(), rep->m_pixelsPerPoint.width });
+    }
+    return pictures.empty() ? nullptr : make<NSData>(encodeTIFF(pictures));
 }
 
 bool NSBitmapImageRep::draw(ImageDrawing const& drawing) const

@@ -63,8 +63,11 @@ public:
     /// While something else writes to the pixels, copies get pixels of their own.
     void setExposed(bool isExposed) { m_isExposed = isExposed; }
 
-    /// The bytes of a file; null for a type that can't be written.
+    /// The bytes of a file; null for a type that can't be written (GIF). JPEG and BMP files have no alpha: white shows through.
     Ref<NSData> representationUsingType(NSBitmapImageFileType) const;
+    Ref<NSData> TIFFRepresentation() const;
+    /// One file with all of them; null for none.
+    static Ref<NSData> TIFFRepresentationOfImageRepsInArray(std::vector<Ref<NSBitmapImageRep>> const&);
 
     // NSImageRep:
     /// The whole bitmap fills the new size.

@@ -282,6 +282,22 @@ Ref<NSBitmapImageRep> NSImage::bitmapAtScale(float pixelsPerPoint) const
     return rendition;
 }
 
+Ref<NSData> NSImage::TIFFRepresentation() const
+{
+    std::vector<Ref<NSBitmapImageRep>> bitmaps;
+    if (m_cache) {
+        bitmaps.push_back(m_cache);
+    } else {
+        for (auto const& rep : m_representations) {
+            if (auto bitmap = as<NSBitmapImageRep>(rep))
+                bitmaps.push_back(std::move(bitmap));
+        }
+    }
+    if (bitmaps.empty() && isValid())
+        bitmaps.push_back(bitmapAtScale(backingScaleForDrawing()));
+    return NSBitmapImageRep::TIFFRepresentationOfImageRepsInArray(bitmaps);
+}
+
 std::uint64_t NSImage::contentStamp() const
 {
     std::uint64_t stamp = mixed((m_isFlipped ? 1U : 0U) | (m_scalesWhenResized ? 2U : 0U), size());

@@ -94,6 +94,9 @@ public:
     void dissolveToPoint(Point point, float fraction) const;
     void dissolveToPoint(Point point, Rect from, float fraction) const;
 
+    /// All bitmap representations as one TIFF file's bytes, or, where it has none, the image drawn into one; null of an image
+    /// without size or content.
+    Ref<NSData> TIFFRepresentation() const;
     /// The image as pixels at that many device pixels a point; its own representation where that fits, else one drawn for it. Null
     /// of an image without size.
     Ref<NSBitmapImageRep> bitmapAtScale(float pixelsPerPoint) const;

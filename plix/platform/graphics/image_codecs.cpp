@@ -15,6 +15,10 @@ struct Format {
 
 constexpr Format formats[] {
     { isPNG, decodePNG },
+    { isJPEG, decodeJPEG },
+    { isTIFF, decodeTIFF },
+    { isGIF, decodeGIF },
+    { isBMP, decodeBMP },
 };
 
 constexpr double dotsPerMetreAtOne = 72 / 0.0254;
@@ -34,8 +38,12 @@ std::vector<DecodedImage> decodeImages(FileBytes bytes)
 
 bool isAcceptableSize(std::int64_t width, std::int64_t height)
 {
-    return width > 0 && height > 0 && width <= largestSide && height <= largestSide
-        && width * height <= NSBitmapImageRep::maximumPixels;
+    return width > 0 && height > 0 && width <= largestSide && height <= largestSide && isAcceptablePixelCount(width * height);
+}
+
+bool isAcceptablePixelCount(std::int64_t count)
+{
+    return count <= NSBitmapImageRep::maximumPixels;
 }
 
 float pixelsPerPointFromResolution(double dotsPerMetre)

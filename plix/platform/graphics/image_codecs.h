@@ -30,8 +30,29 @@ bool isAcceptableSize(std::int64_t width, std::int64_t height);
 /// A whole number of times 72 dots an inch, from dots a metre; 1 for any other resolution.
 float pixelsPerPointFromResolution(double dotsPerMetre);
 
+/// The same for several pictures together.
+bool isAcceptablePixelCount(std::int64_t);
+
+struct EncodedPicture {
+    BitmapStorage const* storage;
+    float pixelsPerPoint { 1 };
+};
+
 bool isPNG(FileBytes);
 std::vector<DecodedImage> decodePNG(FileBytes);
-std::vector<std::uint8_t> encodePNG(BitmapStorage const&);
+std::vector<std::uint8_t> encodePNG(BitmapStorage const&, float pixelsPerPoint);
+bool isJPEG(FileBytes);
+std::vector<DecodedImage> decodeJPEG(FileBytes);
+std::vector<std::uint8_t> encodeJPEG(BitmapStorage const&, float pixelsPerPoint);
+/// Every picture of the file, up to a number.
+bool isTIFF(FileBytes);
+std::vector<DecodedImage> decodeTIFF(FileBytes);
+std::vector<std::uint8_t> encodeTIFF(std::span<EncodedPicture const>);
+/// The first frame.
+bool isGIF(FileBytes);
+std::vector<DecodedImage> decodeGIF(FileBytes);
+bool isBMP(FileBytes);
+std::vector<DecodedImage> decodeBMP(FileBytes);
+std::vector<std::uint8_t> encodeBMP(BitmapStorage const&, float pixelsPerPoint);
 
 }

@@ -10,6 +10,7 @@ namespace {
 
 constexpr std::uint8_t signature[] { 0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n' };
 constexpr std::size_t chunkOverhead = 12; // length, type, checksum
+constexpr std::size_t headerLength = 13;
 
 std::uint32_t bigEndian(FileBytes bytes, std::size_t at)
 {
@@ -62,6 +63,38 @@ cairo_status_t appendBytes(void* closure, unsigned char const* source, unsigned 
     return CAIRO_STATUS_SUCCESS;
 }
 
+void appendBigEndian(std::vector<std::uint8_t>& bytes, std::uint32_t value)
+{
+    for (int shift = 24; shift >= 0; shift -= 8)
+        bytes.push_back(static_cast<std::uint8_t>(value >> shift));
+}
+
+/// PNG specification, annex D.
+std::uint32_t checksum(FileBytes bytes)
+{
+    std::uint32_t sum = 0xFFFFFFFFU;
+    for (auto const byte : bytes) {
+        sum ^= byte;
+        for (int bit = 0; bit < 8; ++bit)
+            sum = sum >> 1U ^ ((sum & 1U) != 0 ? 0xEDB88320U : 0U);
+    }
+    return ~sum;
+}
+
+std::vector<std::uint8_t> densityChunk(float pixelsPerPoint)
+{
+    auto const dotsPerMetre = static_cast<std::uint32_t>(72 / 0.0254 * static_cast<double>(pixelsPerPoint) + 0.5);
+    std::vector<std::uint8_t> chunk;
+    appendBigEndian(chunk, 9);
+    for (char const letter : { 'p', 'H', 'Y', 's' })
+        chunk.push_back(static_cast<std::uint8_t>(letter));
+    appendBigEndian(chunk, dotsPerMetre);
+    appendBigEndian(chunk, dotsPerMetre);
+    chunk.push_back(1); // per metre
+    appendBigEndian(chunk, checksum(FileBytes(chunk).subspan(4)));
+    return chunk;
+}
+
 float scaleOf(FileBytes bytes)
 {
     auto const density = chunk(bytes, "pHYs");
@@ -79,7 +112,7 @@ bool isPNG(FileBytes bytes)
 std::vector<DecodedImage> decodePNG(FileBytes bytes)
 {
     auto const header = chunk(bytes, "IHDR");
-    if (!header || header->size() < 13 || !isAcceptableSize(bigEndian(*header, 0), bigEndian(*header, 4)))
+    if (!header || header->size() < headerLength || !isAcceptableSize(bigEndian(*header, 0), bigEndian(*header, 4)))
         return {};
     if (!hasEveryChunkWhole(bytes))
         return {};
@@ -105,7 +138,7 @@ std::vector<DecodedImage> decodePNG(FileBytes bytes)
     return { { std::move(storage), scaleOf(bytes), hasAlpha } };
 }
 
-std::vector<std::uint8_t> encodePNG(BitmapStorage const& storage)
+std::vector<std::uint8_t> encodePNG(BitmapStorage const& storage, float pixelsPerPoint)
 {
     Handle<cairo_surface_t> const surface(
         cairo_image_surface_create_for_data(reinterpret_cast<unsigned char*>(storage.pixels.get()), CAIRO_FORMAT_ARGB32,
@@ -113,6 +146,10 @@ std::vector<std::uint8_t> encodePNG(BitmapStorage const& storage)
     std::vector<std::uint8_t> bytes;
     if (cairo_surface_write_to_png_stream(surface.get(), appendBytes, &bytes) != CAIRO_STATUS_SUCCESS)
         return {};
+    if (pixelsPerPoint != 1) {
+        auto const density = densityChunk(pixelsPerPoint);
+        bytes.insert(bytes.begin() + sizeof signature + chunkOverhead + headerLength, density.begin(), density.end());
+    }
     return bytes;
 }
 
