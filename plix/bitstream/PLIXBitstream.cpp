@@ -54,7 +54,7 @@ void PLIXBitstream::setData(Ref<NSData> const& data)
     m_bytes = data ? data->bytes().data() : nullptr;
     if (data)
         m_length = static_cast<std::uint32_t>(data->length() * 8); // 32 bits are meant
-    findLastFill();
+    countFillablePositions();
 }
 
 void PLIXBitstream::setLocation(std::int64_t location)
@@ -67,7 +67,7 @@ void PLIXBitstream::setLength(std::int64_t length)
 {
     moveTo(position());
     m_length = length;
-    findLastFill();
+    countFillablePositions();
 }
 
 void PLIXBitstream::moveTo(std::int64_t position)
@@ -77,7 +77,7 @@ void PLIXBitstream::moveTo(std::int64_t position)
     m_windowEnd = position;
 }
 
-void PLIXBitstream::findLastFill()
+void PLIXBitstream::countFillablePositions()
 {
     auto const lengthOfData = m_data ? static_cast<std::int64_t>(m_data->length()) * 8 : 0;
     m_fillablePositions = static_cast<std::uint64_t>(std::max<std::int64_t>(std::min(m_length, lengthOfData), 63) - 63);
@@ -93,13 +93,13 @@ bool PLIXBitstream::fillNearEnd()
     if (firstByte >= bytes.size())
         return false;
     auto const rest = bytes.subspan(firstByte, std::min<std::size_t>(bytes.size() - firstByte, 8));
-    std::uint64_t word = 0;
-    for (std::size_t i = 0; i < rest.size(); ++i)
-        word |= std::uint64_t { rest[i] } << (56 - 8 * i);
-    auto const offset = position % 8;
-    m_windowBits = std::min(static_cast<std::int64_t>(rest.size()) * 8 - offset, m_length - position);
+    m_window = 0;
+    for (auto const byte : rest)
+        m_window = m_window << 8 | byte;
+    auto const available = static_cast<std::int64_t>(rest.size()) * 8 - position % 8;
+    m_windowBits = std::min(available, m_length - position);
+    m_window >>= available - m_windowBits;
     m_windowEnd = position + m_windowBits;
-    m_window = word << offset & ~std::uint64_t { 0 } << (64 - m_windowBits);
     return true;
 }
 
@@ -152,15 +152,13 @@ std::int64_t PLIXBitstream::readPrefix()
             zeros += readBitOutsideWindow() == 0;
             continue;
         }
-        auto const leading = std::min<std::int64_t>(std::countl_zero(m_window), m_windowBits);
+        auto const leading = std::min<std::int64_t>(std::countl_zero(leftAlignedWindow()), m_windowBits);
         zeros += leading;
-        if (leading == m_windowBits) {
-            moveTo(m_windowEnd);
-            continue;
+        m_windowBits -= leading;
+        if (m_windowBits > 0) {
+            --m_windowBits;
+            return zeros;
         }
-        m_window = m_window << leading << 1;
-        m_windowBits -= leading + 1;
-        return zeros;
     }
 }
 

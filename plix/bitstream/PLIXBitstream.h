@@ -2,6 +2,7 @@
 
 #include <plix/platform/base/NSData.h>
 
+#include <array>
 #include <bit>
 #include <cstdint>
 #include <cstring>
@@ -58,14 +59,15 @@ public:
 private:
     void copyStateTo(NSObject& fresh) const override;
 
-    // The bits from position() to m_windowEnd, left-aligned in m_window with zeros behind them. What is in the window is inside
-    // both the length and the data; without a window position() is m_windowEnd and may be anything.
+    // The last m_windowBits bits of m_window are those from position() to m_windowEnd; what is above them has been read. They are
+    // inside both the length and the data. Without a window position() is m_windowEnd and may be anything.
     std::int64_t position() const { return m_windowEnd - m_windowBits; }
+    /// The window's bits from the top down, with zeros behind; anything without a window.
+    std::uint64_t leftAlignedWindow() const { return m_window << (-m_windowBits & 63); }
     void moveTo(std::int64_t position);
-    void take(std::int64_t count);
     bool fillFromEightBytes();
     bool fillNearEnd();
-    void findLastFill();
+    void countFillablePositions();
 
     std::uint8_t readBitOutsideWindow();
     std::uint32_t readBitsOutsideWindow(std::int64_t count);
@@ -83,10 +85,16 @@ private:
     std::uint64_t m_fillablePositions { 0 };
 };
 
-inline void PLIXBitstream::take(std::int64_t count)
-{
-    m_window <<= count;
-    m_windowBits -= count;
+namespace detail {
+
+/// The numbers whose last 0 to 32 bits are set: looked up faster than shifted.
+inline constexpr auto lastBits = [] {
+    std::array<std::uint32_t, 33> masks {};
+    for (std::size_t i = 1; i < masks.size(); ++i)
+        masks[i] = masks[i - 1] << 1 | 1;
+    return masks;
+}();
+
 }
 
 inline bool PLIXBitstream::fillFromEightBytes()
@@ -94,14 +102,11 @@ inline bool PLIXBitstream::fillFromEightBytes()
     auto const position = static_cast<std::uint64_t>(this->position());
     if (position >= m_fillablePositions) [[unlikely]]
         return false;
-    std::uint64_t word = 0;
-    std::memcpy(&word, m_bytes + position / 8, sizeof word);
+    std::memcpy(&m_window, m_bytes + position / 8, sizeof m_window);
     if constexpr (std::endian::native == std::endian::little)
-        word = __builtin_bswap64(word);
-    auto const offset = position % 8;
-    m_window = word << offset;
-    m_windowBits = static_cast<std::int64_t>(64 - offset);
-    m_windowEnd = static_cast<std::int64_t>(position + 64 - offset);
+        m_window = __builtin_bswap64(m_window);
+    m_windowBits = static_cast<std::int64_t>(64 - position % 8);
+    m_windowEnd = static_cast<std::int64_t>(position) + m_windowBits;
     return true;
 }
 
@@ -109,44 +114,46 @@ inline std::uint8_t PLIXBitstream::readBit()
 {
     if (m_windowBits == 0 && !fillFromEightBytes()) [[unlikely]]
         return readBitOutsideWindow();
-    auto const bit = static_cast<std::uint8_t>(m_window >> 63);
-    take(1);
-    return bit;
+    --m_windowBits;
+    return static_cast<std::uint8_t>(m_window >> m_windowBits & 1);
 }
 
 inline std::uint32_t PLIXBitstream::readBits(std::int64_t count)
 {
-    if (static_cast<std::uint64_t>(count) - 1 >= 32) [[unlikely]]
+    if (static_cast<std::uint64_t>(count) > 32) [[unlikely]]
         return readBitsOutsideWindow(count);
-    if (count > m_windowBits && !fillFromEightBytes()) [[unlikely]]
-        return readBitsOutsideWindow(count);
-    auto const value = static_cast<std::uint32_t>(m_window >> (64 - count));
-    take(count);
-    return value;
+    auto rest = m_windowBits - count;
+    if (rest < 0) {
+        if (!fillFromEightBytes()) [[unlikely]]
+            return readBitsOutsideWindow(count);
+        rest = m_windowBits - count;
+    }
+    m_windowBits = rest;
+    return static_cast<std::uint32_t>(m_window >> (rest & 63)) & detail::lastBits[static_cast<std::size_t>(count)];
 }
 
 inline std::uint32_t PLIXBitstream::readExpGolomb()
 {
-    // A code of z zeros has 2 z + 1 bits; its value is that of the last z + 1 less 1. An empty window gives a width of 129.
-    auto const widthInWindow = [this] { return 2 * std::int64_t { std::countl_zero(m_window) } + 1; };
-    auto width = widthInWindow();
+    // A code of z zeros has 2 z + 1 bits; its value is that of the last z + 1 less 1. Without a 1 the width is beyond any window's.
+    auto window = leftAlignedWindow();
+    auto width = 2 * std::int64_t { std::countl_zero(window) } + 1;
     if (width > m_windowBits) {
         if (!fillFromEightBytes()) [[unlikely]]
             return readLongExpGolomb();
-        width = widthInWindow();
+        window = leftAlignedWindow();
+        width = 2 * std::int64_t { std::countl_zero(window) } + 1;
         if (width > m_windowBits) [[unlikely]]
             return readLongExpGolomb();
     }
-    auto const value = static_cast<std::uint32_t>(m_window >> (64 - width)) - 1;
-    take(width);
-    return value;
+    m_windowBits -= width;
+    return static_cast<std::uint32_t>(window >> (64 - width)) - 1;
 }
 
 inline void PLIXBitstream::skipBits(std::int64_t count)
 {
     if (count < 0 || count >= m_windowBits) [[unlikely]]
         return skipBitsOutsideWindow(count);
-    take(count);
+    m_windowBits -= count;
 }
 
 }

@@ -11,6 +11,9 @@ namespace {
 // Room for more fields than these is not made in advance: commas may be quoted, or stand behind the line's end.
 constexpr std::size_t greatestReservation = std::size_t { 1 } << 20;
 
+// Strings this short need no memory of their own, and a copy of fixed size no call.
+constexpr std::size_t shortField = 15;
+
 class LineReader {
 public:
     explicit LineReader(std::string_view line)
@@ -49,12 +52,21 @@ private:
     void finishField(std::size_t end)
     {
         if (m_field.empty()) {
-            m_fields.emplace_back(run(end));
+            addField(run(end));
             return;
         }
         m_field += run(end);
         m_fields.push_back(std::move(m_field));
         m_field.clear();
+    }
+
+    void addField(std::string_view text)
+    {
+        auto const start = static_cast<std::size_t>(text.data() - m_line.data());
+        if (text.size() > shortField || m_line.size() - start < shortField)
+            m_fields.emplace_back(text);
+        else
+            m_fields.emplace_back(text.data(), shortField).resize(text.size());
     }
 
     // Answers where the last field ends, or that it goes on.

@@ -15,6 +15,15 @@ std::int32_t secondsOfMinute(double interval, std::int32_t total)
     return total != std::numeric_limits<std::int32_t>::min() ? total % 60 : truncatedTo32Bits(std::fmod(interval, 60.0));
 }
 
+// What nearly all intervals are: three numbers of two digits.
+std::string shortClock(int hours, int minutes, int seconds)
+{
+    auto const digit = [](int value) { return static_cast<char>('0' + value); };
+    char const text[] = { digit(hours / 10), digit(hours % 10), ':', digit(minutes / 10), digit(minutes % 10), ':',
+        digit(seconds / 10), digit(seconds % 10) };
+    return std::string(text, sizeof text);
+}
+
 }
 
 std::string longTextForTimeInterval(double interval, UnitWords const& words)
@@ -48,6 +57,8 @@ std::string clockTextForTimeInterval(double interval)
     int const total = truncatedTo32Bits(interval);
     int const seconds = secondsOfMinute(interval, total);
 
+    if (total >= 0 && total < 100 * 3600)
+        return shortClock(total / 3600, total / 60 % 60, seconds);
     std::string text;
     appendTwoDigits(text, total / 3600);
     text += ':';
