@@ -21,6 +21,8 @@ namespace {
 constexpr NSTimeInterval resizeTimeUnit = 0.2;
 constexpr float resizeDistanceUnit = 150;
 constexpr NSTimeInterval animationFrame = 1.0 / 60;
+/// Well above what dates can tell apart.
+constexpr NSTimeInterval shortestWait = 0.0005;
 /// No timers and no events of others: an animation only lets the host's messages in.
 constexpr std::string_view animationMode = "NSWindowResizeMode";
 constexpr float cascadeStep = 22;
@@ -201,7 +203,7 @@ void NSWindow::setFrame(Rect frame, bool display, bool animate)
     auto& loop = NSRunLoop::currentRunLoop();
     auto const waitUntil = [&](NSTimeInterval uptime) {
         while (clock().uptime() < uptime)
-            loop.runOnce(animationMode, NSDate::dateWithTimeIntervalSinceNow(uptime - clock().uptime()));
+            loop.runOnce(animationMode, NSDate::dateWithTimeIntervalSinceNow(std::max(uptime - clock().uptime(), shortestWait)));
     };
     for (int step = 1; start + step * animationFrame < start + duration; ++step) {
         waitUntil(start + step * animationFrame);

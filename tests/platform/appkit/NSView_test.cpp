@@ -262,8 +262,8 @@ TEST_F(NSViewTest, FrameAndBoundsChangesArePostedOnceWhereWanted)
     view->setFrame({ 5, 5, 30, 30 });
     view->setFrameOrigin({ 6, 6 });
     view->setBoundsOrigin({ 1, 0 });
-    EXPECT_THAT(posted,
-        ElementsAre(NSViewFrameDidChangeNotification, NSViewFrameDidChangeNotification, NSViewBoundsDidChangeNotification));
+    EXPECT_THAT(
+        posted, ElementsAre(NSViewFrameDidChangeNotification, NSViewFrameDidChangeNotification, NSViewBoundsDidChangeNotification));
 }
 
 TEST_F(NSViewTest, SizeToFitEnclosesTheSubviewsWithoutMovingThem)

@@ -68,7 +68,8 @@ TEST(ViewGeometry, EnclosingFrameFollowsTheUnionOfTheSubviews)
         { { { 0, 0, 50, 50 }, { 10, 10, 5, 5 } }, {}, {}, { 0, 0, 50, 50 } },
     };
     for (auto const& row : rows) {
-        EXPECT_EQ(frameEnclosing(row.frames.data(), static_cast<long>(row.frames.size()), row.frame, row.boundsOrigin), row.expected);
+        EXPECT_EQ(
+            frameEnclosing(row.frames.data(), static_cast<long>(row.frames.size()), row.frame, row.boundsOrigin), row.expected);
     }
 }
 
