@@ -8,7 +8,7 @@
 #include <plix/platform/appkit/NSWindow.h>
 #include <plix/platform/appkit/Theme.h>
 #include <plix/platform/base/utf16.h>
-#include <plix/platform/foundation/NSNotificationCenter.h>
+#include <plix/platform/foundation/NSRunLoop.h>
 #include <plix/platform/foundation/collation.h>
 #include <plix/platform/graphics/NSColor.h>
 #include <plix/platform/graphics/NSFont.h>
@@ -56,7 +56,8 @@ NSView* ListView::cornerView() const
 void ListView::setFrameSize(Size size)
 {
     Base::setFrameSize(size);
-    m_header->setFrameSize({ size.width, m_header->frame().height });
+    // The scroll view may have answered with another width.
+    m_header->setFrameSize({ frame().width, m_header->frame().height });
 }
 
 // MARK: content
@@ -106,6 +107,10 @@ void ListView::drawRect(Rect dirty)
 {
     auto const& theme = Theme::current();
     theme.fill(dirty, *NSColor::controlBackgroundColor());
+    if (!m_message.empty()) {
+        drawMessage();
+        return;
+    }
     auto const plan = this->plan();
     // The stripes go on below the last row.
     auto const firstStripe = static_cast<long>(std::floor(dirty.y / plan.rowHeight));
@@ -116,8 +121,6 @@ void ListView::drawRect(Rect dirty)
     auto const rows = plan.rowsIn(dirty);
     for (long row = rows.first; row < rows.first + rows.count; ++row)
         drawRow(row, plan.rowRect(row));
-    if (!m_message.empty())
-        drawMessage();
 }
 
 void ListView::drawRow(long row, Rect rect)
@@ -130,7 +133,9 @@ void ListView::drawRow(long row, Rect rect)
         theme.fill(rect, *theme.selectionColor(look));
     auto const selectedText = theme.selectionTextColor(look);
     auto const columns = columnPlan(rect, listIconSize);
-    drawIcon(entry.kind, entry.isLink, columns.icon, entry.isHidden() ? IconTone::dimmed : IconTone::normal);
+    bool const isOnAccent = isSelected && look.isFocused && look.isWindowActive;
+    auto const tone = isOnAccent ? IconTone::onSelection : entry.isHidden() ? IconTone::dimmed : IconTone::normal;
+    drawIcon(entry.kind, entry.isLink, columns.icon, tone);
 
     auto draw = [&](NSTextFieldCell& cell, Rect column, std::string_view text, Ref<NSColor> const& color) {
         cell.setTextColor(isSelected ? selectedText : color);
@@ -163,19 +168,6 @@ bool ListView::resignFirstResponder()
 {
     markRow(m_selection);
     return Base::resignFirstResponder();
-}
-
-// The selection looks different in a window without the keyboard.
-void ListView::viewDidMoveToWindow()
-{
-    Base::viewDidMoveToWindow();
-    auto& center = NSNotificationCenter::defaultCenter();
-    center.removeObserver(*this);
-    if (!window())
-        return;
-    for (auto const* name : { NSWindowDidBecomeKeyNotification, NSWindowDidResignKeyNotification })
-        center.addObserver(
-            *this, [this](NSNotification const&) { markRow(m_selection); }, name, window());
 }
 
 // MARK: selection
@@ -246,19 +238,31 @@ void ListView::mouseDown(NSEvent& event)
     trackSelection(event);
 }
 
-// The selection follows the pointer, and the list the selection.
+// The selection follows the pointer, and the list the selection; also while the pointer rests beyond the list's edge.
 void ListView::trackSelection(NSEvent& press)
 {
+    constexpr NSTimeInterval scrollInterval = 0.05;
     Ref<NSEvent> event(press);
-    while (event && event->type() != NSLeftMouseUp && window()) {
-        if (event->type() == NSLeftMouseDragged)
+    while (event->type() != NSLeftMouseUp && window()) {
+        bool isOutside = false;
+        if (event->type() == NSLeftMouseDragged) {
             autoscroll(*event);
-        auto const plan = this->plan();
-        float const y = convertPointFromView(event->locationInWindow(), nullptr).y;
-        if (event->type() == NSLeftMouseDragged && plan.rowCount > 0)
-            selectRow(plan.rowAt(std::clamp(y, 0.F, plan.height() - 1)));
+            auto const plan = this->plan();
+            Point const point = convertPointFromView(event->locationInWindow(), nullptr);
+            isOutside = !NSPointInRect(point, visibleRect());
+            if (plan.rowCount > 0)
+                selectRow(plan.rowAt(std::clamp(point.y, 0.F, plan.height() - 1)));
+        }
         Ref<NSWindow> const ownWindow = window();
-        event = ownWindow->nextEventMatchingMask(NSLeftMouseUpMask | NSLeftMouseDraggedMask);
+        if (!ownWindow)
+            return;
+        auto const until = isOutside ? NSDate::dateWithTimeIntervalSinceNow(scrollInterval) : NSDate::distantFuture();
+        auto const next
+            = ownWindow->nextEventMatchingMask(NSLeftMouseUpMask | NSLeftMouseDraggedMask, until, NSEventTrackingRunLoopMode, true);
+        if (next)
+            event = next;
+        else if (!isOutside)
+            return;
     }
 }
 

@@ -58,7 +58,6 @@ public:
     bool acceptsFirstMouse(plix::NSEvent*) override { return true; }
     void mouseDown(plix::NSEvent&) override;
     void keyDown(plix::NSEvent&) override;
-    void viewDidMoveToWindow() override;
     void resizeWithOldSuperviewSize(plix::Size) override;
     void setFrameSize(plix::Size) override;
 

@@ -5,6 +5,7 @@
 #include <plix/platform/graphics/NSColor.h>
 #include <plix/platform/graphics/NSGraphicsContext.h>
 
+#include <cmath>
 #include <initializer_list>
 
 namespace browser {
@@ -18,7 +19,9 @@ using plix::ThemeRole;
 
 namespace {
 
-// Icons are designed on a square of 16 and scaled from there. Edges lie on halves, where a line of 1 covers whole pixels.
+// Icons are designed on a square of 16 and scaled from there. Coordinates on halves are the middle of an outline one point wide,
+// whose outer side is on the whole number next to it towards the nearer edge of the square: so it covers whole pixels at every
+// size.
 class Canvas {
 public:
     explicit Canvas(Rect square)
@@ -27,11 +30,15 @@ public:
     {
     }
 
-    Rect rect(float x, float y, float width, float height) const
+    Point point(float x, float y) const { return { m_square.x + scaled(x), m_square.y + scaled(y) }; }
+    /// Without regard to pixels.
+    Point place(float x, float y) const { return { m_square.x + x * m_scale, m_square.y + y * m_scale }; }
+    Rect rect(float x, float y, float maxX, float maxY) const
     {
-        return { m_square.x + x * m_scale, m_square.y + y * m_scale, width * m_scale, height * m_scale };
+        Point const first = point(x, y);
+        Point const last = point(maxX, maxY);
+        return { first.x, first.y, last.x - first.x, last.y - first.y };
     }
-    Point point(float x, float y) const { return { m_square.x + x * m_scale, m_square.y + y * m_scale }; }
     float length(float value) const { return value * m_scale; }
 
     Ref<NSBezierPath> polygon(std::initializer_list<Point> corners) const
@@ -46,54 +53,67 @@ public:
     }
 
 private:
+    float scaled(float value) const
+    {
+        if (value == std::floor(value))
+            return value * m_scale;
+        return value < 8 ? std::floor(value) * m_scale + 0.5F : std::ceil(value) * m_scale - 0.5F;
+    }
+
     Rect m_square;
     float m_scale;
 };
 
-void paint(NSBezierPath& path, ThemeRole fill, ThemeRole edge, float lineWidth)
+struct Ink {
+    ThemeRole fill;
+    ThemeRole edge;
+};
+
+void paint(NSBezierPath& path, Ink ink)
 {
     auto const& theme = Theme::current();
-    theme.color(fill)->setFill();
+    theme.color(ink.fill)->setFill();
     path.fill();
-    theme.color(edge)->setStroke();
+    theme.color(ink.edge)->setStroke();
     path.setLineJoinStyle(plix::NSRoundLineJoinStyle);
-    path.setLineWidth(lineWidth);
+    path.setLineWidth(1);
     path.stroke();
 }
 
-void drawFolder(Canvas const& canvas)
+constexpr Ink paperInk { ThemeRole::iconPaper, ThemeRole::iconPaperEdge };
+
+void drawFolder(Canvas const& canvas, IconTone tone)
 {
-    auto const back = canvas.polygon({ { 1.5F, 13.5F }, { 1.5F, 3.5F }, { 2.5F, 2.5F }, { 6, 2.5F }, { 7.5F, 4.5F },
+    Ink const ink = tone == IconTone::onSelection ? Ink { ThemeRole::iconFolderOnSelection, ThemeRole::iconFolderEdgeOnSelection }
+                                                  : Ink { ThemeRole::iconFolder, ThemeRole::iconFolderEdge };
+    auto const back = canvas.polygon({ { 1.5F, 13.5F }, { 1.5F, 3.5F }, { 2.5F, 2.5F }, { 5.5F, 2.5F }, { 7.5F, 4.5F },
         { 13.5F, 4.5F }, { 14.5F, 5.5F }, { 14.5F, 13.5F } });
-    paint(*back, ThemeRole::iconFolderEdge, ThemeRole::iconFolderEdge, canvas.length(1));
-    auto const front = Theme::roundedRect(canvas.rect(1.5F, 6.5F, 13, 7), canvas.length(1));
-    paint(*front, ThemeRole::iconFolder, ThemeRole::iconFolderEdge, canvas.length(1));
+    paint(*back, { ink.edge, ink.edge });
+    paint(*Theme::roundedRect(canvas.rect(1.5F, 6.5F, 14.5F, 13.5F), canvas.length(1)), ink);
 }
 
 void drawPaper(Canvas const& canvas)
 {
     auto const sheet = canvas.polygon({ { 3.5F, 1.5F }, { 9.5F, 1.5F }, { 12.5F, 4.5F }, { 12.5F, 14.5F }, { 3.5F, 14.5F } });
-    paint(*sheet, ThemeRole::iconPaper, ThemeRole::iconPaperEdge, canvas.length(1));
-    auto const corner = canvas.polygon({ { 9.5F, 1.5F }, { 9.5F, 4.5F }, { 12.5F, 4.5F } });
-    paint(*corner, ThemeRole::iconPaper, ThemeRole::iconPaperEdge, canvas.length(1));
+    paint(*sheet, paperInk);
+    paint(*canvas.polygon({ { 9.5F, 1.5F }, { 9.5F, 4.5F }, { 12.5F, 4.5F } }), paperInk);
+    auto const& theme = Theme::current();
+    auto const ruling = theme.color(ThemeRole::iconPaperEdge)->colorWithAlphaComponent(0.45F);
     for (float line : { 7.F, 9.F, 11.F })
-        Theme::current().fill(
-            canvas.rect(5, line, 6, 1), *Theme::current().color(ThemeRole::iconPaperEdge)->colorWithAlphaComponent(0.45F));
+        theme.fill(canvas.rect(5, line, 11, line + 1), *ruling);
 }
 
-void drawCog(Canvas const& canvas)
+void drawDevice(Canvas const& canvas)
 {
-    auto const box = Theme::roundedRect(canvas.rect(2.5F, 2.5F, 11, 11), canvas.length(2));
-    paint(*box, ThemeRole::iconPaper, ThemeRole::iconPaperEdge, canvas.length(1));
-    auto const hole = NSBezierPath::bezierPathWithOvalInRect(canvas.rect(5.5F, 5.5F, 5, 5));
-    paint(*hole, ThemeRole::iconPaper, ThemeRole::iconPaperEdge, canvas.length(1));
+    paint(*Theme::roundedRect(canvas.rect(2.5F, 2.5F, 13.5F, 13.5F), canvas.length(2)), paperInk);
+    paint(*NSBezierPath::bezierPathWithOvalInRect(canvas.rect(5.5F, 5.5F, 10.5F, 10.5F)), paperInk);
 }
 
 // At the lower left: an arrow for a link, a cross for one that leads nowhere.
 void drawBadge(Canvas const& canvas, bool isBroken)
 {
     auto const& theme = Theme::current();
-    auto const ground = NSBezierPath::bezierPathWithOvalInRect(canvas.rect(0, 8, 8, 8));
+    auto const ground = NSBezierPath::bezierPathWithOvalInRect(canvas.rect(0, 8, 8, 16));
     auto const color = theme.color(isBroken ? ThemeRole::iconBadge : ThemeRole::iconFolderEdge);
     color->setFill();
     ground->fill();
@@ -101,7 +121,7 @@ void drawBadge(Canvas const& canvas, bool isBroken)
     auto line = [&](std::initializer_list<Point> points) {
         bool isFirst = true;
         for (Point const point : points) {
-            Point const there = canvas.point(point.x, point.y);
+            Point const there = canvas.place(point.x, point.y);
             isFirst ? sign->moveToPoint(there) : sign->lineToPoint(there);
             isFirst = false;
         }
@@ -132,14 +152,14 @@ void drawIcon(EntryKind kind, bool isLink, Rect square, IconTone tone)
     Canvas const canvas(square);
     switch (kind) {
     case EntryKind::folder:
-        drawFolder(canvas);
+        drawFolder(canvas, tone);
         break;
     case EntryKind::file:
     case EntryKind::brokenLink:
         drawPaper(canvas);
         break;
     case EntryKind::special:
-        drawCog(canvas);
+        drawDevice(canvas);
         break;
     }
     if (isLink || kind == EntryKind::brokenLink)

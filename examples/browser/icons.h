@@ -6,7 +6,7 @@
 
 namespace browser {
 
-enum class IconTone { normal, dimmed };
+enum class IconTone { normal, dimmed, onSelection };
 
 /// Draws what stands for an entry into a square of a flipped view, as lines and curves, so that it is sharp at every size and
 /// scale.

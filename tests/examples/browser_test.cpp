@@ -121,15 +121,18 @@ TEST_F(BrowserTest, FollowsADragOverTheRows)
     show();
     Point const below = onScreen(*controller->window().contentView(), { 60, -30 });
     std::optional<long> dragged;
+    float scrolledOnce = 0;
     person().press(rowPoint(2));
     person().dragTo(rowPoint(5));
     person().then([&] { dragged = list().selectedRow(); });
     person().dragTo(below);
-    person().dragTo({ below.x, below.y - 1 });
-    person().release(below);
-    pump();
+    person().then([&] { scrolledOnce = scrolledTo(); });
+    machine().headlessEvents().postAfter(1, [&] { person().release(below); }); // the pointer rests
+    pass(2);
     EXPECT_EQ(dragged, 5);
-    EXPECT_GT(scrolledTo(), 0);
+    EXPECT_GT(scrolledOnce, 0);
+    EXPECT_GT(scrolledTo(), 2 * scrolledOnce);
+    EXPECT_TRUE(NSContainsRect(list().visibleRect(), list().plan().rowRect(*list().selectedRow())));
 }
 
 TEST_F(BrowserTest, ScrollsByWheelAndScroller)

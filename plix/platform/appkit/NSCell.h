@@ -255,6 +255,8 @@ protected:
     virtual CellInsets frameInsets() const;
     /// How the cell's frame looks now in this view.
     ControlLook lookInView(NSView&) const;
+    /// Whether the control has the keyboard, its window too, and it shows that.
+    bool drawsFocusRing(NSView& controlView) const;
     /// Draws plain or attributed text inside a title rectangle, or what stands in for an empty one.
     virtual void drawText(Rect) const;
     void copyStateTo(NSObject& fresh) const override;

@@ -118,8 +118,13 @@ void NSCell::drawWithFrame(Rect frame, NSView& controlView)
     else if (isBordered())
         Theme::current().drawBorder(NSLineBorder, frame);
     drawInteriorWithFrame(frame, controlView);
-    if (showsFirstResponder() && focusRingType() != NSFocusRingTypeNone)
+    if (drawsFocusRing(controlView))
         Theme::current().drawFocusRing(frame, FieldShape::square);
+}
+
+bool NSCell::drawsFocusRing(NSView& controlView) const
+{
+    return showsFirstResponder() && focusRingType() != NSFocusRingTypeNone && Theme::lookOfView(controlView).isWindowActive;
 }
 
 ControlLook NSCell::lookInView(NSView& controlView) const

@@ -1,6 +1,5 @@
 #include <plix/platform/appkit/NSTextFieldCell.h>
 
-#include <plix/platform/appkit/NSView.h>
 #include <plix/platform/appkit/Theme.h>
 #include <plix/platform/appkit/cell_layout.h>
 #include <plix/platform/base/utf16.h>
@@ -111,7 +110,7 @@ void NSTextFieldCell::drawWithFrame(Rect frame, NSView& controlView)
     if (isBordered())
         theme.drawBorder(NSLineBorder, frame);
     drawInteriorWithFrame(frame, controlView);
-    if (showsFirstResponder() && focusRingType() != NSFocusRingTypeNone)
+    if (drawsFocusRing(controlView))
         theme.drawFocusRing(frame, shape());
 }
 

@@ -40,6 +40,8 @@ constexpr std::array<RoleColors, themeRoleCount> palette { {
     { ThemeRole::scrollerKnobDisabled, gray(0.90F), gray(0.22F) },
     { ThemeRole::iconFolder, { 0.49F, 0.68F, 0.91F, 1 }, { 0.40F, 0.60F, 0.84F, 1 } },
     { ThemeRole::iconFolderEdge, { 0.25F, 0.45F, 0.72F, 1 }, { 0.24F, 0.40F, 0.62F, 1 } },
+    { ThemeRole::iconFolderOnSelection, { 0.84F, 0.91F, 1.00F, 1 }, { 0.84F, 0.91F, 1.00F, 1 } },
+    { ThemeRole::iconFolderEdgeOnSelection, { 0.08F, 0.22F, 0.48F, 1 }, { 0.08F, 0.22F, 0.48F, 1 } },
     { ThemeRole::iconPaper, gray(0.99F), gray(0.82F) },
     { ThemeRole::iconPaperEdge, gray(0.58F), gray(0.50F) },
     { ThemeRole::iconBadge, { 0.82F, 0.24F, 0.20F, 1 }, { 0.94F, 0.38F, 0.33F, 1 } },

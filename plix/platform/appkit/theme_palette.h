@@ -29,6 +29,8 @@ enum class ThemeRole {
     scrollerKnobDisabled,
     iconFolder,
     iconFolderEdge,
+    iconFolderOnSelection,
+    iconFolderEdgeOnSelection,
     iconPaper,
     iconPaperEdge,
     iconBadge, ///< marks on icons: links that lead nowhere
