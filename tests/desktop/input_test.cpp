@@ -57,13 +57,13 @@ TEST_F(PointerInput, OtherButtonsHaveTheirNumbers)
 TEST_F(PointerInput, TheWheelScrollsBothWays)
 {
     click(150, 120, 4);
-    app.expect("wheel a", "at=150,904", "scroll=0,1");
+    app.expect("wheel a", "at=150,904", "scroll=0,3");
     click(150, 120, 5);
-    app.expect("wheel a", "scroll=0,-1");
+    app.expect("wheel a", "scroll=0,-3");
     click(150, 120, 6);
-    app.expect("wheel a", "scroll=1,0");
+    app.expect("wheel a", "scroll=3,0");
     click(150, 120, 7);
-    app.expect("wheel a", "scroll=-1,0");
+    app.expect("wheel a", "scroll=-3,0");
     EXPECT_FALSE(app.hasSaid("down a"));
 }
 

@@ -17,6 +17,8 @@ namespace {
 
 constexpr std::uint32_t s_doubleClickMilliseconds = 500;
 constexpr int s_doubleClickDistance = 5;
+// What a notch of a wheel is worth on most desktops.
+constexpr float s_linesPerNotch = 3;
 /// SDL's codes of keys that enter a character are that character; all others have this bit.
 constexpr std::uint32_t s_noCharacter = 1U << 30;
 
@@ -266,9 +268,9 @@ void InputTranslator::handlePreedit(std::uint32_t window, char const* text, int 
 void InputTranslator::handleWheel(SDL_MouseWheelEvent const& wheel)
 {
     auto scrolled = event(HostEvent::Type::scrollWheel);
-    auto const sign = wheel.direction == SDL_MOUSEWHEEL_FLIPPED ? -1.0F : 1.0F;
-    scrolled.scrollX = 0 - sign * wheel.preciseX;
-    scrolled.scrollY = sign * wheel.preciseY;
+    auto const lines = wheel.direction == SDL_MOUSEWHEEL_FLIPPED ? -s_linesPerNotch : s_linesPerNotch;
+    scrolled.scrollX = 0 - lines * wheel.preciseX;
+    scrolled.scrollY = lines * wheel.preciseY;
     auto const* const popup = m_display.popupAtPixel(m_x, m_y);
     push(popup ? popup->number() : wheel.windowID, std::move(scrolled));
 }
