@@ -56,7 +56,7 @@ void prepare(Options const& options)
 {
     if (options.isDark)
         plix::setCurrentAppearance(plix::Appearance::dark);
-    if (!options.screenshot.empty())
+    if (!options.screenshot.empty() || options.drawsInMemory)
         plix::installHost(std::make_unique<plix::HeadlessHost>());
     if (auto* headless = dynamic_cast<plix::HeadlessHost*>(&plix::host()); headless && options.scale > 0)
         headless->headlessDisplay().setScreens({ plix::HeadlessDisplay::defaultScreen(options.scale) });

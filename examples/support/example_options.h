@@ -16,6 +16,7 @@ struct Options {
     std::string screenshot; ///< draw in memory, write the window's content here as PNG and end
     float scale { 0 }; ///< device pixels a point, of windows in memory; 0 for one
     bool isDark { false };
+    bool drawsInMemory { false }; ///< also without a screenshot
     bool exitsAfterFirstFrame { false };
     bool showsHelp { false };
     std::vector<std::string> arguments; ///< what is no option

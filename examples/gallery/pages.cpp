@@ -1,0 +1,68 @@
+#include "pages.h"
+#include "PictureView.h"
+
+#include <examples/support/example_options.h>
+
+#include <plix/platform/appkit/NSWindow.h>
+#include <plix/platform/graphics/NSBitmapImageRep.h>
+#include <plix/platform/host/headless/HeadlessHost.h>
+
+#include <filesystem>
+#include <iostream>
+
+namespace gallery {
+
+using namespace plix;
+
+namespace {
+
+constexpr Page allPages[] {
+    { "pictures", "Pictures", [] { return Ref<NSView>(make<PictureView>()); } },
+};
+
+Ref<NSWindow> windowFor(Page const& page)
+{
+    auto const view = page.makeView();
+    auto window = make<NSWindow>(rectWith({}, view->frame().size()), NSBorderlessWindowMask, NSBackingStoreBuffered, false);
+    window->setContentView(view);
+    window->orderFront(nullptr);
+    return window;
+}
+
+}
+
+std::span<Page const> pages()
+{
+    return allPages;
+}
+
+Ref<NSBitmapImageRep> render(Page const& page)
+{
+    auto const window = windowFor(page);
+    window->displayIfNeeded();
+    auto picture = window->snapshot();
+    window->close();
+    return picture;
+}
+
+bool dump(std::string const& folder)
+{
+    auto* machine = dynamic_cast<HeadlessHost*>(&host());
+    std::error_code error;
+    std::filesystem::create_directories(folder, error);
+    for (int const scale : { 1, 2 }) {
+        if (machine)
+            machine->headlessDisplay().setScreens({ HeadlessDisplay::defaultScreen(static_cast<float>(scale)) });
+        for (auto const& page : pages()) {
+            auto const window = windowFor(page);
+            auto const path = folder + "/" + page.name + (scale == 2 ? "@2x.png" : ".png");
+            if (!example::writeWindow(*window, path))
+                return false;
+            std::cout << path << std::endl;
+            window->close();
+        }
+    }
+    return true;
+}
+
+}
