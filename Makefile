@@ -16,12 +16,13 @@ BUILD = cmake --build build/$(1) -j$(JOBS) --target $(2)
 export ASAN_OPTIONS ?= detect_stack_use_after_return=1:strict_string_checks=1
 export UBSAN_OPTIONS ?= print_stacktrace=1
 
-.PHONY: help run test list-tests check format check-format lint layers check-logic check-sanitized bench coverage fuzz resources clean \
+.PHONY: help run gallery test list-tests check format check-format lint layers check-logic check-sanitized bench coverage fuzz resources clean \
 	setup-run setup-test setup-check setup-bench setup-fuzz
 .SILENT:
 
 help:
 	echo "make run [FOLDER=folder] [ARGS=...]    build in release and run the browser on a folder"
+	echo "make gallery [ARGS='--dump folder']    show every class in every state, or write pictures of that"
 	echo "make test [FILTER=NSView.*:Theme.*]    build and run the tests"
 	echo "make list-tests                        print each test's full name"
 	echo "make check                             format, lint, layers, plix::logic alone, tests under sanitizers"
@@ -53,6 +54,11 @@ run: setup-run
 	$(CONFIGURE) build/release/build.ninja
 	$(call BUILD,release,browser)
 	build/release/examples/browser $(ARGS) $(FOLDER)
+
+gallery: setup-run
+	$(CONFIGURE) build/release/build.ninja
+	$(call BUILD,release,gallery)
+	build/release/examples/gallery $(ARGS)
 
 test: setup-test
 	$(CONFIGURE) build/dev/build.ninja

@@ -19,7 +19,7 @@ using namespace plix;
 
 namespace {
 
-constexpr Size pageSize { 960, 640 };
+constexpr Size pageSize { 960, 600 };
 constexpr float leftColumn = 24;
 constexpr float rightColumn = 504;
 constexpr float labelHeight = 14;
@@ -71,7 +71,7 @@ void drawStretched(PictureSamples const& samples)
 void drawComposed(PictureSamples const& samples)
 {
     drawTitle("Composed of others", leftColumn + 150, 100);
-    float x = leftColumn + 290;
+    float x = leftColumn + 276;
     for (auto const& part : samples.parts) {
         auto const size = part->size();
         drawWhole(*part, fromTop(x, 102 + (40 - size.height) / 2, size.width, size.height));

@@ -57,6 +57,18 @@ Ref<NSImage> makeButton()
     });
 }
 
+Ref<NSImage> makeGlass()
+{
+    return imageWith({ 30, 30 }, [] {
+        rgb(0.15F, 0.42F, 0.86F, 0.25F)->setFill();
+        rgb(0.10F, 0.30F, 0.65F)->setStroke();
+        auto const outline = bezierPathWithRoundedRect({ 3, 3, 24, 24 }, 6);
+        outline->setLineWidth(2);
+        outline->fill();
+        outline->stroke();
+    });
+}
+
 Ref<NSImage> makeFolder()
 {
     return imageWith({ 40, 40 }, [] {
@@ -180,8 +192,7 @@ PictureSamples PictureSamples::make()
         NSColor::colorWithPatternImage(samples.tile)->set();
         NSRectFill({ 0, 0, 76, 44 });
     });
-    samples.stretched.push_back(
-        PLIXStretchImageOverImage(ReplaceColorsInImage(samples.button, rgb(0.2F, 0.5F, 0.9F, 0.45F)), ground));
+    samples.stretched.push_back(PLIXStretchImageOverImage(makeGlass(), ground));
     samples.folder = makeFolder();
     samples.badge = makeBadge();
     for (int alignment = 0; alignment < 9; ++alignment)
