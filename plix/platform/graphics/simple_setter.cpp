@@ -51,9 +51,10 @@ bool shapeByFont(FontFace& font, std::string_view text, SimpleGlyphs& result)
             return false;
         auto const& position = positions[i];
         bool const isOffset = PANGO_UNITS_ROUND(position.x_offset) != 0 || PANGO_UNITS_ROUND(position.y_offset) != 0;
-        if (isOffset)
-            return false;
         int const advance = PANGO_UNITS_ROUND(position.x_advance) / PANGO_SCALE;
+        // Pango makes something else of negative advances.
+        if (isOffset || advance < 0)
+            return false;
         result.glyphs.push_back(infos[i].codepoint);
         result.lefts.push_back(result.advance);
         result.advance += advance;

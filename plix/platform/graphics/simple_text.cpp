@@ -165,7 +165,7 @@ void SimpleTextTable::readRules(FontFace& font)
             continue;
         auto const advance
             = PANGO_UNITS_ROUND(hb_font_get_glyph_h_advance(font.glyphs()->shapingFont(), m_glyphs[slot])) / PANGO_SCALE;
-        if (advance > INT16_MIN && advance <= INT16_MAX)
+        if (advance >= 0 && advance <= INT16_MAX)
             m_advances[slot] = static_cast<std::int16_t>(advance);
     }
 }
@@ -218,7 +218,7 @@ void SimpleTextTable::learn(FontFace& font, std::string_view text, std::span<Sha
 
 void SimpleTextTable::enterPair(std::size_t first, std::size_t second, int advance)
 {
-    if (advance <= INT16_MIN || advance > INT16_MAX)
+    if (advance < 0 || advance > INT16_MAX)
         return;
     auto& row = m_pairs[first];
     if (!row) {
