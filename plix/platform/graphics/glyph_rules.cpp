@@ -66,7 +66,10 @@ public:
         for (unsigned const lookup : lookups) {
             if (lookup >= list.u16(0))
                 throw Damaged {};
+            m_isLive = false;
             readLookup(list.follow(2 + 2 * static_cast<std::size_t>(lookup)), isSubstitution);
+            if (m_isLive)
+                (isSubstitution ? m_rules.liveSubstitutions : m_rules.livePositionings).push_back(lookup);
         }
     }
 
@@ -354,6 +357,7 @@ private:
     {
         if (pattern.empty() || std::any_of(pattern.begin(), pattern.end(), [](auto const& slots) { return slots.none(); }))
             return;
+        m_isLive = true;
         if (pattern.size() == 1 || m_skipsGlyphs) {
             auto const rarest = std::min_element(
                 pattern.begin(), pattern.end(), [](auto const& a, auto const& b) { return a.count() < b.count(); });
@@ -376,6 +380,7 @@ private:
     std::unordered_map<std::uint32_t, Slots> m_slots;
     Slots m_all;
     bool m_skipsGlyphs { false };
+    bool m_isLive { false };
     long m_work { largestTotalWork };
 };
 

@@ -19,6 +19,10 @@ struct GlyphRules {
     /// Where the second glyph follows the first, a rule may apply. Neighbours that are not here, of glyphs that are not in `alone`,
     /// are set by their own advances and the kerning of each two neighbours.
     std::vector<Slots> pairs;
+    /// The lookups that have such rules, in order. All others leave text of these glyphs alone, and what comes before the first of
+    /// these never sees another glyph.
+    std::vector<unsigned> liveSubstitutions;
+    std::vector<unsigned> livePositionings;
 
     GlyphRules()
         : pairs(slotCount)

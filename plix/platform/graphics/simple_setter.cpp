@@ -39,7 +39,11 @@ bool shapeByFont(FontFace& font, std::string_view text, SimpleGlyphs& result)
     hb_buffer_set_script(buffer, hasLetter(text) ? HB_SCRIPT_LATIN : HB_SCRIPT_COMMON);
     hb_buffer_set_language(buffer, hb_language_from_string("en", -1));
     hb_buffer_set_flags(buffer, static_cast<hb_buffer_flags_t>(HB_BUFFER_FLAG_BOT | HB_BUFFER_FLAG_EOT));
-    hb_shape(font.glyphs()->shapingFont(), buffer, nullptr, 0);
+    thread_local std::vector<hb_feature_t> features;
+    features.clear();
+    for (auto const tag : font.simpleText().idleFeatures())
+        features.push_back({ tag, 0, HB_FEATURE_GLOBAL_START, HB_FEATURE_GLOBAL_END });
+    hb_shape(font.glyphs()->shapingFont(), buffer, features.data(), static_cast<unsigned>(features.size()));
     unsigned count = 0;
     auto const* infos = hb_buffer_get_glyph_infos(buffer, &count);
     auto const* positions = hb_buffer_get_glyph_positions(buffer, &count);

@@ -7,6 +7,7 @@
 #include <memory>
 #include <span>
 #include <string_view>
+#include <vector>
 
 // Private to plix/platform/graphics.
 
@@ -36,6 +37,14 @@ inline int nextSlot(char const*& cursor, char const* end)
 }
 
 }
+
+/// What the rules of a typeface do to simple characters, whatever the size.
+struct SimpleTextRules {
+    GlyphRules glyphs;
+    std::vector<std::uint32_t> idleFeatures;
+    /// The font shapes text without letters by other rules.
+    bool needsLetter { false };
+};
 
 /// One font's tables for setting simple text without shaping it: left to right, of characters that the font has, where no rule of
 /// the font can apply but the kerning of two neighbours, which is learned from shaped text. What it gives is what shaping gives.
@@ -89,6 +98,9 @@ public:
     };
     void learn(FontFace&, std::string_view text, std::span<ShapedGlyph const> glyphs);
 
+    /// The font's features that do nothing to text which it covers(), as tags; shaping is faster without them.
+    std::span<std::uint32_t const> idleFeatures() const;
+
 private:
     static constexpr std::int16_t unknown = INT16_MIN;
 
@@ -99,9 +111,8 @@ private:
     std::array<std::uint32_t, simple_characters::slotCount> m_glyphs {};
     std::array<std::int16_t, simple_characters::slotCount> m_advances;
     std::array<std::unique_ptr<std::int16_t[]>, simple_characters::slotCount> m_pairs;
-    std::shared_ptr<GlyphRules const> m_rules;
+    std::shared_ptr<SimpleTextRules const> m_rules;
     bool m_hasGlyphs { false };
-    /// The font shapes text without letters by other rules.
     bool m_needsLetter { false };
     int m_shapedTexts { 0 };
 };

@@ -83,6 +83,7 @@ Table chainRule(unsigned flags, unsigned lookahead, unsigned actions)
 TEST(GlyphRules, AContextAppliesWhereItsRarestNeighboursMeet)
 {
     EXPECT_EQ(pairsOf(rulesOf(chainRule(0, 13, 1))), "23 ");
+    EXPECT_EQ(rulesOf(chainRule(0, 13, 1)).liveSubstitutions, std::vector<unsigned> { 0 });
     EXPECT_TRUE(rulesOf(chainRule(0, 13, 1)).alone.none());
 }
 
@@ -90,6 +91,7 @@ TEST(GlyphRules, AContextThatNeedsAGlyphThatIsNotThereNeverApplies)
 {
     EXPECT_EQ(pairsOf(rulesOf(chainRule(0, 99, 1))), "");
     EXPECT_TRUE(rulesOf(chainRule(0, 99, 1)).alone.none());
+    EXPECT_TRUE(rulesOf(chainRule(0, 99, 1)).liveSubstitutions.empty());
 }
 
 TEST(GlyphRules, AContextWithoutActionsChangesNothing)
