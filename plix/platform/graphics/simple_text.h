@@ -88,6 +88,9 @@ public:
         return true;
     }
 
+    /// Of a character of a text that could be set: its advance without a neighbour behind it.
+    int advanceAlone(int slot) const { return m_advances[static_cast<std::size_t>(slot)]; }
+
     /// Whether the text may go through HarfBuzz as one piece in this font: only simple characters, all of them in the font.
     bool covers(FontFace&, std::string_view text);
     /// Learns from a text that covers() and that has been shaped: one glyph a character, or nothing can be learned.

@@ -85,6 +85,29 @@ TEST_P(SimpleText, TablesGiveWhatShapingGives)
     EXPECT_GT(settingCounts().tableSettings - tablesBefore, texts / 4);
 }
 
+TEST_P(SimpleText, BreaksLinesWherePangoDoes)
+{
+    auto const font = NSFont::fontWithName(GetParam().font, GetParam().size);
+    ASSERT_TRUE(font);
+    TextStyle style;
+    style.font = font.get();
+    RandomText random;
+    auto layout = paragraphLayout(style);
+    for (int i = 0; i < 600; ++i) {
+        std::string text;
+        for (unsigned words = 1 + random.below(12); words > 0; --words)
+            text += random.next() + (random.below(8) == 0 ? "  " : " ");
+        layout.lineBreakMode = random.below(4) == 0 ? NSLineBreakByCharWrapping : NSLineBreakByWordWrapping;
+        layout.firstLineHeadIndent = random.below(3) == 0 ? 20 : 0;
+        auto const width = static_cast<float>(random.below(5) == 0 ? random.below(20) : 20 + random.below(600));
+        StyleSpan const spans[] { { static_cast<std::uint32_t>(text.size()), style } };
+        ParagraphText const paragraph { text, spans, layout };
+        expectSameSetting(setParagraph(paragraph, width), setParagraphFully(paragraph, width), text + std::to_string(width));
+        if (HasFatalFailure())
+            return;
+    }
+}
+
 INSTANTIATE_TEST_SUITE_P(Fonts, SimpleText,
     testing::Values(Case { "Inter-Regular", 13 }, Case { "Inter-Regular", 11 }, Case { "Inter-Bold", 13 },
         Case { "Inter-Italic", 17.5F }, Case { "InterDisplay-Regular", 24 }, Case { "DejaVuSans", 12 },
