@@ -374,6 +374,7 @@ private:
             if (pattern[best][first])
                 m_rules.pairs[first] |= pattern[best + 1];
         }
+        m_rules.rules.push_back({ pattern, best });
     }
 
     GlyphRules& m_rules;
@@ -398,6 +399,28 @@ GlyphRules readGlyphRules(std::span<std::uint8_t const> substitution, std::span<
         rules.giveUp();
     }
     return rules;
+}
+
+bool GlyphRules::mayApply(std::span<int const> text) const
+{
+    auto const at = [text](std::size_t index) { return static_cast<std::size_t>(text[index]); };
+    auto const matches = [&](Rule const& rule, std::size_t start) {
+        for (std::size_t i = 0; i < rule.pattern.size(); ++i) {
+            if (!rule.pattern[i][at(start + i)])
+                return false;
+        }
+        return true;
+    };
+    for (std::size_t i = 0; i + 1 < text.size(); ++i) {
+        if (!pairs[at(i)][at(i + 1)])
+            continue;
+        for (auto const& rule : rules) {
+            bool const isInside = i >= rule.key && i - rule.key + rule.pattern.size() <= text.size();
+            if (isInside && rule.pattern[rule.key][at(i)] && matches(rule, i - rule.key))
+                return true;
+        }
+    }
+    return false;
 }
 
 }

@@ -228,16 +228,30 @@ void SimpleTextTable::learn(FontFace& font, std::string_view text, std::span<Sha
     }
     if (!hasLetter || slots.size() != glyphs.size())
         return;
-    auto const slotAt = [&](std::size_t i) { return static_cast<std::size_t>(slots[i]); };
-    auto const isUntouched = [&](std::size_t i) {
-        return m_advances[slotAt(i)] != unknown && glyphs[i].glyph == m_glyphs[slotAt(i)] && !glyphs[i].isOffset
-            && (i == 0 || !m_rules->glyphs.mayChange(slotAt(i - 1), slotAt(i)))
-            && (i + 1 == slots.size() || !m_rules->glyphs.mayChange(slotAt(i), slotAt(i + 1)));
+    // What a rule has made of one glyph may go on to its neighbours.
+    if (m_rules->glyphs.mayApply(slots))
+        return;
+    auto const isItself = [&](std::size_t i) {
+        auto const slot = static_cast<std::size_t>(slots[i]);
+        return m_advances[slot] != unknown && glyphs[i].glyph == m_glyphs[slot] && !glyphs[i].isOffset;
     };
     for (std::size_t i = 0; i + 1 < slots.size(); ++i) {
-        if (isUntouched(i) && isUntouched(i + 1))
-            enterPair(slotAt(i), slotAt(i + 1), glyphs[i].advance);
+        if (isItself(i) && isItself(i + 1))
+            enterPair(static_cast<std::size_t>(slots[i]), static_cast<std::size_t>(slots[i + 1]), glyphs[i].advance);
     }
+}
+
+bool SimpleTextTable::mayRuleApply(std::string_view text) const
+{
+    thread_local std::vector<int> slots;
+    slots.clear();
+    char const* const end = text.data() + text.size();
+    for (char const* cursor = text.data(); cursor != end;) {
+        slots.push_back(nextSlot(cursor, end));
+        if (slots.back() == none)
+            return true;
+    }
+    return m_rules->glyphs.mayApply(slots);
 }
 
 std::span<std::uint32_t const> SimpleTextTable::idleFeatures() const
@@ -247,14 +261,15 @@ std::span<std::uint32_t const> SimpleTextTable::idleFeatures() const
 
 void SimpleTextTable::enterPair(std::size_t first, std::size_t second, int advance)
 {
-    if (advance < 0 || advance > INT16_MAX)
+    if (advance < 0 || advance >= INT16_MAX)
         return;
     auto& row = m_pairs[first];
     if (!row) {
         row = std::make_unique<std::int16_t[]>(slotCount);
         std::fill_n(row.get(), slotCount, unknown);
     }
-    row[second] = static_cast<std::int16_t>(advance);
+    bool const isConditional = m_rules->glyphs.mayChange(first, second);
+    row[second] = static_cast<std::int16_t>(isConditional ? -1 - advance : advance);
 }
 
 }

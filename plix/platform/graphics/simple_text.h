@@ -63,15 +63,20 @@ public:
         int x = 0;
         int previous = simple_characters::none;
         bool hasLetter = !m_needsLetter;
+        bool isChecked = false;
         while (cursor != end) {
             int const slot = simple_characters::nextSlot(cursor, end);
             if (slot == simple_characters::none)
                 return false;
             if (previous != simple_characters::none) {
                 auto const* row = m_pairs[static_cast<std::size_t>(previous)].get();
-                int const step = row ? row[slot] : unknown;
-                if (step == unknown)
-                    return false;
+                int step = row ? row[slot] : unknown;
+                if (step < 0) {
+                    if (step == unknown || (!isChecked && mayRuleApply(text)))
+                        return false;
+                    isChecked = true;
+                    step = -1 - step;
+                }
                 x += step;
             }
             hasLetter = hasLetter || simple_characters::isLetter(slot);
@@ -107,12 +112,15 @@ public:
 private:
     static constexpr std::int16_t unknown = INT16_MIN;
 
+    bool mayRuleApply(std::string_view text) const;
     void readGlyphs(FontFace&);
     void readRules(FontFace&);
     void enterPair(std::size_t first, std::size_t second, int advance);
 
     std::array<std::uint32_t, simple_characters::slotCount> m_glyphs {};
     std::array<std::int16_t, simple_characters::slotCount> m_advances;
+    /// The first character's advance before the second. Where a rule may apply to the two, depending on what stands around them,
+    /// -1 minus that.
     std::array<std::unique_ptr<std::int16_t[]>, simple_characters::slotCount> m_pairs;
     std::shared_ptr<SimpleTextRules const> m_rules;
     bool m_hasGlyphs { false };
