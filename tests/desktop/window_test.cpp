@@ -229,7 +229,7 @@ TEST_F(HostWindows, MiniaturizingAndComingBackAreTold)
     app.expect("where a", "visible 0");
     app.say("deminiaturize a");
     app.expect("miniaturized a no");
-    EXPECT_EQ(place("a"), (std::vector<double> { 100, 624, 400, 300 }));
+    EXPECT_TRUE(waitUntil([this] { return place("a") == std::vector<double> { 100, 624, 400, 300 }; }));
 }
 
 TEST_F(HostWindows, ZoomingFillsTheScreenAndBack)

@@ -29,15 +29,19 @@ long NSApplication::runModalSession(NSModalSession& given)
 {
     Ref<NSApplication> const protector(this);
     Ref<NSModalSession> const session(given);
+    auto const next = [&] { return nextEventMatchingMask(NSAnyEventMask, NSDate::distantPast(), NSModalPanelRunLoopMode, true); };
     if (session->m_response != NSRunContinuesResponse)
         return session->m_response;
-    if (m->queue.empty())
+    auto event = next();
+    if (!event && session->m_response == NSRunContinuesResponse) {
         NSRunLoop::currentRunLoop().runOnce(NSModalPanelRunLoopMode, NSDate::distantFuture());
-    while (!m->queue.empty() && session->m_response == NSRunContinuesResponse && !session->m_isEnded) {
-        auto const event = m->take(m->queue.begin());
+        event = next();
+    }
+    while (event && session->m_response == NSRunContinuesResponse && !session->m_isEnded) {
         sendEvent(*event);
         if (std::exchange(m->windowsNeedUpdate, false))
             updateWindows();
+        event = session->m_response == NSRunContinuesResponse ? next() : nullptr;
     }
     m->displayWindows();
     return session->m_response;

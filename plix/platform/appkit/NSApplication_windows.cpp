@@ -220,11 +220,8 @@ void NSApplication::activateIgnoringOtherApps(bool)
     auto* const window = last && last->isVisible() ? last : m->nextKeyWindow(nullptr);
     if (window && window->internals().host)
         window->internals().host->focus();
-    // A host that leaves the keyboard where it is does not tell.
-    if (!window || window->internals().hasHostFocus) {
-        m->lastKeyWindow = window;
+    else
         m->setActive(true);
-    }
 }
 
 void NSApplication::deactivate()

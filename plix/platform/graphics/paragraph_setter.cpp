@@ -278,12 +278,8 @@ SettingCounts& settingCounts()
 SetParagraph setParagraph(ParagraphText const& paragraph, float width)
 {
     SetParagraph set;
-    return setSimply(paragraph, width, set) ? set : setParagraphFully(paragraph, width);
-}
-
-SetParagraph setParagraphFully(ParagraphText const& paragraph, float width)
-{
-    SetParagraph set;
+    if (setSimply(paragraph, width, set))
+        return set;
     auto const pango = layoutOf(paragraph, width);
     LayoutReader(paragraph, set).read(pango.get());
     return set;

@@ -1,5 +1,6 @@
 #include <tests/desktop/support/DesktopTest.h>
 
+#include <filesystem>
 #include <sstream>
 
 namespace plix::desktop {
@@ -49,6 +50,18 @@ Application& DesktopTest::start(
     return application;
 }
 
+Application& DesktopTest::startBrowser(std::string const& folder, std::vector<std::string> const& environment)
+{
+    auto all = display().environment();
+    all.insert(all.end(), environment.begin(), environment.end());
+    auto& application = m_applications.emplace_back(std::vector { programPath("browser"), folder }, all);
+    auto const hasKeyboard = [this, name = std::filesystem::path(folder).filename().string()] {
+        return tool({ "xdotool", "getactivewindow", "getwindowname" }).find(name) != std::string::npos;
+    };
+    EXPECT_TRUE(waitUntil(hasKeyboard)) << application.transcript();
+    return application;
+}
+
 void DesktopTest::moveMouse(int x, int y)
 {
     tool({ "xdotool", "mousemove", std::to_string(x), std::to_string(y) });
@@ -78,6 +91,13 @@ void DesktopTest::press(std::string const& keys)
 void DesktopTest::type(std::string const& text)
 {
     tool({ "xdotool", "type", text });
+}
+
+void DesktopTest::typeForeign(std::string const& name)
+{
+    // A key that no keyboard has.
+    tool({ "xmodmap", "-e", "keycode 248 = " + name + " " + name });
+    press(name);
 }
 
 std::string DesktopTest::windowTitled(std::string const& title)

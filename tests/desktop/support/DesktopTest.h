@@ -13,14 +13,16 @@ namespace plix::desktop {
 
 /// A test of real windows: programs on a virtual display, driven from outside as a person would. For example
 ///
-///     class FilesWindow : public DesktopTest { protected: Application& app { start("browser") }; };
+///     class FilesWindow : public DesktopTest { protected: Application& app { startBrowser(folder) }; };
 ///     TEST_F(FilesWindow, ReturnOpens)
 ///     {
+///         press("Home");
 ///         press("Return");
-///         app.expect("opened");
+///         EXPECT_TRUE(waitUntil([this] { return !windowTitled("subfolder").empty(); }));
 ///     }
 ///
-/// Places are in the display's pixels, from the upper left corner.
+/// Programs of tests/desktop/programs report what happens to them, and tests wait for that; of the browser they see what a person
+/// sees. Places are in the display's pixels, from the upper left corner.
 class DesktopTest : public ::testing::Test {
 public:
     ~DesktopTest() override;
@@ -31,9 +33,11 @@ protected:
     VirtualDisplay& display();
     void useDisplay(DisplayOptions const&);
 
-    /// Starts one of the programs of tests/desktop/programs, or the browser, and waits until it is ready.
+    /// Starts one of the programs of tests/desktop/programs and waits until it is ready.
     Application& start(std::string const& program, std::vector<std::string> const& environment = {},
         std::vector<std::string> const& arguments = {});
+    /// Starts the browser on a folder and waits until its window, which bears the folder's name, has the keyboard.
+    Application& startBrowser(std::string const& folder, std::vector<std::string> const& environment = {});
     static std::string programPath(std::string const& name);
     std::string tool(std::vector<std::string> const& command, std::string_view input = {})
     {
@@ -48,6 +52,9 @@ protected:
     /// Keys by their names: "Return", "ctrl+a", "dead_acute".
     void press(std::string const& keys);
     void type(std::string const& text);
+    /// Types one character that the layout lacks, by its key name: "eacute", "U2192". The name's key is put on the keyboard first
+    /// and stays there: programs that are busy when a key comes and goes at once would look in vain for what it was.
+    void typeForeign(std::string const& name);
 
     /// The window system's number of the window with that title, "" while there is none.
     std::string windowTitled(std::string const& title);

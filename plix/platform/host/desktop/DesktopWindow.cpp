@@ -302,6 +302,7 @@ void DesktopWindow::deminiaturize()
 {
     if (!isUsable() || !m_isVisible)
         return;
+    m_waitsForPlaceUntil = clock().uptime() + s_patience;
     XMapWindow(m_connection, m_native);
     XFlush(m_connection);
 }
@@ -399,6 +400,9 @@ void DesktopWindow::readState()
     if (isIconic == m_isMiniaturized)
         return;
     m_isMiniaturized = isIconic;
+    // Window managers like to let a window fly to its place.
+    if (!isIconic)
+        m_waitsForPlaceUntil = clock().uptime() + s_patience;
     m_display->queue().push({ Delivery::Kind::miniaturizedChanged, m_number });
 }
 
