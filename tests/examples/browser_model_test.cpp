@@ -155,8 +155,11 @@ TEST(FolderListing, ReadsALargeFolderInStepsAndInOrder)
         ASSERT_EQ(::symlink("x", (test / ("file " + std::to_string(number))).c_str()), 0);
 
     FolderListing listing;
+    listing.open(test / "missing");
+    EXPECT_NE(listing.failure(), "");
     listing.open(test.path());
     EXPECT_TRUE(listing.isReading());
+    EXPECT_EQ(listing.failure(), "");
     EXPECT_EQ(listing.entriesRead(), 1000U);
     EXPECT_TRUE(listing.entries().empty());
     int steps = 2; // opening, and the one that finishes

@@ -239,6 +239,17 @@ TEST_F(BrowserTest, ShowsOneClearLineForAFolderThatIsNone)
     }
 }
 
+TEST_F(BrowserTest, SelectsNothingInNewEntries)
+{
+    show();
+    list().selectRow(3);
+    auto const& entries = controller->listing().entries();
+    list().setEntries(&entries);
+    EXPECT_EQ(list().selectedRow(), std::nullopt);
+    list().selectRow(static_cast<long>(entries.size()));
+    EXPECT_EQ(list().selectedRow(), std::nullopt);
+}
+
 TEST_F(BrowserTest, StaysAtTheRoot)
 {
     show("/");
@@ -265,6 +276,12 @@ TEST_F(BrowserTest, StaysUsableWhileItReadsALargeFolder)
     EXPECT_EQ(list().plan().rowCount, 2300);
     EXPECT_EQ(list().message(), "");
     // Another folder is opened while one is read.
+    controller->open(folder / "large");
+    controller->open(folder / "large");
+    pass(0.1);
+    list().selectRow(5);
+    pass(0.1);
+    EXPECT_EQ(list().selectedRow(), 5); // it is not read once more
     controller->open(folder / "large");
     controller->open(folder.path());
     pass(0.1);

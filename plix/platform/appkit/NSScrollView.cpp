@@ -252,28 +252,14 @@ void NSScrollView::setPageScroll(float overlap)
 
 // MARK: layout
 
-// A document that takes the clip view's size in a direction needs no scroller there, as long as it does.
-Size NSScrollView::fittingDocumentSize() const
-{
-    auto const* document = documentView();
-    if (!document)
-        return {};
-    Size size = document->frame().size();
-    Size const clip = m_contentView->bounds().size();
-    if ((document->autoresizingMask() & NSViewWidthSizable) && size.width <= clip.width)
-        size.width = 0;
-    if ((document->autoresizingMask() & NSViewHeightSizable) && size.height <= clip.height)
-        size.height = 0;
-    return size;
-}
-
 ScrollViewLayout NSScrollView::layout() const
 {
     auto shape = shapeFor(bounds().size(), m_hasHorizontalScroller && m_horizontalScroller,
         m_hasVerticalScroller && m_verticalScroller, m_borderType);
     shape.scrollerWidth = NSScroller::scrollerWidthForControlSize(m_controlSize);
     shape.autohidesScrollers = m_autohidesScrollers;
-    shape.documentSize = fittingDocumentSize();
+    if (auto const* document = documentView())
+        shape.documentSize = document->frame().size();
     if (auto const* source = dynamic_cast<ScrollHeader const*>(documentView())) {
         if (auto const* header = source->headerView())
             shape.headerHeight = header->frame().height;

@@ -98,7 +98,6 @@ private:
     enum class Axis { horizontal, vertical };
 
     ScrollViewLayout layout() const;
-    Size fittingDocumentSize() const;
     void placeScroller(NSScroller*, bool isShown, Rect);
     void placeHeader(ScrollViewLayout const&);
     void reflect(NSScroller*, Axis);

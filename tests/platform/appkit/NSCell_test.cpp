@@ -404,10 +404,17 @@ TEST(NSActionCell, CallsAFunctionAsLongAsItsTargetLives)
     cell->setTarget(*receiver, &Receiver::act);
     cell->sendAction();
     EXPECT_EQ(receiver->calls, 1);
-    Weak<Receiver> const gone(receiver);
-    receiver = nullptr;
-    EXPECT_FALSE(gone);
+
+    int calls = 0;
+    cell->setActionFunction(receiver, [&](NSObject*) { ++calls; });
     cell->sendAction();
+    EXPECT_EQ(calls, 1);
+    receiver = nullptr;
+    cell->sendAction();
+    EXPECT_EQ(calls, 1);
+    cell->setActionFunction(nullptr, [&](NSObject*) { ++calls; });
+    cell->sendAction();
+    EXPECT_EQ(calls, 2);
 }
 
 TEST(NSTextFieldCell, ShowsDisabledTextPalerUnlessTheHostMixedItsColour)

@@ -155,6 +155,19 @@ TEST_F(ControlTest, SendsNothingWhenTheButtonIsReleasedOutside)
     EXPECT_EQ(receiver->calls, 1);
 }
 
+TEST_F(ControlTest, TellsWhetherTheReleaseWasInside)
+{
+    auto const press = mouseEvent(NSLeftMouseDown, *control, { 50, 20 });
+    for (float x : { 50.F, 300.F }) {
+        window->postEvent(*mouseEvent(NSLeftMouseUp, *control, { x, 20 }), false);
+        EXPECT_EQ(cell().trackMouse(*press, control->bounds(), *control, false), x == 50);
+        EXPECT_EQ(receiver->calls, 1);
+    }
+    window->postEvent(*mouseEvent(NSLeftMouseUp, *control, { 300, 20 }), false);
+    EXPECT_TRUE(cell().trackMouse(*press, control->bounds(), *control, true));
+    EXPECT_EQ(receiver->calls, 2);
+}
+
 TEST_F(ControlTest, FollowsTheMouseAnywhereWhereTheCellSaysSo)
 {
     cell().untilMouseUp = true;

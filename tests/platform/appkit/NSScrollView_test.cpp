@@ -384,6 +384,26 @@ TEST_F(ScrollViewTest, DrawsRightUnderAViewThatLiesAbove)
     EXPECT_EQ(countDifferences(moved, window->snapshot()), 0);
 }
 
+TEST_F(ScrollViewTest, DoesNotMoveWhatIsToBeDrawnAnew)
+{
+    auto const hidden = make<Document>(Rect { 20, 30, 50, 50 });
+    auto const removed = make<Document>(Rect { 100, 30, 50, 50 });
+    window->contentView()->addSubview(*hidden);
+    window->contentView()->addSubview(*removed);
+    pump();
+    auto scroll = [&](float y) {
+        document->scrollPoint({ 0, y });
+        pump();
+        auto const moved = window->snapshot();
+        window->display();
+        return countDifferences(moved, window->snapshot());
+    };
+    hidden->setHidden(true);
+    EXPECT_EQ(scroll(20), 0);
+    removed->removeFromSuperview();
+    EXPECT_EQ(scroll(40), 0);
+}
+
 TEST_F(ScrollViewTest, ScrollsToShowARectangle)
 {
     EXPECT_TRUE(document->scrollRectToVisible({ 0, 150, 10, 10 }));
