@@ -15,6 +15,7 @@ BUILD = cmake --build build/$(1) -j$(JOBS) --target $(2)
 
 export ASAN_OPTIONS ?= detect_stack_use_after_return=1:strict_string_checks=1
 export UBSAN_OPTIONS ?= print_stacktrace=1
+export LSAN_OPTIONS ?= suppressions=$(CURDIR)/scripts/leaks.txt:print_suppressions=0
 
 .PHONY: help run gallery test list-tests check format check-format lint layers check-logic check-sanitized bench coverage fuzz resources clean \
 	setup-run setup-test setup-check setup-bench setup-fuzz

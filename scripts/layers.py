@@ -49,10 +49,10 @@ unordered_set utility valarray variant vector version""".split())
 # The compiler's own, used where the machine has it.
 STANDARD.add("emmintrin.h")
 
-# The operating system's own headers.
+# The operating system's own headers, and the compiler's.
 SYSTEM = re.compile(r"(arpa|linux|net|netinet|netpacket|sys)/\w+\.h$|(dirent|dlfcn|errno|execinfo|fcntl|fnmatch|ftw|glob|grp|"
                     r"iconv|ifaddrs|langinfo|limits|link|locale|malloc|math|mntent|netdb|poll|pthread|pwd|sched|semaphore|signal|"
-                    r"spawn|stdlib|string|strings|syslog|termios|time|unistd|utime|wchar)\.h$|cxxabi\.h$")
+                    r"spawn|stdlib|string|strings|syslog|termios|time|unistd|utime|wchar)\.h$|cxxabi\.h$|[ep]mmintrin\.h$|arm_neon\.h$")
 
 
 def floor_of(path):

@@ -1,7 +1,7 @@
 #include <plix/platform/appkit/drag_operations.h>
 
-#include <plix/platform/appkit/NSEvent.h>
 #include <plix/platform/appkit/drag_operation.h>
+#include <plix/platform/appkit/event_constants.h>
 
 #include <array>
 

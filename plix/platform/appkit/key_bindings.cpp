@@ -1,6 +1,6 @@
 #include <plix/platform/appkit/key_bindings.h>
 
-#include <plix/platform/appkit/NSEvent.h>
+#include <plix/platform/appkit/event_constants.h>
 #include <plix/platform/base/utf16.h>
 
 #include <algorithm>
