@@ -67,7 +67,8 @@ class Lint:
                 self.fault(number, f"{found.group(0)}: finish it")
             if found := TOO_NEW.search(line):
                 self.fault(number, f"{found.group(0)}: clang 14 has it not")
-            if self.path.startswith("plix/") and not handles and (found := BARE_DESTROY.search(line)):
+            is_deleter = handles or "operator()(" in line
+            if self.path.startswith("plix/") and not is_deleter and (found := BARE_DESTROY.search(line)):
                 self.fault(number, f"{found.group(1)}: hold it in a Handle")
 
     def check_length(self):

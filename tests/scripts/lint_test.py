@@ -68,6 +68,8 @@ class Lint(planted.PlantedTree):
 
     def test_a_bare_destroy_call(self):
         self.assertEqual(self.faults_of("plix/platform/graphics/handles.cpp", "cairo_destroy(c);\n"), [])
+        deleter = "void operator()(cairo_t* context) const { cairo_destroy(context); }\n"
+        self.assertEqual(self.faults_of("plix/platform/graphics/b.cpp", deleter), [])
         self.assertFault("plix/platform/graphics/a.cpp", "cairo_surface_destroy(s);\n", 1, "Handle")
 
     def test_a_test_that_expects_nothing(self):

@@ -48,8 +48,7 @@ public:
     unsigned modifierFlags() const { return m_modifierFlags; }
     /// True where the keys that stand for "shortcut" on this platform are held: Control or Command. Key equivalents with
     /// NSCommandKeyMask, and clicks that toggle a selection, go by this.
-    bool hasShortcutModifier() const { return hasShortcutModifier(m_modifierFlags); }
-    static constexpr bool hasShortcutModifier(unsigned flags) { return (flags & (NSControlKeyMask | NSCommandKeyMask)) != 0; }
+    bool hasShortcutModifier() const { return plix::hasShortcutModifier(m_modifierFlags); }
     /// Seconds of clock().uptime().
     NSTimeInterval timestamp() const { return m_timestamp; }
     NSWindow* window() const;

@@ -71,6 +71,12 @@ enum NSModifierFlags : unsigned {
     NSDeviceIndependentModifierFlagsMask = 0xFFFF0000U,
 };
 
+/// Whether a key press with these modifiers may be a shortcut rather than text.
+constexpr bool hasShortcutModifier(unsigned flags)
+{
+    return (flags & (NSControlKeyMask | NSCommandKeyMask)) != 0;
+}
+
 /// What keys without a character of their own enter: code points of Unicode's private area.
 enum NSFunctionKey : char32_t {
     NSUpArrowFunctionKey = 0xF700,

@@ -132,7 +132,7 @@ KeyInterpretation interpretationOfKey(unsigned modifierFlags, char32_t key, std:
     if (characters.empty() || !isText(decodeUTF8(characters, byte)))
         return {};
     // AltGr enters characters while Control and Alternate are both reported as held.
-    bool const isShortcut = NSEvent::hasShortcutModifier(modifiers) && !(modifiers & alternate);
+    bool const isShortcut = hasShortcutModifier(modifiers) && !(modifiers & alternate);
     return isShortcut ? KeyInterpretation {} : KeyInterpretation { {}, characters };
 }
 
