@@ -39,6 +39,7 @@ list(APPEND PLIX_LOGIC_SOURCES
     platform/graphics/affine_transform.cpp
     platform/graphics/color_components.cpp
     platform/graphics/geometry.cpp
+    platform/graphics/glyph_blending.cpp
     platform/graphics/glyph_rules.cpp
     platform/graphics/path_geometry.cpp
     platform/graphics/pixel_operations.cpp

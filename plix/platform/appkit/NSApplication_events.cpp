@@ -50,6 +50,15 @@ void NSApplication::Internals::enqueue(Ref<NSEvent> event)
     queue.push_back(std::move(event));
 }
 
+Ref<NSEvent> NSApplication::Internals::take(std::deque<Ref<NSEvent>>::iterator place)
+{
+    currentEvent = *place;
+    queue.erase(place);
+    if (isMovement(currentEvent->type()))
+        NSCursor::setHiddenUntilMouseMoves(false);
+    return currentEvent;
+}
+
 void NSApplication::postEvent(NSEvent& event, bool atStart)
 {
     if (atStart)
@@ -72,16 +81,8 @@ Ref<NSEvent> NSApplication::nextEventMatchingMask(unsigned mask, NSDate until, s
     bool mayWait = true;
     for (;;) {
         auto const found = std::ranges::find_if(m->queue, [mask](auto const& event) { return matches(*event, mask); });
-        if (found != m->queue.end()) {
-            Ref<NSEvent> event = *found;
-            if (dequeue) {
-                m->queue.erase(found);
-                m->currentEvent = event;
-                if (isMovement(event->type()))
-                    NSCursor::setHiddenUntilMouseMoves(false);
-            }
-            return event;
-        }
+        if (found != m->queue.end())
+            return dequeue ? m->take(found) : *found;
         // Whoever asked to stop is not kept waiting for an event.
         auto const* const session = m->innermostSession();
         bool const isStopped = m->stopsRunning || m->isTerminating || (session && session->response() != NSRunContinuesResponse);

@@ -50,6 +50,8 @@ struct NSApplication::Internals final : DisplayClient {
 
     void post(char const* name, Hook<void(NSNotification const&)> NSApplicationDelegate::*hook);
     void enqueue(Ref<NSEvent>);
+    /// Out of the queue; it is the current event then.
+    Ref<NSEvent> take(std::deque<Ref<NSEvent>>::iterator);
     /// Before the run loop waits: draws, updates cursors, notices that another application is active.
     void beforeWaiting();
     void displayWindows();

@@ -29,19 +29,15 @@ long NSApplication::runModalSession(NSModalSession& given)
 {
     Ref<NSApplication> const protector(this);
     Ref<NSModalSession> const session(given);
-    auto const next = [&] { return nextEventMatchingMask(NSAnyEventMask, NSDate::distantPast(), NSModalPanelRunLoopMode, true); };
     if (session->m_response != NSRunContinuesResponse)
         return session->m_response;
-    auto event = next();
-    if (!event && session->m_response == NSRunContinuesResponse) {
+    if (m->queue.empty())
         NSRunLoop::currentRunLoop().runOnce(NSModalPanelRunLoopMode, NSDate::distantFuture());
-        event = next();
-    }
-    while (event && session->m_response == NSRunContinuesResponse && !session->m_isEnded) {
+    while (!m->queue.empty() && session->m_response == NSRunContinuesResponse && !session->m_isEnded) {
+        auto const event = m->take(m->queue.begin());
         sendEvent(*event);
         if (std::exchange(m->windowsNeedUpdate, false))
             updateWindows();
-        event = session->m_response == NSRunContinuesResponse ? next() : nullptr;
     }
     m->displayWindows();
     return session->m_response;

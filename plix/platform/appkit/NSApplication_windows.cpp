@@ -220,8 +220,11 @@ void NSApplication::activateIgnoringOtherApps(bool)
     auto* const window = last && last->isVisible() ? last : m->nextKeyWindow(nullptr);
     if (window && window->internals().host)
         window->internals().host->focus();
-    else
+    // A host that leaves the keyboard where it is does not tell.
+    if (!window || window->internals().hasHostFocus) {
+        m->lastKeyWindow = window;
         m->setActive(true);
+    }
 }
 
 void NSApplication::deactivate()

@@ -184,10 +184,11 @@ void GlyphFont::render(Scaled& set, std::uint32_t glyph, GlyphMask& mask)
     }
     int const width = right - left + 1;
     int const height = bottom - top + 1;
-    auto bytes = std::make_unique<std::uint8_t[]>(static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
+    int const padded = (width + 3) / 4 * 4;
+    auto bytes = std::make_unique<std::uint8_t[]>(static_cast<std::size_t>(padded) * static_cast<std::size_t>(height));
     for (int y = 0; y < height; ++y)
-        std::memcpy(bytes.get() + y * width, data + (top + y) * stride + left, static_cast<std::size_t>(width));
-    mask = { bytes.release(), mask.left + left, mask.top + top, width, height };
+        std::memcpy(bytes.get() + y * padded, data + (top + y) * stride + left, static_cast<std::size_t>(width));
+    mask = { bytes.release(), mask.left + left, mask.top + top, width, height, padded };
 }
 
 }

@@ -14,11 +14,12 @@ namespace plix {
 
 /// A glyph's coverage at one scale, as it is blended into pixels.
 struct GlyphMask {
-    std::uint8_t const* coverage { nullptr }; ///< height rows of width bytes; null where there is no ink
+    std::uint8_t const* coverage { nullptr }; ///< height rows of stride bytes; null where there is no ink
     int left { 0 }; ///< from the glyph's origin, in device pixels, y downwards
     int top { 0 };
     int width { 0 };
     int height { 0 };
+    int stride { 0 }; ///< a multiple of 4; zeros behind the width
 };
 
 /// The glyphs of one font that Pango has chosen, with their metrics and their masks at the scales they are drawn at.

@@ -5,6 +5,7 @@
 #include <plix/platform/graphics/NSGraphics.h>
 #include <plix/platform/graphics/NSGraphicsContext.h>
 #include <plix/platform/graphics/context_internals.h>
+#include <plix/platform/graphics/glyph_blending.h>
 
 #include <algorithm>
 #include <cmath>
@@ -13,35 +14,6 @@
 namespace plix {
 
 namespace {
-
-constexpr std::uint32_t oddBytes = 0x00FF00FF;
-
-/// The four bytes of a pixel times a coverage of 0 to 255, rounded.
-inline std::uint32_t scaledPixel(std::uint32_t pixel, std::uint32_t by)
-{
-    std::uint32_t low = (pixel & oddBytes) * by + 0x00800080;
-    std::uint32_t high = ((pixel >> 8) & oddBytes) * by + 0x00800080;
-    low = ((low + ((low >> 8) & oddBytes)) >> 8) & oddBytes;
-    high = (high + ((high >> 8) & oddBytes)) & ~oddBytes;
-    return low | high;
-}
-
-/// Pixels over pixels, by the mask's coverage.
-void blendRow(std::uint32_t* pixels, std::uint8_t const* coverage, int count, std::uint32_t color)
-{
-    bool const isOpaque = color >> 24 == 0xFF;
-    for (int i = 0; i < count; ++i) {
-        std::uint32_t const cover = coverage[i];
-        if (cover == 0)
-            continue;
-        if (cover == 0xFF && isOpaque) {
-            pixels[i] = color;
-            continue;
-        }
-        std::uint32_t const source = scaledPixel(color, cover);
-        pixels[i] = source + scaledPixel(pixels[i], 0xFF - (source >> 24));
-    }
-}
 
 /// As Cairo rounds a glyph's place.
 int nearestPixel(double value)
@@ -124,17 +96,18 @@ bool GlyphPainter::blendGlyph(GlyphFont& font, SetGlyph const& glyph, double x, 
         return false;
     int const left = nearestPixel(x) + mask->left;
     int const top = nearestPixel(y) + mask->top;
+    // Masks are padded to the right, so that whole groups of pixels can be blended where there is room.
     int const firstColumn = std::max(0, clip.x - left);
-    int const endColumn = std::min(mask->width, clip.x + clip.width - left);
+    int const endColumn = std::min(mask->stride, clip.x + clip.width - left);
     int const firstRow = std::max(0, clip.y - top);
     int const endRow = std::min(mask->height, clip.y + clip.height - top);
     if (firstColumn >= endColumn)
         return true;
     auto const& buffer = m_internals.pixels;
     for (int row = firstRow; row < endRow; ++row) {
-        auto* const line = buffer.pixels + static_cast<std::ptrdiff_t>(top + row) * buffer.stride;
-        blendRow(reinterpret_cast<std::uint32_t*>(line) + left + firstColumn,
-            mask->coverage + static_cast<std::ptrdiff_t>(row) * mask->width + firstColumn, endColumn - firstColumn, m_pixel);
+        auto* const line = reinterpret_cast<std::uint32_t*>(buffer.pixels + static_cast<std::ptrdiff_t>(top + row) * buffer.stride);
+        auto const* coverage = mask->coverage + static_cast<std::ptrdiff_t>(row) * mask->stride;
+        blendCoverage(line + left + firstColumn, coverage + firstColumn, endColumn - firstColumn, m_pixel);
     }
     return true;
 }

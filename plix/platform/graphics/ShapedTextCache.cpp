@@ -13,7 +13,7 @@ namespace {
 constexpr std::size_t fewestEntries = 1;
 
 /// The spans of the paragraph, with bytes counted from its start. At least one, for an empty paragraph too.
-std::vector<StyleSpan> spansOfParagraph(std::vector<StyleSpan> const& spans, ParagraphBytes const& bytes, std::size_t& first)
+std::vector<StyleSpan> spansOfParagraph(std::span<StyleSpan const> spans, ParagraphBytes const& bytes, std::size_t& first)
 {
     while (first + 1 < spans.size() && spans[first].endByte <= bytes.start)
         ++first;
@@ -37,7 +37,7 @@ std::size_t SetBlock::memory() const
     return bytes;
 }
 
-SetBlock setBlock(std::string_view text, std::vector<StyleSpan> const& spans, float width)
+SetBlock setBlock(std::string_view text, std::span<StyleSpan const> spans, float width)
 {
     SetBlock block;
     std::vector<ParagraphLayout const*> layouts;
@@ -76,7 +76,7 @@ ShapedTextCache& ShapedTextCache::shared()
     return s_cache;
 }
 
-SetBlock const& ShapedTextCache::block(std::string_view text, std::vector<StyleSpan> const& spans, float width)
+SetBlock const& ShapedTextCache::block(std::string_view text, std::span<StyleSpan const> spans, float width)
 {
     m_key.clear();
     m_key.append(reinterpret_cast<char const*>(&width), sizeof width);

@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <list>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -32,7 +33,7 @@ struct SetBlock {
 };
 
 /// Sets and places a whole text, valid UTF-8, in spans that cover it; a width below 0 is as wide as it wants to be.
-SetBlock setBlock(std::string_view text, std::vector<StyleSpan> const&, float width);
+SetBlock setBlock(std::string_view text, std::span<StyleSpan const>, float width);
 
 /// What has been set lately, for measuring and drawing again: nothing is shaped or allocated for what is in it. The least recently
 /// used goes when it outgrows its memory.
@@ -41,7 +42,7 @@ public:
     static ShapedTextCache& shared();
 
     /// Holds until the next call.
-    SetBlock const& block(std::string_view text, std::vector<StyleSpan> const&, float width);
+    SetBlock const& block(std::string_view text, std::span<StyleSpan const>, float width);
 
     struct Counts {
         long hits { 0 };

@@ -201,7 +201,8 @@ TextPosition TextLayout::positionAt(Point point)
 {
     auto const line = m_body->placedLine(lineAtY(point.y));
     auto const text = m_body->content(*line.in);
-    auto const found = positionInLine(*line.set, line.setLine(), text, point.x - line.line->place.left);
+    float const x = std::isnan(point.x) ? 0 : point.x;
+    auto const found = positionInLine(*line.set, line.setLine(), text, x - line.line->place.left);
     TextPosition position;
     position.index = m_body->unitOfByte(*line.in, found.byte);
     position.isTrailing = found.isTrailing;

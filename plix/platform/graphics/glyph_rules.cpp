@@ -66,7 +66,10 @@ public:
         for (unsigned const lookup : lookups) {
             if (lookup >= list.u16(0))
                 throw Damaged {};
+            m_isLive = false;
             readLookup(list.follow(2 + 2 * static_cast<std::size_t>(lookup)), isSubstitution);
+            if (m_isLive)
+                (isSubstitution ? m_rules.liveSubstitutions : m_rules.livePositionings).push_back(lookup);
         }
     }
 
@@ -354,6 +357,7 @@ private:
     {
         if (pattern.empty() || std::any_of(pattern.begin(), pattern.end(), [](auto const& slots) { return slots.none(); }))
             return;
+        m_isLive = true;
         if (pattern.size() == 1 || m_skipsGlyphs) {
             auto const rarest = std::min_element(
                 pattern.begin(), pattern.end(), [](auto const& a, auto const& b) { return a.count() < b.count(); });
@@ -370,12 +374,14 @@ private:
             if (pattern[best][first])
                 m_rules.pairs[first] |= pattern[best + 1];
         }
+        m_rules.rules.push_back({ pattern, best });
     }
 
     GlyphRules& m_rules;
     std::unordered_map<std::uint32_t, Slots> m_slots;
     Slots m_all;
     bool m_skipsGlyphs { false };
+    bool m_isLive { false };
     long m_work { largestTotalWork };
 };
 
@@ -393,6 +399,28 @@ GlyphRules readGlyphRules(std::span<std::uint8_t const> substitution, std::span<
         rules.giveUp();
     }
     return rules;
+}
+
+bool GlyphRules::mayApply(std::span<int const> text) const
+{
+    auto const at = [text](std::size_t index) { return static_cast<std::size_t>(text[index]); };
+    auto const matches = [&](Rule const& rule, std::size_t start) {
+        for (std::size_t i = 0; i < rule.pattern.size(); ++i) {
+            if (!rule.pattern[i][at(start + i)])
+                return false;
+        }
+        return true;
+    };
+    for (std::size_t i = 0; i + 1 < text.size(); ++i) {
+        if (!pairs[at(i)][at(i + 1)])
+            continue;
+        for (auto const& rule : rules) {
+            bool const isInside = i >= rule.key && i - rule.key + rule.pattern.size() <= text.size();
+            if (isInside && rule.pattern[rule.key][at(i)] && matches(rule, i - rule.key))
+                return true;
+        }
+    }
+    return false;
 }
 
 }

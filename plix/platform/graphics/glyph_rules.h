@@ -19,12 +19,24 @@ struct GlyphRules {
     /// Where the second glyph follows the first, a rule may apply. Neighbours that are not here, of glyphs that are not in `alone`,
     /// are set by their own advances and the kerning of each two neighbours.
     std::vector<Slots> pairs;
+    /// Neighbouring glyphs that a rule needs; the two from `key` on are in `pairs`.
+    struct Rule {
+        std::vector<Slots> pattern;
+        std::size_t key;
+    };
+    std::vector<Rule> rules;
+    /// The lookups that have such rules, in order. All others leave text of these glyphs alone, and what comes before the first of
+    /// these never sees another glyph.
+    std::vector<unsigned> liveSubstitutions;
+    std::vector<unsigned> livePositionings;
 
     GlyphRules()
         : pairs(slotCount)
     {
     }
     bool mayChange(std::size_t first, std::size_t second) const { return pairs[first][second]; }
+    /// Looks closer: whether some rule finds all of its glyphs in the text, which is given as slots.
+    bool mayApply(std::span<int const> text) const;
     /// Nothing can be said: every glyph may change anywhere.
     void giveUp() { alone.set(); }
 };

@@ -278,8 +278,12 @@ SettingCounts& settingCounts()
 SetParagraph setParagraph(ParagraphText const& paragraph, float width)
 {
     SetParagraph set;
-    if (setSimply(paragraph, width, set))
-        return set;
+    return setSimply(paragraph, width, set) ? set : setParagraphFully(paragraph, width);
+}
+
+SetParagraph setParagraphFully(ParagraphText const& paragraph, float width)
+{
+    SetParagraph set;
     auto const pango = layoutOf(paragraph, width);
     LayoutReader(paragraph, set).read(pango.get());
     return set;

@@ -20,6 +20,8 @@ struct ParagraphText {
 /// Shapes the text and breaks it into lines no longer than `width`, which is below 0 where there is no limit. A truncating
 /// paragraph is one line. There is always at least one line. Tables are used where they give the same.
 SetParagraph setParagraph(ParagraphText const&, float width);
+/// The same without tables: what the others must agree with.
+SetParagraph setParagraphFully(ParagraphText const&, float width);
 
 /// What the setting of text has taken so far, for tests and measurements.
 struct SettingCounts {

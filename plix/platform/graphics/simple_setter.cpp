@@ -5,6 +5,7 @@
 #include <plix/platform/graphics/paragraph_setter.h>
 
 #include <algorithm>
+#include <cmath>
 
 namespace plix {
 
@@ -39,7 +40,11 @@ bool shapeByFont(FontFace& font, std::string_view text, SimpleGlyphs& result)
     hb_buffer_set_script(buffer, hasLetter(text) ? HB_SCRIPT_LATIN : HB_SCRIPT_COMMON);
     hb_buffer_set_language(buffer, hb_language_from_string("en", -1));
     hb_buffer_set_flags(buffer, static_cast<hb_buffer_flags_t>(HB_BUFFER_FLAG_BOT | HB_BUFFER_FLAG_EOT));
-    hb_shape(font.glyphs()->shapingFont(), buffer, nullptr, 0);
+    thread_local std::vector<hb_feature_t> features;
+    features.clear();
+    for (auto const tag : font.simpleText().idleFeatures())
+        features.push_back({ tag, 0, HB_FEATURE_GLOBAL_START, HB_FEATURE_GLOBAL_END });
+    hb_shape(font.glyphs()->shapingFont(), buffer, features.data(), static_cast<unsigned>(features.size()));
     unsigned count = 0;
     auto const* infos = hb_buffer_get_glyph_infos(buffer, &count);
     auto const* positions = hb_buffer_get_glyph_positions(buffer, &count);
@@ -51,9 +56,10 @@ bool shapeByFont(FontFace& font, std::string_view text, SimpleGlyphs& result)
             return false;
         auto const& position = positions[i];
         bool const isOffset = PANGO_UNITS_ROUND(position.x_offset) != 0 || PANGO_UNITS_ROUND(position.y_offset) != 0;
-        if (isOffset)
-            return false;
         int const advance = PANGO_UNITS_ROUND(position.x_advance) / PANGO_SCALE;
+        // Pango makes something else of negative advances.
+        if (isOffset || advance < 0)
+            return false;
         result.glyphs.push_back(infos[i].codepoint);
         result.lefts.push_back(result.advance);
         result.advance += advance;
@@ -78,49 +84,228 @@ bool isSimplyStyled(ParagraphText const& paragraph)
         [font](StyleSpan const& span) { return span.style.font == font && span.style.isPlainlySet(); });
 }
 
-/// Copies the glyphs into one line, a run for each span.
-void addLine(ParagraphText const& paragraph, FontFace& font, SimpleGlyphs const& shaped, SetParagraph& set)
-{
-    auto const& metrics = font.metrics();
-    auto const length = static_cast<std::uint32_t>(paragraph.text.size());
-    SetLine line { 0, length, 0, 0, static_cast<float>(shaped.advance), metrics.lineAscent(), metrics.lineDescent(),
-        metrics.lineLeading(), false };
-    char const* const start = paragraph.text.data();
-    char const* const end = start + length;
-    char const* cursor = start;
-    std::uint32_t span = 0;
-    std::size_t const count = shaped.glyphs.size();
-    set.glyphs.reserve(count);
-    set.clusters.reserve(count);
-    for (std::size_t i = 0; i < count; ++i) {
-        auto const byte = static_cast<std::uint32_t>(cursor - start);
-        bool const isNewSpan = set.runs.empty() || byte >= paragraph.spans[span].endByte;
-        while (byte >= paragraph.spans[span].endByte)
-            ++span;
-        auto const left = static_cast<float>(shaped.lefts[i]);
-        if (isNewSpan) {
+/// Bytes of the paragraph that become one line.
+struct Piece {
+    std::uint32_t firstByte;
+    std::uint32_t endByte;
+    bool losesFinalBlank; ///< at which it is broken
+};
+
+/// Appends lines, with a run for each span.
+class LineWriter {
+public:
+    LineWriter(ParagraphText const& paragraph, FontFace& font, SetParagraph& set)
+        : m_paragraph(paragraph)
+        , m_font(font)
+        , m_set(set)
+    {
+    }
+
+    void add(Piece const& piece, SimpleGlyphs const& shaped)
+    {
+        auto const& metrics = m_font.metrics();
+        SetLine line { piece.firstByte, piece.endByte, static_cast<std::uint32_t>(m_set.runs.size()), 0, 0, metrics.lineAscent(),
+            metrics.lineDescent(), metrics.lineLeading(), false };
+        char const* const start = m_paragraph.text.data();
+        char const* const end = start + piece.endByte;
+        char const* cursor = start + piece.firstByte;
+        std::size_t const count = shaped.glyphs.size();
+        m_set.glyphs.reserve(m_set.glyphs.size() + count);
+        m_set.clusters.reserve(m_set.clusters.size() + count);
+        for (std::size_t i = 0; i < count; ++i) {
+            auto const byte = static_cast<std::uint32_t>(cursor - start);
+            simple_characters::nextSlot(cursor, end);
+            auto const length = static_cast<std::uint32_t>(cursor - start) - byte;
+            bool const isLost = piece.losesFinalBlank && i + 1 == count;
+            auto const left = static_cast<float>(shaped.lefts[i]);
+            auto const right = static_cast<float>(i + 1 < count ? shaped.lefts[i + 1] : isLost ? shaped.lefts[i] : shaped.advance);
+            auto& run = runAt(byte, line, left);
+            m_set.clusters.push_back({ byte, length, left, right - left });
+            ++run.clusterCount;
+            if (!isLost) {
+                m_set.glyphs.push_back({ shaped.glyphs[i], left, 0 });
+                ++run.glyphCount;
+            }
+            run.width = right - run.left;
+            line.width = right;
+        }
+        line.runCount = static_cast<std::uint32_t>(m_set.runs.size()) - line.firstRun;
+        m_set.lines.push_back(line);
+    }
+
+private:
+    SetRun& runAt(std::uint32_t byte, SetLine const& line, float left)
+    {
+        bool const isNew = m_set.runs.size() == line.firstRun || byte >= m_paragraph.spans[m_span].endByte;
+        while (byte >= m_paragraph.spans[m_span].endByte)
+            ++m_span;
+        if (isNew) {
             SetRun run;
-            run.font = font.glyphs();
-            run.firstGlyph = run.firstCluster = static_cast<std::uint32_t>(i);
-            run.style = span;
+            run.font = m_font.glyphs();
+            run.firstGlyph = static_cast<std::uint32_t>(m_set.glyphs.size());
+            run.firstCluster = static_cast<std::uint32_t>(m_set.clusters.size());
+            run.style = m_span;
             run.left = left;
             run.ascent = line.ascent;
             run.descent = line.descent;
             run.leading = line.leading;
-            set.runs.push_back(std::move(run));
+            m_set.runs.push_back(std::move(run));
         }
-        simple_characters::nextSlot(cursor, end);
-        auto const right = static_cast<float>(i + 1 < count ? shaped.lefts[i + 1] : shaped.advance);
-        set.glyphs.push_back({ shaped.glyphs[i], left, 0 });
-        set.clusters.push_back({ byte, static_cast<std::uint32_t>(cursor - start) - byte, left, right - left });
-        auto& run = set.runs.back();
-        ++run.glyphCount;
-        ++run.clusterCount;
-        run.width = right - run.left;
+        return m_set.runs.back();
     }
-    line.runCount = static_cast<std::uint32_t>(set.runs.size());
-    set.lines.push_back(line);
-}
+
+    ParagraphText const& m_paragraph;
+    FontFace& m_font;
+    SetParagraph& m_set;
+    std::uint32_t m_span { 0 };
+};
+
+/// Breaks a paragraph where Pango would: behind the last opportunity that fits, a blank there not counted; where none fits, behind
+/// the last character that does.
+class LineBreaker {
+public:
+    LineBreaker(ParagraphText const& paragraph, FontFace& font, float width)
+        : m_paragraph(paragraph)
+        , m_font(font)
+        , m_width(width)
+    {
+    }
+
+    /// False where this may be another result than Pango's.
+    bool breakInto(SetParagraph& set, SimpleGlyphs const& whole)
+    {
+        constexpr std::size_t longestToShapeAgain = 2000;
+        if (!whole.isFromTable && m_paragraph.text.size() > longestToShapeAgain)
+            return false;
+        findOpportunities();
+        m_rest = whole;
+        LineWriter writer(m_paragraph, m_font, set);
+        while (m_firstCharacter < m_characters) {
+            float const room = roomInLine(set.lines.empty());
+            auto const count = charactersThatFit(room);
+            if (m_isUncertain)
+                return false;
+            Piece piece { m_byteOf[m_firstCharacter], m_byteOf[m_firstCharacter + count], false };
+            bool const isLast = m_firstCharacter + count == m_characters;
+            bool const endsInBlank = m_opportunities[m_firstCharacter + count - 1].is_white;
+            piece.losesFinalBlank = !isLast && endsInBlank;
+            if (!shapeSimply(m_font, m_paragraph.text.substr(piece.firstByte, piece.endByte - piece.firstByte), m_piece))
+                return false;
+            int const advance = endsInBlank ? m_piece.lefts.back() : m_piece.advance;
+            if (count > 1 && static_cast<float>(advance) > room)
+                return false;
+            writer.add(piece, m_piece);
+            m_firstCharacter += count;
+            if (isLast)
+                break;
+            if (!dropFromRest(count))
+                return false;
+        }
+        return true;
+    }
+
+private:
+    void findOpportunities()
+    {
+        auto const text = m_paragraph.text;
+        char const* const end = text.data() + text.size();
+        for (char const* cursor = text.data(); cursor != end;) {
+            m_byteOf.push_back(static_cast<std::uint32_t>(cursor - text.data()));
+            m_slots.push_back(simple_characters::nextSlot(cursor, end));
+        }
+        m_characters = m_byteOf.size();
+        m_byteOf.push_back(static_cast<std::uint32_t>(text.size()));
+        m_opportunities.resize(m_characters + 1);
+        pango_get_log_attrs(text.data(), static_cast<int>(text.size()), 0, pango_language_from_string("en"), m_opportunities.data(),
+            static_cast<int>(m_opportunities.size()));
+    }
+
+    float roomInLine(bool isFirst) const
+    {
+        float const difference = m_paragraph.layout.firstLineHeadIndent - m_paragraph.layout.headIndent;
+        return m_width - std::max(0.0F, isFirst ? difference : -difference);
+    }
+
+    /// The left end of a character of the rest, or its right end behind the last.
+    float leftInRest(std::size_t index) const
+    {
+        return static_cast<float>((index < m_rest.lefts.size() ? m_rest.lefts[index] : m_rest.advance) - m_restOrigin);
+    }
+
+    std::size_t charactersThatFit(float room)
+    {
+        std::size_t const left = m_characters - m_firstCharacter;
+        bool const endsInBlank = m_opportunities[m_characters - 1].is_white;
+        if (leftInRest(m_restFirst + left - (endsInBlank ? 1 : 0)) <= room)
+            return left;
+        if (m_paragraph.layout.lineBreakMode != NSLineBreakByCharWrapping) {
+            auto const words = lastFitting(room, [](PangoLogAttr const& attributes) { return attributes.is_line_break; });
+            if (words > 0)
+                return words;
+        }
+        auto const characters = lastFitting(room, [](PangoLogAttr const& attributes) { return attributes.is_char_break; });
+        // Where nothing fits, Pango takes the blank along if kerning makes both the narrower.
+        m_isUncertain = m_isUncertain || (characters == 0 && left > 1 && m_opportunities[m_firstCharacter + 1].is_white);
+        return std::max<std::size_t>(characters, 1);
+    }
+
+    template <typename MayBreak> std::size_t lastFitting(float room, MayBreak const& mayBreak)
+    {
+        std::size_t best = 0;
+        for (std::size_t count = 1; m_firstCharacter + count < m_characters; ++count) {
+            if (leftInRest(m_restFirst + count - 1) > room)
+                break;
+            if (mayBreak(m_opportunities[m_firstCharacter + count]) && fits(count, room))
+                best = count;
+        }
+        return best;
+    }
+
+    /// Whether a line of so many characters fits, now that its last one stands alone, without the kerning to the next.
+    bool fits(std::size_t count, float room)
+    {
+        auto const last = m_firstCharacter + count - 1;
+        float const left = leftInRest(m_restFirst + count - 1);
+        if (m_opportunities[last].is_white)
+            return left <= room;
+        constexpr float largestKerning = 3;
+        float const kerned = leftInRest(m_restFirst + count);
+        if (!m_rest.isFromTable) {
+            m_isUncertain = m_isUncertain || std::abs(kerned - room) < largestKerning;
+            return kerned <= room;
+        }
+        auto const alone = left + static_cast<float>(m_font.simpleText().advanceAlone(m_slots[last]));
+        // Pango has its own way with what fits only as long as it is kerned.
+        m_isUncertain = m_isUncertain || (kerned <= room && alone > room);
+        return alone <= room;
+    }
+
+    bool dropFromRest(std::size_t count)
+    {
+        if (m_rest.isFromTable) {
+            m_restFirst += count;
+            m_restOrigin = m_rest.lefts[m_restFirst];
+            return true;
+        }
+        m_restFirst = 0;
+        m_restOrigin = 0;
+        return shapeSimply(m_font, m_paragraph.text.substr(m_byteOf[m_firstCharacter]), m_rest);
+    }
+
+    ParagraphText const& m_paragraph;
+    FontFace& m_font;
+    float m_width;
+    std::vector<PangoLogAttr> m_opportunities;
+    std::vector<std::uint32_t> m_byteOf;
+    std::vector<int> m_slots;
+    bool m_isUncertain { false };
+    std::size_t m_characters { 0 };
+    std::size_t m_firstCharacter { 0 };
+    SimpleGlyphs m_rest; ///< from its m_restFirst on what is not in lines yet
+    std::size_t m_restFirst { 0 };
+    int m_restOrigin { 0 };
+    SimpleGlyphs m_piece;
+};
 
 }
 
@@ -132,7 +317,8 @@ bool shapeSimply(FontFace& font, std::string_view text, SimpleGlyphs& result)
         result.glyphs.push_back(glyph);
         result.lefts.push_back(left);
     };
-    if (font.simpleText().set(text, result.advance, add)) {
+    result.isFromTable = font.simpleText().set(text, result.advance, add);
+    if (result.isFromTable) {
         ++settingCounts().tableSettings;
         return true;
     }
@@ -147,16 +333,21 @@ bool setSimply(ParagraphText const& paragraph, float width, SetParagraph& set)
     if (!isSimplyStyled(paragraph))
         return false;
     auto& font = paragraph.spans[0].style.font->face();
-    thread_local SimpleGlyphs shaped;
+    SimpleGlyphs shaped;
     if (!shapeSimply(font, paragraph.text, shaped))
         return false;
     auto const& layout = paragraph.layout;
-    bool const isUnbroken = width < 0 || layout.lineBreakMode == NSLineBreakByClipping
+    bool const fits = width < 0 || layout.lineBreakMode == NSLineBreakByClipping
         || static_cast<float>(shaped.advance) <= width - std::max(0.0F, layout.firstLineHeadIndent - layout.headIndent);
-    if (!isUnbroken)
-        return false;
-    addLine(paragraph, font, shaped, set);
-    return true;
+    if (fits) {
+        LineWriter(paragraph, font, set).add({ 0, static_cast<std::uint32_t>(paragraph.text.size()), false }, shaped);
+        return true;
+    }
+    bool const wraps = layout.lineBreakMode == NSLineBreakByWordWrapping || layout.lineBreakMode == NSLineBreakByCharWrapping;
+    if (wraps && layout.alignment != NSJustifiedTextAlignment && LineBreaker(paragraph, font, width).breakInto(set, shaped))
+        return true;
+    set = {};
+    return false;
 }
 
 }

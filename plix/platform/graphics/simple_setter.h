@@ -21,6 +21,7 @@ struct SimpleGlyphs {
     std::vector<std::uint32_t> glyphs;
     std::vector<std::int32_t> lefts; ///< whole points
     int advance { 0 };
+    bool isFromTable { false };
 };
 /// False where the text is not of simple characters that the font has, or shaping does not give one glyph a character.
 bool shapeSimply(FontFace&, std::string_view text, SimpleGlyphs&);

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <hb-ot.h>
+#include <iterator>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -74,9 +75,26 @@ constexpr int textsBeforeRules = 48;
 
 // Not in force unless the text has a fraction slash, which no simple text has.
 constexpr hb_tag_t fractionFeatures[] { HB_TAG('f', 'r', 'a', 'c'), HB_TAG('n', 'u', 'm', 'r'), HB_TAG('d', 'n', 'o', 'm'), 0 };
-constexpr hb_tag_t commonFeatures[] { HB_TAG('r', 'v', 'r', 'n'), HB_TAG('c', 'c', 'm', 'p'), HB_TAG('l', 'o', 'c', 'l'),
+constexpr hb_tag_t substitutionFeatures[] { HB_TAG('r', 'v', 'r', 'n'), HB_TAG('c', 'c', 'm', 'p'), HB_TAG('l', 'o', 'c', 'l'),
     HB_TAG('r', 'l', 'i', 'g'), HB_TAG('c', 'a', 'l', 't'), HB_TAG('c', 'l', 'i', 'g'), HB_TAG('l', 'i', 'g', 'a'),
     HB_TAG('r', 'c', 'l', 't'), 0 };
+constexpr hb_tag_t markFeatures[] { HB_TAG('m', 'a', 'r', 'k'), HB_TAG('m', 'k', 'm', 'k'), HB_TAG('a', 'b', 'v', 'm'),
+    HB_TAG('b', 'l', 'w', 'm'), 0 };
+
+Handle<hb_set_t> lookupsOfFeatures(hb_face_t* face, hb_tag_t table, hb_tag_t const* features)
+{
+    Handle<hb_set_t> lookups(hb_set_create());
+    hb_ot_layout_collect_lookups(face, table, nullptr, nullptr, features, lookups.get());
+    return lookups;
+}
+
+std::vector<unsigned> numbersIn(hb_set_t const* set)
+{
+    std::vector<unsigned> numbers;
+    for (hb_codepoint_t number = HB_SET_VALUE_INVALID; hb_set_next(set, &number);)
+        numbers.push_back(number);
+    return numbers;
+}
 
 std::vector<unsigned> lookupsOfPlan(hb_face_t* face, hb_script_t script, hb_tag_t table)
 {
@@ -89,30 +107,36 @@ std::vector<unsigned> lookupsOfPlan(hb_face_t* face, hb_script_t script, hb_tag_
     hb_ot_shape_plan_collect_lookups(plan, table, lookups.get());
     hb_shape_plan_destroy(plan);
     if (table == HB_OT_TAG_GSUB) {
-        Handle<hb_set_t> const fractions(hb_set_create());
-        Handle<hb_set_t> const common(hb_set_create());
-        hb_ot_layout_collect_lookups(face, table, nullptr, nullptr, fractionFeatures, fractions.get());
-        hb_ot_layout_collect_lookups(face, table, nullptr, nullptr, commonFeatures, common.get());
-        hb_set_subtract(fractions.get(), common.get());
+        auto const fractions = lookupsOfFeatures(face, table, fractionFeatures);
+        hb_set_subtract(fractions.get(), lookupsOfFeatures(face, table, substitutionFeatures).get());
         hb_set_subtract(lookups.get(), fractions.get());
     }
-    std::vector<unsigned> list;
-    for (hb_codepoint_t lookup = HB_SET_VALUE_INVALID; hb_set_next(lookups.get(), &lookup);)
-        list.push_back(lookup);
-    return list;
+    return numbersIn(lookups.get());
 }
 
-struct FontRules {
-    std::shared_ptr<GlyphRules const> rules;
-    bool needsLetter { false };
-};
+std::vector<std::uint32_t> idleFeaturesOf(hb_face_t* face, GlyphRules const& rules)
+{
+    std::vector<std::uint32_t> idle;
+    for (auto const* feature = fractionFeatures; *feature; ++feature)
+        idle.push_back(*feature);
+    auto const firstLive = rules.liveSubstitutions.empty() ? HB_SET_VALUE_INVALID : rules.liveSubstitutions.front();
+    for (auto const* feature = substitutionFeatures; *feature; ++feature) {
+        hb_tag_t const alone[] { *feature, 0 };
+        auto const lookups = numbersIn(lookupsOfFeatures(face, HB_OT_TAG_GSUB, alone).get());
+        if (!lookups.empty() && lookups.back() < firstLive)
+            idle.push_back(*feature);
+    }
+    if (rules.livePositionings.empty())
+        idle.insert(idle.end(), std::begin(markFeatures), std::end(markFeatures) - 1);
+    return idle;
+}
 
-FontRules rulesOfFont(hb_face_t* face, std::span<std::uint32_t const> glyphs)
+std::shared_ptr<SimpleTextRules const> rulesOfFace(hb_face_t* face, std::span<std::uint32_t const> glyphs)
 {
     auto const substitutions = lookupsOfPlan(face, HB_SCRIPT_LATIN, HB_OT_TAG_GSUB);
     auto const positionings = lookupsOfPlan(face, HB_SCRIPT_LATIN, HB_OT_TAG_GPOS);
-    FontRules result;
-    result.needsLetter = substitutions != lookupsOfPlan(face, HB_SCRIPT_COMMON, HB_OT_TAG_GSUB)
+    auto result = std::make_shared<SimpleTextRules>();
+    result->needsLetter = substitutions != lookupsOfPlan(face, HB_SCRIPT_COMMON, HB_OT_TAG_GSUB)
         || positionings != lookupsOfPlan(face, HB_SCRIPT_COMMON, HB_OT_TAG_GPOS);
     Handle<hb_blob_t> const gsub(hb_face_reference_table(face, HB_OT_TAG_GSUB));
     Handle<hb_blob_t> const gpos(hb_face_reference_table(face, HB_OT_TAG_GPOS));
@@ -121,19 +145,20 @@ FontRules rulesOfFont(hb_face_t* face, std::span<std::uint32_t const> glyphs)
         auto const* data = hb_blob_get_data(blob, &length);
         return std::span(reinterpret_cast<std::uint8_t const*>(data), length);
     };
-    result.rules
-        = std::make_shared<GlyphRules>(readGlyphRules(bytes(gsub.get()), substitutions, bytes(gpos.get()), positionings, glyphs));
+    result->glyphs = readGlyphRules(bytes(gsub.get()), substitutions, bytes(gpos.get()), positionings, glyphs);
+    if (!result->glyphs.alone.all() && !result->needsLetter)
+        result->idleFeatures = idleFeaturesOf(face, result->glyphs);
     return result;
 }
 
 /// A family member's rules serve all its sizes.
-FontRules const& rulesOfMember(FontFace& font, std::span<std::uint32_t const> glyphs)
+std::shared_ptr<SimpleTextRules const> rulesOfMember(FontFace& font, std::span<std::uint32_t const> glyphs)
 {
-    static auto& s_rules = *new std::unordered_map<FontMember const*, FontRules>;
-    auto const found = s_rules.find(&font.member());
-    if (found != s_rules.end())
-        return found->second;
-    return s_rules[&font.member()] = rulesOfFont(hb_font_get_face(font.glyphs()->shapingFont()), glyphs);
+    static auto& s_rules = *new std::unordered_map<FontMember const*, std::shared_ptr<SimpleTextRules const>>;
+    auto& rules = s_rules[&font.member()];
+    if (!rules)
+        rules = rulesOfFace(hb_font_get_face(font.glyphs()->shapingFont()), glyphs);
+    return rules;
 }
 
 }
@@ -157,15 +182,14 @@ void SimpleTextTable::readGlyphs(FontFace& font)
 
 void SimpleTextTable::readRules(FontFace& font)
 {
-    auto const& rules = rulesOfMember(font, m_glyphs);
-    m_rules = rules.rules;
-    m_needsLetter = rules.needsLetter;
+    m_rules = rulesOfMember(font, m_glyphs);
+    m_needsLetter = m_rules->needsLetter;
     for (std::size_t slot = 0; slot < m_glyphs.size(); ++slot) {
-        if (m_glyphs[slot] == 0 || m_rules->alone[slot])
+        if (m_glyphs[slot] == 0 || m_rules->glyphs.alone[slot])
             continue;
         auto const advance
             = PANGO_UNITS_ROUND(hb_font_get_glyph_h_advance(font.glyphs()->shapingFont(), m_glyphs[slot])) / PANGO_SCALE;
-        if (advance > INT16_MIN && advance <= INT16_MAX)
+        if (advance >= 0 && advance <= INT16_MAX)
             m_advances[slot] = static_cast<std::int16_t>(advance);
     }
 }
@@ -204,28 +228,48 @@ void SimpleTextTable::learn(FontFace& font, std::string_view text, std::span<Sha
     }
     if (!hasLetter || slots.size() != glyphs.size())
         return;
-    auto const slotAt = [&](std::size_t i) { return static_cast<std::size_t>(slots[i]); };
-    auto const isUntouched = [&](std::size_t i) {
-        return m_advances[slotAt(i)] != unknown && glyphs[i].glyph == m_glyphs[slotAt(i)] && !glyphs[i].isOffset
-            && (i == 0 || !m_rules->mayChange(slotAt(i - 1), slotAt(i)))
-            && (i + 1 == slots.size() || !m_rules->mayChange(slotAt(i), slotAt(i + 1)));
+    // What a rule has made of one glyph may go on to its neighbours.
+    if (m_rules->glyphs.mayApply(slots))
+        return;
+    auto const isItself = [&](std::size_t i) {
+        auto const slot = static_cast<std::size_t>(slots[i]);
+        return m_advances[slot] != unknown && glyphs[i].glyph == m_glyphs[slot] && !glyphs[i].isOffset;
     };
     for (std::size_t i = 0; i + 1 < slots.size(); ++i) {
-        if (isUntouched(i) && isUntouched(i + 1))
-            enterPair(slotAt(i), slotAt(i + 1), glyphs[i].advance);
+        if (isItself(i) && isItself(i + 1))
+            enterPair(static_cast<std::size_t>(slots[i]), static_cast<std::size_t>(slots[i + 1]), glyphs[i].advance);
     }
+}
+
+bool SimpleTextTable::mayRuleApply(std::string_view text) const
+{
+    thread_local std::vector<int> slots;
+    slots.clear();
+    char const* const end = text.data() + text.size();
+    for (char const* cursor = text.data(); cursor != end;) {
+        slots.push_back(nextSlot(cursor, end));
+        if (slots.back() == none)
+            return true;
+    }
+    return m_rules->glyphs.mayApply(slots);
+}
+
+std::span<std::uint32_t const> SimpleTextTable::idleFeatures() const
+{
+    return m_rules ? std::span<std::uint32_t const>(m_rules->idleFeatures) : std::span<std::uint32_t const> {};
 }
 
 void SimpleTextTable::enterPair(std::size_t first, std::size_t second, int advance)
 {
-    if (advance <= INT16_MIN || advance > INT16_MAX)
+    if (advance < 0 || advance >= INT16_MAX)
         return;
     auto& row = m_pairs[first];
     if (!row) {
         row = std::make_unique<std::int16_t[]>(slotCount);
         std::fill_n(row.get(), slotCount, unknown);
     }
-    row[second] = static_cast<std::int16_t>(advance);
+    bool const isConditional = m_rules->glyphs.mayChange(first, second);
+    row[second] = static_cast<std::int16_t>(isConditional ? -1 - advance : advance);
 }
 
 }

@@ -7,6 +7,7 @@
 #include <memory>
 #include <span>
 #include <string_view>
+#include <vector>
 
 // Private to plix/platform/graphics.
 
@@ -37,6 +38,14 @@ inline int nextSlot(char const*& cursor, char const* end)
 
 }
 
+/// What the rules of a typeface do to simple characters, whatever the size.
+struct SimpleTextRules {
+    GlyphRules glyphs;
+    std::vector<std::uint32_t> idleFeatures;
+    /// The font shapes text without letters by other rules.
+    bool needsLetter { false };
+};
+
 /// One font's tables for setting simple text without shaping it: left to right, of characters that the font has, where no rule of
 /// the font can apply but the kerning of two neighbours, which is learned from shaped text. What it gives is what shaping gives.
 /// Advances are whole points, as they are everywhere.
@@ -54,15 +63,20 @@ public:
         int x = 0;
         int previous = simple_characters::none;
         bool hasLetter = !m_needsLetter;
+        bool isChecked = false;
         while (cursor != end) {
             int const slot = simple_characters::nextSlot(cursor, end);
             if (slot == simple_characters::none)
                 return false;
             if (previous != simple_characters::none) {
                 auto const* row = m_pairs[static_cast<std::size_t>(previous)].get();
-                int const step = row ? row[slot] : unknown;
-                if (step == unknown)
-                    return false;
+                int step = row ? row[slot] : unknown;
+                if (step < 0) {
+                    if (step == unknown || (!isChecked && mayRuleApply(text)))
+                        return false;
+                    isChecked = true;
+                    step = -1 - step;
+                }
                 x += step;
             }
             hasLetter = hasLetter || simple_characters::isLetter(slot);
@@ -79,6 +93,9 @@ public:
         return true;
     }
 
+    /// Of a character of a text that could be set: its advance without a neighbour behind it.
+    int advanceAlone(int slot) const { return m_advances[static_cast<std::size_t>(slot)]; }
+
     /// Whether the text may go through HarfBuzz as one piece in this font: only simple characters, all of them in the font.
     bool covers(FontFace&, std::string_view text);
     /// Learns from a text that covers() and that has been shaped: one glyph a character, or nothing can be learned.
@@ -89,19 +106,24 @@ public:
     };
     void learn(FontFace&, std::string_view text, std::span<ShapedGlyph const> glyphs);
 
+    /// The font's features that do nothing to text which it covers(), as tags; shaping is faster without them.
+    std::span<std::uint32_t const> idleFeatures() const;
+
 private:
     static constexpr std::int16_t unknown = INT16_MIN;
 
+    bool mayRuleApply(std::string_view text) const;
     void readGlyphs(FontFace&);
     void readRules(FontFace&);
     void enterPair(std::size_t first, std::size_t second, int advance);
 
     std::array<std::uint32_t, simple_characters::slotCount> m_glyphs {};
     std::array<std::int16_t, simple_characters::slotCount> m_advances;
+    /// The first character's advance before the second. Where a rule may apply to the two, depending on what stands around them,
+    /// -1 minus that.
     std::array<std::unique_ptr<std::int16_t[]>, simple_characters::slotCount> m_pairs;
-    std::shared_ptr<GlyphRules const> m_rules;
+    std::shared_ptr<SimpleTextRules const> m_rules;
     bool m_hasGlyphs { false };
-    /// The font shapes text without letters by other rules.
     bool m_needsLetter { false };
     int m_shapedTexts { 0 };
 };

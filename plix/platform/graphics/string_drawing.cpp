@@ -78,13 +78,13 @@ private:
     int m_advance { 0 };
 };
 
-void drawBlock(NSGraphicsContext& context, SetBlock const& block, std::vector<StyleSpan> const& spans, Point corner, float height)
+void drawBlock(NSGraphicsContext& context, SetBlock const& block, std::span<StyleSpan const> spans, Point corner, float height)
 {
     LineDrawer drawer(context, corner);
     auto const each = [&](auto draw) {
         bool isFirst = true;
         for (auto const& paragraph : block.paragraphs) {
-            auto const local = std::span(spans).subspan(paragraph.firstSpan);
+            auto const local = spans.subspan(paragraph.firstSpan);
             for (std::size_t i = 0; i < paragraph.set.lines.size(); ++i) {
                 auto const& place = paragraph.places[i];
                 if (!isFirst && !(place.fragment.maxY() <= height + tolerance))
@@ -110,7 +110,9 @@ float upperEdge(NSGraphicsContext const& context, float y, float height)
 struct SpannedText {
     std::string_view text;
     std::string repaired;
-    std::vector<StyleSpan> spans;
+    StyleSpan onlySpan;
+    std::vector<StyleSpan> manySpans;
+    std::span<StyleSpan const> spans;
 
     SpannedText(std::string_view plain, TextStyle const& style)
         : text(plain)
@@ -119,13 +121,17 @@ struct SpannedText {
             repaired = validUTF8(plain);
             text = repaired;
         }
-        spans.push_back({ static_cast<std::uint32_t>(text.size()), style });
+        onlySpan = { static_cast<std::uint32_t>(text.size()), style };
+        spans = { &onlySpan, 1 };
     }
     explicit SpannedText(NSAttributedString const& string)
         : text(string.string())
-        , spans(SpanCursor().spans(string, 0, text.size()))
+        , manySpans(SpanCursor().spans(string, 0, text.size()))
+        , spans(manySpans)
     {
     }
+    SpannedText(SpannedText const&) = delete;
+    SpannedText& operator=(SpannedText const&) = delete;
 
     SetBlock const& block(float width) const { return ShapedTextCache::shared().block(text, spans, width); }
     /// The line break mode that the text as a whole goes by.

@@ -112,7 +112,7 @@ ParagraphLayout const& paragraphLayout(TextStyle const& style)
     return style.paragraph ? style.paragraph->layout() : s_default->layout();
 }
 
-void appendSettingKey(std::string& key, std::vector<StyleSpan> const& spans)
+void appendSettingKey(std::string& key, std::span<StyleSpan const> spans)
 {
     ParagraphLayout const* previous = nullptr;
     for (auto const& span : spans) {

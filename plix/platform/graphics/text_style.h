@@ -4,6 +4,7 @@
 #include <plix/platform/graphics/set_text.h>
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -52,6 +53,6 @@ struct StyleSpan {
 float usableLength(float);
 
 /// Appends what decides how text of these spans is set, and nothing that only concerns paint: equal keys, equal lines.
-void appendSettingKey(std::string& key, std::vector<StyleSpan> const&);
+void appendSettingKey(std::string& key, std::span<StyleSpan const>);
 
 }

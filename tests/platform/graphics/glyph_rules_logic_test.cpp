@@ -83,13 +83,35 @@ Table chainRule(unsigned flags, unsigned lookahead, unsigned actions)
 TEST(GlyphRules, AContextAppliesWhereItsRarestNeighboursMeet)
 {
     EXPECT_EQ(pairsOf(rulesOf(chainRule(0, 13, 1))), "23 ");
+    EXPECT_EQ(rulesOf(chainRule(0, 13, 1)).liveSubstitutions, std::vector<unsigned> { 0 });
     EXPECT_TRUE(rulesOf(chainRule(0, 13, 1)).alone.none());
+}
+
+TEST(GlyphRules, AContextNeedsAllItsGlyphsInOrder)
+{
+    auto const rules = rulesOf(chainRule(0, 13, 1));
+    struct Row {
+        std::vector<int> text;
+        bool mayApply;
+    };
+    Row const rows[] {
+        { { 0, 2, 3 }, true },
+        { { 4, 1, 2, 3, 4 }, true },
+        { { 2, 3 }, false },
+        { { 4, 2, 3 }, false },
+        { { 0, 2 }, false },
+        { { 0, 2, 4, 3 }, false },
+        { {}, false },
+    };
+    for (auto const& row : rows)
+        EXPECT_EQ(rules.mayApply(row.text), row.mayApply) << row.text.size();
 }
 
 TEST(GlyphRules, AContextThatNeedsAGlyphThatIsNotThereNeverApplies)
 {
     EXPECT_EQ(pairsOf(rulesOf(chainRule(0, 99, 1))), "");
     EXPECT_TRUE(rulesOf(chainRule(0, 99, 1)).alone.none());
+    EXPECT_TRUE(rulesOf(chainRule(0, 99, 1)).liveSubstitutions.empty());
 }
 
 TEST(GlyphRules, AContextWithoutActionsChangesNothing)
