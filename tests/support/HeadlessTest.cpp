@@ -18,6 +18,7 @@ HeadlessTest::HeadlessTest(float backingScale)
     m_host = headless.get();
     headless->headlessDisplay().setScreens({ HeadlessDisplay::defaultScreen(backingScale) });
     m_previousHost = installHost(std::move(headless));
+    NSCursor::setHiddenUntilMouseMoves(false);
     NSCursor::arrowCursor().set();
     NSPasteboard::generalPasteboard().declareTypes({});
 }

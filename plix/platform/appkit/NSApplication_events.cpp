@@ -1,6 +1,5 @@
 #include <plix/platform/appkit/NSApplication.h>
 #include <plix/platform/appkit/NSApplication_internal.h>
-#include <plix/platform/appkit/NSCursor.h>
 #include <plix/platform/appkit/NSWindow_internal.h>
 
 #include <algorithm>
@@ -54,8 +53,6 @@ Ref<NSEvent> NSApplication::Internals::take(std::deque<Ref<NSEvent>>::iterator p
 {
     currentEvent = *place;
     queue.erase(place);
-    if (isMovement(currentEvent->type()))
-        NSCursor::setHiddenUntilMouseMoves(false);
     return currentEvent;
 }
 
@@ -184,6 +181,9 @@ void NSApplication::sendEvent(NSEvent& event)
             m->beepForBlocked(*window);
         return;
     }
+    // Input that was meant for a window which has left the screen since goes nowhere.
+    if (window && isInput(event) && window->internals().wasOrderedIn && !window->internals().isOrderedIn)
+        return;
     if (event.type() == NSKeyDown)
         return m->sendKeyDown(event);
     if (window && !(window->ignoresMouseEvents() && event.isMouseEvent()))

@@ -1,4 +1,5 @@
 #include <plix/platform/appkit/NSApplication_internal.h>
+#include <plix/platform/appkit/NSCursor.h>
 #include <plix/platform/appkit/NSEvent.h>
 #include <plix/platform/appkit/NSView_internal.h>
 #include <plix/platform/appkit/NSWindow.h>
@@ -94,6 +95,7 @@ void NSWindow::Internals::hostWindowEvent(HostEvent const& event)
         break;
     }
     case HostEvent::Type::mouseMoved: {
+        NSCursor::setHiddenUntilMouseMoves(false);
         auto& target = event.pressedButtons ? mouseTarget(application, self) : self;
         if (!application.isBlocked(target))
             target.internals().tracking.mouseMovedTo(

@@ -29,10 +29,7 @@ protected:
     {
         return NSEvent::otherEventWithType(type, {}, 0, 0, 0, nullptr, subtype, 0, 0);
     }
-    Ref<NSWindow> makeWindow()
-    {
-        return make<NSWindow>(Rect { 600, 300, 200, 100 }, usualStyle, NSBackingStoreBuffered, true);
-    }
+    Ref<NSWindow> makeWindow() { return make<NSWindow>(Rect { 600, 300, 200, 100 }, usualStyle, NSBackingStoreBuffered, true); }
     Ref<CountingView> viewIn(NSWindow& window)
     {
         auto view = make<CountingView>(Rect { 0, 0, 50, 50 });
@@ -71,8 +68,7 @@ TEST_F(NSApplicationTest, EventsComeOutInOrderByMask)
 TEST_F(NSApplicationTest, WaitingForAnEventEndsAtItsDate)
 {
     auto const start = clock().uptime();
-    EXPECT_EQ(app().nextEventMatchingMask(
-                  NSAnyEventMask, NSDate::dateWithTimeIntervalSinceNow(2.5), NSDefaultRunLoopMode, true),
+    EXPECT_EQ(app().nextEventMatchingMask(NSAnyEventMask, NSDate::dateWithTimeIntervalSinceNow(2.5), NSDefaultRunLoopMode, true),
         nullptr);
     EXPECT_NEAR(clock().uptime() - start, 2.5, 1e-6);
 }
@@ -87,8 +83,7 @@ TEST_F(NSApplicationTest, TimersFireWhileAnEventIsWaitedFor)
                 app().postEvent(*event(7), false);
         },
         true);
-    auto const found
-        = app().nextEventMatchingMask(NSApplicationDefinedMask, NSDate::distantFuture(), NSDefaultRunLoopMode, true);
+    auto const found = app().nextEventMatchingMask(NSApplicationDefinedMask, NSDate::distantFuture(), NSDefaultRunLoopMode, true);
     timer->invalidate();
     EXPECT_EQ(found->subtype(), 7);
     EXPECT_EQ(fired, 3);
@@ -114,14 +109,13 @@ TEST_F(NSApplicationTest, PeriodicEventsComeUntilTheyAreStopped)
     auto const start = clock().uptime();
     std::vector<double> times;
     for (int i = 0; i < 3; ++i) {
-        auto const found
-            = app().nextEventMatchingMask(NSPeriodicMask, NSDate::distantFuture(), NSEventTrackingRunLoopMode, true);
+        auto const found = app().nextEventMatchingMask(NSPeriodicMask, NSDate::distantFuture(), NSEventTrackingRunLoopMode, true);
         times.push_back(found->timestamp() - start);
     }
     NSEvent::stopPeriodicEvents();
     EXPECT_THAT(times, ElementsAre(testing::DoubleNear(1, 1e-6), testing::DoubleNear(1.25, 1e-6), testing::DoubleNear(1.5, 1e-6)));
-    EXPECT_EQ(app().nextEventMatchingMask(
-                  NSPeriodicMask, NSDate::dateWithTimeIntervalSinceNow(5), NSEventTrackingRunLoopMode, true),
+    EXPECT_EQ(
+        app().nextEventMatchingMask(NSPeriodicMask, NSDate::dateWithTimeIntervalSinceNow(5), NSEventTrackingRunLoopMode, true),
         nullptr);
 }
 
@@ -140,8 +134,7 @@ TEST_F(NSApplicationTest, RunLaunchesOnceAndEndsWhenStopped)
     EXPECT_FALSE(app().isRunning());
     person().then([&] { app().stop(nullptr); });
     app().run();
-    EXPECT_THAT(posted,
-        ElementsAre(NSApplicationWillFinishLaunchingNotification, NSApplicationDidFinishLaunchingNotification));
+    EXPECT_THAT(posted, ElementsAre(NSApplicationWillFinishLaunchingNotification, NSApplicationDidFinishLaunchingNotification));
 }
 
 class TerminationHost : public NSObject {
@@ -414,7 +407,8 @@ TEST_F(NSApplicationTest, ASessionAnswersThatItContinuesUntilItIsStopped)
     EXPECT_TRUE(dialog->isVisible());
     auto const start = clock().uptime();
     int fired = 0;
-    auto const timer = NSTimer::timerWithTimeInterval(3, [&](NSTimer&) { ++fired; }, false);
+    auto const timer = NSTimer::timerWithTimeInterval(
+        3, [&](NSTimer&) { ++fired; }, false);
     NSRunLoop::currentRunLoop().addTimer(*timer, NSModalPanelRunLoopMode);
     EXPECT_EQ(app().runModalSession(*session), NSRunContinuesResponse);
     EXPECT_EQ(fired, 1);
@@ -434,7 +428,8 @@ TEST_F(NSApplicationTest, ASessionAnswersThatItContinuesUntilItIsStopped)
 TEST_F(NSApplicationTest, ATimerMayStopOrAbortAModalLoop)
 {
     auto const dialog = makeWindow();
-    auto const abortSoon = NSTimer::timerWithTimeInterval(1, [&](NSTimer&) { app().abortModal(); }, false);
+    auto const abortSoon = NSTimer::timerWithTimeInterval(
+        1, [&](NSTimer&) { app().abortModal(); }, false);
     NSRunLoop::currentRunLoop().addTimer(*abortSoon, NSModalPanelRunLoopMode);
     EXPECT_EQ(app().runModalForWindow(*dialog), NSRunAbortedResponse);
 }
@@ -644,8 +639,7 @@ TEST_F(NSApplicationTest, AnIdleLoopWakesForNothing)
 {
     showWindow();
     auto const before = machine().headlessEvents().waitCount();
-    EXPECT_EQ(app().nextEventMatchingMask(
-                  NSAnyEventMask, NSDate::dateWithTimeIntervalSinceNow(3600), NSDefaultRunLoopMode, true),
+    EXPECT_EQ(app().nextEventMatchingMask(NSAnyEventMask, NSDate::dateWithTimeIntervalSinceNow(3600), NSDefaultRunLoopMode, true),
         nullptr);
     EXPECT_LE(machine().headlessEvents().waitCount() - before, 2);
 }
