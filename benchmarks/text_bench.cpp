@@ -10,6 +10,7 @@
 #include <plix/platform/graphics/NSGraphicsContext.h>
 #include <plix/platform/graphics/TextLayout.h>
 #include <plix/platform/graphics/string_drawing.h>
+#include <plix/platform/graphics/text_line.h>
 
 #include <cstdint>
 #include <string>
@@ -161,6 +162,7 @@ PLIX_FIGURE("text.again_allocations")
             keep(sizeWithAttributes(text, attributes));
             drawAtPoint(text, { 20, 20 }, attributes);
             drawInRect(text, { 20, 40, 300, 20 }, attributes);
+            drawInRect(text, { 20, 60, 60, 20 }, attributes);
         }
     };
     for (int i = 0; i < 3; ++i)
@@ -168,6 +170,26 @@ PLIX_FIGURE("text.again_allocations")
     auto const before = allocationCount();
     pass();
     figure.count(static_cast<double>(allocationCount() - before));
+}
+
+PLIX_FIGURE("text.draw_line_new")
+{
+    Texts source;
+    std::vector<std::string> texts;
+    Canvas const canvas;
+    CurrentContext const current(canvas.context);
+    auto const font = NSFont::systemFontOfSize(13);
+    auto const color = NSColor::blackColor();
+    auto const prepare = [&] {
+        texts = source.next();
+        canvas.clear();
+    };
+    figure.time(
+        { [&] {
+             for (int i = 0; i < textCount; ++i)
+                 drawTextLine(texts[static_cast<std::size_t>(i)], { placeOf(i).x, placeOf(i).y, 110, 16 }, { *font, color.get() });
+         },
+            prepare });
 }
 
 PLIX_FIGURE("text.lay_out_megabyte")

@@ -47,6 +47,7 @@ list(APPEND PLIX_LOGIC_SOURCES
     platform/graphics/shadow_blur.cpp
     platform/graphics/text_lines.cpp
     platform/graphics/text_placement.cpp
+    platform/graphics/truncation.cpp
     platform/host/desktop/ClickCounter.cpp
     platform/host/desktop/DeliveryQueue.cpp
     platform/host/desktop/key_translation.cpp

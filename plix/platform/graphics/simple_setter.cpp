@@ -160,6 +160,39 @@ private:
     std::uint32_t m_span { 0 };
 };
 
+/// The paragraph in one line with an ellipsis, which stands for the characters that it replaces.
+bool setTruncated(ParagraphText const& paragraph, FontFace& font, SimpleGlyphs const& whole, float width, SetParagraph& set)
+{
+    auto const& layout = paragraph.layout;
+    float const room = width - std::max(0.0F, layout.firstLineHeadIndent - layout.headIndent);
+    std::string shown;
+    Truncation truncation;
+    SimpleGlyphs shaped;
+    if (!truncateSimply(font, paragraph.text, whole, room, layout.lineBreakMode, shown, truncation)
+        || !shapeSimply(font, shown, shaped))
+        return false;
+    // The line is written as one of the text that is shown, whose bytes are then counted as the paragraph's.
+    std::vector<StyleSpan> spans;
+    auto const ellipsisEnd = truncation.prefixEnd + static_cast<std::uint32_t>(ellipsisText.size());
+    for (auto const& span : paragraph.spans) {
+        bool const isBehind = span.endByte > truncation.suffixStart;
+        auto const end
+            = isBehind ? span.endByte - truncation.suffixStart + ellipsisEnd : std::min(span.endByte, truncation.prefixEnd);
+        spans.push_back({ end, span.style });
+    }
+    if (spans.back().endByte < shown.size())
+        spans.back().endByte = static_cast<std::uint32_t>(shown.size());
+    LineWriter({ shown, spans, layout }, font, set).add({ 0, static_cast<std::uint32_t>(shown.size()), false }, shaped);
+    for (auto& cluster : set.clusters) {
+        if (cluster.byte == truncation.prefixEnd)
+            cluster.length = truncation.suffixStart - truncation.prefixEnd;
+        else if (cluster.byte > truncation.prefixEnd)
+            cluster.byte = cluster.byte - ellipsisEnd + truncation.suffixStart;
+    }
+    set.lines[0].endByte = static_cast<std::uint32_t>(paragraph.text.size());
+    return true;
+}
+
 /// Breaks a paragraph where Pango would: behind the last opportunity that fits, a blank there not counted; where none fits, behind
 /// the last character that does.
 class LineBreaker {
@@ -309,7 +342,7 @@ private:
 
 }
 
-bool shapeSimply(FontFace& font, std::string_view text, SimpleGlyphs& result)
+bool shapeFromTable(FontFace& font, std::string_view text, SimpleGlyphs& result)
 {
     result.glyphs.clear();
     result.lefts.clear();
@@ -318,14 +351,44 @@ bool shapeSimply(FontFace& font, std::string_view text, SimpleGlyphs& result)
         result.lefts.push_back(left);
     };
     result.isFromTable = font.simpleText().set(text, result.advance, add);
-    if (result.isFromTable) {
-        ++settingCounts().tableSettings;
+    settingCounts().tableSettings += result.isFromTable ? 1 : 0;
+    return result.isFromTable;
+}
+
+bool shapeSimply(FontFace& font, std::string_view text, SimpleGlyphs& result)
+{
+    if (shapeFromTable(font, text, result))
         return true;
-    }
     result.glyphs.clear();
     result.lefts.clear();
     result.advance = 0;
     return font.simpleText().covers(font, text) && shapeByFont(font, text, result);
+}
+
+bool truncateSimply(FontFace& font, std::string_view text, SimpleGlyphs const& whole, float width, NSLineBreakMode mode,
+    std::string& shown, Truncation& truncation)
+{
+    thread_local SimpleGlyphs tried;
+    thread_local std::vector<std::uint32_t> bytes;
+    thread_local std::vector<std::int32_t> lefts;
+    if (!shapeSimply(font, ellipsisText, tried))
+        return false;
+    int const ellipsisWidth = tried.advance;
+    bytes.clear();
+    char const* const end = text.data() + text.size();
+    for (char const* cursor = text.data(); cursor != end; simple_characters::nextSlot(cursor, end))
+        bytes.push_back(static_cast<std::uint32_t>(cursor - text.data()));
+    bytes.push_back(static_cast<std::uint32_t>(text.size()));
+    lefts = whole.lefts;
+    lefts.push_back(whole.advance);
+    bool isSimple = true;
+    auto const measure = [&](std::string_view candidate) {
+        isSimple = isSimple && shapeSimply(font, candidate, tried);
+        return isSimple ? tried.advance : -1;
+    };
+    truncation = truncationToFit({ text, bytes, lefts, ellipsisWidth, static_cast<int>(std::floor(width)) }, mode, measure);
+    writeTruncated(shown, text, truncation);
+    return isSimple;
 }
 
 bool setSimply(ParagraphText const& paragraph, float width, SetParagraph& set)
@@ -347,7 +410,7 @@ bool setSimply(ParagraphText const& paragraph, float width, SetParagraph& set)
     if (wraps && layout.alignment != NSJustifiedTextAlignment && LineBreaker(paragraph, font, width).breakInto(set, shaped))
         return true;
     set = {};
-    return false;
+    return !wraps && setTruncated(paragraph, font, shaped, width, set);
 }
 
 }

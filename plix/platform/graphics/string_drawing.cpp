@@ -1,4 +1,5 @@
 #include <plix/platform/graphics/string_drawing.h>
+#include <plix/platform/graphics/text_line.h>
 
 #include <plix/platform/base/utf16.h>
 #include <plix/platform/graphics/FontFace.h>
@@ -7,11 +8,14 @@
 #include <plix/platform/graphics/NSAttributedString.h>
 #include <plix/platform/graphics/NSFont.h>
 #include <plix/platform/graphics/NSGraphicsContext.h>
+#include <plix/platform/graphics/NSMutableParagraphStyle.h>
 #include <plix/platform/graphics/ShapedTextCache.h>
 #include <plix/platform/graphics/paragraph_setter.h>
+#include <plix/platform/graphics/simple_setter.h>
 #include <plix/platform/graphics/text_spans.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <optional>
 
@@ -35,24 +39,24 @@ class TableLine {
 public:
     TableLine(std::string_view text, TextStyle const& style)
         : m_text(text)
-        , m_style(style)
-        , m_layout(paragraphLayout(style))
+        , m_style(&style)
+        , m_layout(&paragraphLayout(style))
     {
     }
 
     bool measure()
     {
-        if (!m_style.isPlainlySet() || !placesLinesPlainly(m_layout))
+        if (!m_style->isPlainlySet() || !placesLinesPlainly(*m_layout))
             return false;
         if (!table().set(m_text, m_advance, [](std::uint32_t, int) {}))
             return false;
         ++settingCounts().tableSettings;
         return true;
     }
-    Size size() const { return { static_cast<float>(m_advance), m_style.font->defaultLineHeightForFont() }; }
+    Size size() const { return { static_cast<float>(m_advance), m_style->font->defaultLineHeightForFont() }; }
     bool isPlainlyDrawn() const
     {
-        return !m_style.background && !m_style.shadow && m_style.underline == 0 && m_style.strikethrough == 0;
+        return !m_style->background && !m_style->shadow && m_style->underline == 0 && m_style->strikethrough == 0;
     }
 
     /// The corner is the line's upper left one.
@@ -62,19 +66,19 @@ public:
         glyphs.clear();
         int advance = 0;
         table().set(m_text, advance, [](std::uint32_t glyph, int x) { glyphs.push_back({ glyph, static_cast<float>(x), 0 }); });
-        float const down = m_style.font->face().metrics().lineAscent();
+        float const down = m_style->font->face().metrics().lineAscent();
         GlyphPainter painter(context);
-        painter.setColor(m_style.foreground);
+        painter.setColor(m_style->foreground);
         painter.paint(
-            *m_style.font->face().glyphs(), glyphs, { corner.x, context.isFlipped() ? corner.y + down : corner.y - down });
+            *m_style->font->face().glyphs(), glyphs, { corner.x, context.isFlipped() ? corner.y + down : corner.y - down });
     }
 
 private:
-    SimpleTextTable& table() const { return m_style.font->face().simpleText(); }
+    SimpleTextTable& table() const { return m_style->font->face().simpleText(); }
 
     std::string_view m_text;
-    TextStyle const& m_style;
-    ParagraphLayout const& m_layout;
+    TextStyle const* m_style;
+    ParagraphLayout const* m_layout;
     int m_advance { 0 };
 };
 
@@ -178,6 +182,66 @@ float alignedLeft(Rect rect, float advance, NSTextAlignment alignment)
     return rect.x + (alignment == NSRightTextAlignment ? spare : alignment == NSCenterTextAlignment ? spare * 0.5F : 0);
 }
 
+/// One style for each alignment and mode, made once.
+NSParagraphStyle const& lineParagraphStyle(NSTextAlignment alignment, NSLineBreakMode mode)
+{
+    constexpr std::size_t modes = NSLineBreakByTruncatingMiddle + 1;
+    static auto& s_styles = *new std::array<Ref<NSParagraphStyle>, (NSNaturalTextAlignment + 1) * modes>;
+    auto& style = s_styles.at(static_cast<std::size_t>(alignment) * modes + static_cast<std::size_t>(mode));
+    if (!style) {
+        auto const made = make<NSMutableParagraphStyle>();
+        made->setAlignment(alignment);
+        made->setLineBreakMode(mode);
+        style = made;
+    }
+    return *style;
+}
+
+/// A text that does not fit, with an ellipsis, in tables alone; false where they can't.
+bool truncateByTable(FontFace& font, std::string_view text, float width, NSLineBreakMode mode, std::string& shown)
+{
+    thread_local SimpleGlyphs whole;
+    Truncation truncation;
+    return shapeFromTable(font, text, whole) && truncateSimply(font, text, whole, width, mode, shown, truncation);
+}
+
+}
+
+float widthOfTextLine(std::string_view text, NSFont const& font)
+{
+    TextStyle style;
+    style.font = &font;
+    TableLine line(text, style);
+    if (text.empty())
+        return 0;
+    return line.measure() ? line.size().width : SpannedText(text, style).block(unlimited).size.width;
+}
+
+void drawTextLine(std::string_view text, Rect rect, TextLineStyle const& lineStyle)
+{
+    if (text.empty() || !canDrawAt(rect.origin()))
+        return;
+    TextStyle style;
+    style.font = &lineStyle.font;
+    style.foreground = lineStyle.color;
+    auto const context = NSGraphicsContext::currentContext();
+    TableLine line(text, style);
+    thread_local std::string shown;
+    bool isSet = line.measure();
+    bool const truncates = lineStyle.lineBreakMode >= NSLineBreakByTruncatingHead;
+    if (isSet && line.size().width > rect.width) {
+        isSet = truncates && truncateByTable(style.font->face(), text, rect.width, lineStyle.lineBreakMode, shown);
+        line = TableLine(shown, style);
+        isSet = isSet && line.measure();
+    }
+    if (isSet) {
+        float const left = alignedLeft(rect, line.size().width, lineStyle.alignment);
+        line.draw(*context, { left, upperEdge(*context, rect.y, rect.height) });
+        return;
+    }
+    auto& paragraph = lineParagraphStyle(lineStyle.alignment, truncates ? lineStyle.lineBreakMode : NSLineBreakByClipping);
+    style.paragraph = &paragraph;
+    SpannedText(text, style).drawInRect(rect);
 }
 
 Size sizeWithAttributes(std::string_view text, Attributes const& attributes)

@@ -10,6 +10,7 @@
 #include <plix/platform/graphics/inline_object.h>
 #include <plix/platform/graphics/paragraph_setter.h>
 #include <plix/platform/graphics/string_drawing.h>
+#include <plix/platform/graphics/text_line.h>
 
 #include <tests/support/pixels.h>
 
@@ -225,6 +226,41 @@ TEST(StringDrawing, TruncationKeepsTheRightEnd)
     EXPECT_TRUE(sameStart(tail));
     EXPECT_TRUE(sameStart(middle));
     EXPECT_FALSE(sameStart(head));
+}
+
+TEST(StringDrawing, AnEllipsisKeepsTheLooksAroundIt)
+{
+    auto const string = make<NSMutableAttributedString>("MMMMMMMMMMMM", withStyle(NSLineBreakByTruncatingMiddle));
+    string->addAttribute(NSForegroundColorAttributeName, NSColor::redColor(), { 0, 3 });
+    string->addAttribute(NSForegroundColorAttributeName, NSColor::blueColor(), { 9, 3 });
+    auto const bitmap = drawn({ 120, 20 }, 1, true, [&] { string->drawInRect({ 0, 0, 80, 16 }); });
+    auto const isReddish = [](std::uint32_t pixel) { return (pixel >> 16 & 0xFF) > (pixel & 0xFF) + 20; };
+    auto const isBluish = [](std::uint32_t pixel) { return (pixel & 0xFF) > (pixel >> 16 & 0xFF) + 20; };
+    EXPECT_GT(countPixels(bitmap, { 0, 0, 30, 20 }, isReddish), 20);
+    EXPECT_EQ(countPixels(bitmap, { 40, 0, 80, 20 }, isReddish), 0);
+    EXPECT_GT(countPixels(bitmap, { 50, 0, 70, 20 }, isBluish), 20);
+    EXPECT_EQ(countPixels(bitmap, { 0, 0, 40, 20 }, isBluish), 0);
+}
+
+TEST(TextLineDrawing, DrawsWhatDrawInRectDraws)
+{
+    auto const systemFont = NSFont::systemFontOfSize(13);
+    auto const color = NSColor::colorWithCalibratedRed(0.2F, 0.4F, 0.1F, 1);
+    for (char const* const text :
+        { "Plain", "A rather long file name.txt", "Ein (langer) Dateiname 12:30.txt", "שלום עולם שלום עולם" }) {
+        for (auto const alignment : { NSLeftTextAlignment, NSRightTextAlignment, NSCenterTextAlignment }) {
+            for (auto const mode : { NSLineBreakByTruncatingTail, NSLineBreakByTruncatingMiddle, NSLineBreakByClipping }) {
+                auto attributes = withStyle(mode, alignment);
+                attributes[NSForegroundColorAttributeName] = color;
+                auto const expected = drawn({ 110, 20 }, 2, true, [&] { drawInRect(text, { 5, 2, 100, 16 }, attributes); });
+                auto const line = drawn({ 110, 20 }, 2, true, [&] {
+                    drawTextLine(text, { 5, 2, 100, 16 }, { *systemFont, color.get(), alignment, mode });
+                });
+                EXPECT_EQ(countDifferences(expected, line, 0), 0) << text << alignment << mode;
+            }
+        }
+        EXPECT_EQ(widthOfTextLine(text, *systemFont), sizeWithAttributes(text, font(13)).width);
+    }
 }
 
 TEST(StringDrawing, DrawsEachRunInItsOwnLook)
