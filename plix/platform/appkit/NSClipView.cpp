@@ -187,7 +187,7 @@ bool NSClipView::canCopyPixels() const
 {
     // What shines through from behind does not move along.
     bool const isWhole = isOpaque() || (m_documentView && m_documentView->isOpaque());
-    return m_copiesOnScroll && isWhole && !isRotatedOrScaledFromBase();
+    return m_copiesOnScroll && isWhole;
 }
 
 void NSClipView::scrollToPoint(Point point)

@@ -307,7 +307,8 @@ void NSScrollView::tile()
     if (m_isTiling || !m_contentView)
         return;
     m_isTiling = true;
-    // A document that follows the clip view's size may need other scrollers afterwards; once more settles it.
+    // A document that follows the clip view's size may need other scrollers afterwards. It is asked once more and no oftener, since
+    // one that shrinks when it is given less room would never be content.
     for (int pass = 0; pass < 2; ++pass) {
         auto const parts = layout();
         m_isTiledWithVertical = parts.showsVerticalScroller;
@@ -318,7 +319,7 @@ void NSScrollView::tile()
         placeHeader(parts);
     }
     m_isTiling = false;
-    reflectScrolledClipView(*m_contentView);
+    followClipView();
 }
 
 void NSScrollView::resizeSubviewsWithOldSize(Size)
@@ -331,10 +332,14 @@ void NSScrollView::reflectScrolledClipView(NSView& clipView)
     if (m_isTiling || &clipView != m_contentView.get())
         return;
     auto const parts = layout();
-    if (parts.showsVerticalScroller != m_isTiledWithVertical || parts.showsHorizontalScroller != m_isTiledWithHorizontal) {
+    if (parts.showsVerticalScroller != m_isTiledWithVertical || parts.showsHorizontalScroller != m_isTiledWithHorizontal)
         tile();
-        return;
-    }
+    else
+        followClipView();
+}
+
+void NSScrollView::followClipView()
+{
     reflect(m_verticalScroller.get(), Axis::vertical);
     reflect(m_horizontalScroller.get(), Axis::horizontal);
     if (m_headerClipView && !m_headerClipView->isHidden())

@@ -100,6 +100,7 @@ private:
     ScrollViewLayout layout() const;
     void placeScroller(NSScroller*, bool isShown, Rect);
     void placeHeader(ScrollViewLayout const&);
+    void followClipView();
     void reflect(NSScroller*, Axis);
     void scrollerMoved(NSObject* sender);
     void scrollToScrollerValue(NSScroller const&, Axis);

@@ -298,6 +298,23 @@ TEST_F(ScrollViewTest, LetsADocumentThatFollowsItsWidthDoWithOneScroller)
     EXPECT_EQ(document->frame().width, 200);
 }
 
+TEST_F(ScrollViewTest, SettlesWithADocumentThatIsNeverContent)
+{
+    /// Needs a scroller where it is wide, and none where one makes it narrow.
+    class Contrary : public Document {
+    public:
+        using Document::init;
+        void setFrameSize(Size size) override { Document::setFrameSize({ size.width, size.width > 210 ? 500.F : 50.F }); }
+    };
+    scrollView->setAutohidesScrollers(true);
+    auto const contrary = make<Contrary>(Rect { 0, 0, 200, 50 });
+    contrary->setAutoresizingMask(NSViewWidthSizable);
+    scrollView->setDocumentView(contrary);
+    scrollView->setFrameSize({ 216, 115 });
+    pump();
+    EXPECT_GT(clip().frame().width, 0);
+}
+
 TEST_F(ScrollViewTest, KeepsTheHeaderAboveAndMovesItSideways)
 {
     auto const headed = make<DocumentWithHeader>(Rect { 0, 0, 600, 1000 });
@@ -386,22 +403,20 @@ TEST_F(ScrollViewTest, DrawsRightUnderAViewThatLiesAbove)
 
 TEST_F(ScrollViewTest, DoesNotMoveWhatIsToBeDrawnAnew)
 {
-    auto const hidden = make<Document>(Rect { 20, 30, 50, 50 });
-    auto const removed = make<Document>(Rect { 100, 30, 50, 50 });
-    window->contentView()->addSubview(*hidden);
-    window->contentView()->addSubview(*removed);
-    pump();
-    auto scroll = [&](float y) {
+    auto const above = make<Document>(Rect { 20, 30, 50, 50 });
+    auto differencesAfter = [&](auto change, float y) {
+        window->contentView()->addSubview(*above);
+        above->setHidden(false);
+        pump();
+        change();
         document->scrollPoint({ 0, y });
         pump();
         auto const moved = window->snapshot();
         window->display();
         return countDifferences(moved, window->snapshot());
     };
-    hidden->setHidden(true);
-    EXPECT_EQ(scroll(20), 0);
-    removed->removeFromSuperview();
-    EXPECT_EQ(scroll(40), 0);
+    EXPECT_EQ(differencesAfter([&] { above->setHidden(true); }, 20), 0);
+    EXPECT_EQ(differencesAfter([&] { above->removeFromSuperview(); }, 40), 0);
 }
 
 TEST_F(ScrollViewTest, ScrollsToShowARectangle)
