@@ -234,7 +234,7 @@ std::optional<std::string> NSBundle::pathForResource(std::string_view name, std:
     if (!type.empty())
         file.append(type.starts_with('.') ? "" : ".").append(type);
     auto const inside = stringByAppendingPathComponent(directory, file);
-    if (name.empty() || !staysInside(inside) || !staysInside(file))
+    if (name.empty() || !staysInside(inside))
         return {};
     for (auto const& folder : searchedFolders()) {
         auto path = stringByAppendingPathComponent(folder, inside);

@@ -56,7 +56,7 @@ template <typename Text> NSComparisonResult compareNumbers(Text a, std::size_t& 
 /// So that characters beyond the basic plane come where their surrogates do.
 char32_t unitOrder(char32_t c)
 {
-    return c >= 0x10000 ? 0xD800 : c >= 0xE000 ? c + 0x110000 : c;
+    return c >= 0x10000 ? 0xD800 : c;
 }
 
 NSComparisonResult compareCharacters(char32_t a, char32_t b)

@@ -128,6 +128,17 @@ TEST(ZoneRule, ReadsThePOSIXForm)
     EXPECT_EQ(rule->at(utc(2006, 1, 1, 0)).secondsFromGMT, 3600);
 }
 
+TEST(ZoneRule, TheFifthWeekIsTheLastThatThereIs)
+{
+    // In 2005 the last Thursday of March was its last day; February had no fifth Tuesday.
+    auto const rule = parseZoneRule("AAA0BBB,M2.5.2/0,M3.5.4/0");
+    ASSERT_TRUE(rule);
+    EXPECT_FALSE(rule->at(utc(2005, 2, 21, 23)).isDaylightSaving);
+    EXPECT_TRUE(rule->at(utc(2005, 2, 22, 0)).isDaylightSaving);
+    EXPECT_TRUE(rule->at(utc(2005, 3, 30, 22)).isDaylightSaving);
+    EXPECT_FALSE(rule->at(utc(2005, 3, 31, 0)).isDaylightSaving);
+}
+
 TEST(ZoneRule, SummerMayGoOverTheYearsEnd)
 {
     auto const rule = parseZoneRule("NZST-12NZDT,M9.5.0,M4.1.0/3");

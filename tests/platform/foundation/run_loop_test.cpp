@@ -287,6 +287,46 @@ TEST_F(NSRunLoopTest, TheLoopMayRunInsideACallbackAndAFiringTimerWaits)
     EXPECT_THAT(log, ElementsAre("other", "other", "in", "other", "other", "other", "other"));
 }
 
+TEST_F(NSRunLoopTest, AFiringTimerWaitsInAnotherModeToo)
+{
+    int depth = 0;
+    int deepest = 0;
+    auto const timer = NSTimer::scheduledTimerWithTimeInterval(
+        1,
+        [&](NSTimer&) {
+            deepest = std::max(deepest, ++depth);
+            run(3, NSEventTrackingRunLoopMode);
+            --depth;
+        },
+        true);
+    loop.addTimer(*timer, NSEventTrackingRunLoopMode);
+    loop.runUntil([&] { return deepest > 0; });
+    timer->invalidate();
+    EXPECT_EQ(deepest, 1);
+}
+
+TEST_F(NSRunLoopTest, AWallClockSetBackDoesNotProlongTheWait)
+{
+    auto const date = clock.now().addTimeInterval(5);
+    auto const token = loop.addObserverBeforeWaiting([&] {
+        if (source.waits < 10)
+            clock.setNow(date.addTimeInterval(-100));
+    });
+    EXPECT_FALSE(loop.runMode(NSDefaultRunLoopMode, date));
+    EXPECT_NEAR(elapsed(), 5, 1e-6);
+}
+
+TEST_F(NSRunLoopTest, InvalidatedTimersAreLetGoWithoutWaitingForTheirDate)
+{
+    std::vector<Ref<NSTimer>> timers;
+    for (int i = 0; i < 1000; ++i)
+        timers.push_back(NSTimer::scheduledTimerWithTimeInterval(1e6 + i, logging("never"), false));
+    for (auto const& timer : timers)
+        timer->invalidate();
+    auto const held = std::ranges::count_if(timers, [](auto const& timer) { return timer->retainCount() > 1; });
+    EXPECT_LT(held, 50);
+}
+
 TEST_F(NSRunLoopTest, AnExceptionInACallbackLeavesTheOtherTimersAlone)
 {
     auto const thrower = NSTimer::scheduledTimerWithTimeInterval(

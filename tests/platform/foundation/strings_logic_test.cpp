@@ -49,6 +49,8 @@ TEST(StringsFile, ReadsEscapes)
         { R"(\UD83D\UDE00)", "😀" },
         { R"(\UD83Dx)", "\uFFFDx" },
         { R"(\U41)", "A" },
+        { R"(\108)", "\b8" },
+        { R"(\U4G)", "\x04G" },
         { R"(\q)", "q" },
         { "a\nb", "a\nb" },
         { "// no comment", "// no comment" },
