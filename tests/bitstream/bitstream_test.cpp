@@ -1,5 +1,7 @@
 #include <plix/bitstream/PLIXBitstream.h>
 
+#include <plix/bitstream/classes.h>
+
 #include <tests/bitstream/reader_program.h>
 #include <tests/bitstream/reference_reader.h>
 
@@ -435,6 +437,14 @@ TEST(PLIXBitstream, ExtremeLocationsAndLengthsWrap)
     reader->setLocation(INT64_MIN);
     EXPECT_EQ(reader->readBits(8), 0U);
     EXPECT_EQ(reader->location(), INT64_MIN);
+}
+
+TEST(PLIXBitstream, IsKnownByItsName)
+{
+    registerBitstreamClasses();
+    auto const* described = NSClassFromString("PLIXBitstream");
+    ASSERT_TRUE(described);
+    EXPECT_TRUE(as<PLIXBitstream>(described->makeObject()));
 }
 
 TEST(PLIXBitstream, RunsAnyProgramAsTheDefinitionDoes)

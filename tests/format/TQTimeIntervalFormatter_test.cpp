@@ -1,5 +1,7 @@
 #include <plix/format/TQTimeIntervalFormatter.h>
 
+#include <plix/format/classes.h>
+
 #include <gtest/gtest.h>
 
 namespace plix {
@@ -115,6 +117,16 @@ TEST(TQTimeIntervalFormatter, ValuesAPieceByItsComponent)
     EXPECT_EQ(formatter->_valueForComponentString("1.5", TQTimeIntervalHours), 5400);
     EXPECT_EQ(formatter->_valueForComponentString("2", 1L << 33), 2);
     EXPECT_EQ(formatter->_valueForComponentString("", TQTimeIntervalHours), 0);
+}
+
+TEST(TQTimeIntervalFormatter, IsKnownByItsName)
+{
+    registerFormatClasses();
+    auto const* described = NSClassFromString("TQTimeIntervalFormatter");
+    ASSERT_TRUE(described);
+    auto const formatter = as<TQTimeIntervalFormatter>(described->makeObject());
+    ASSERT_TRUE(formatter);
+    EXPECT_EQ(formatter->stringForObjectValue(65), "0:00:00:01:05");
 }
 
 TEST(TQTimeIntervalFormatter, ACopyIsItsOwn)

@@ -1,0 +1,8 @@
+#pragma once
+
+namespace plix {
+
+/// Makes the folder's class known by its name.
+void registerBitstreamClasses();
+
+}
