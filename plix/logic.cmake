@@ -33,6 +33,7 @@ list(APPEND PLIX_LOGIC_SOURCES
     platform/foundation/date_text.cpp
     platform/foundation/natural_dates.cpp
     platform/appkit/view_geometry.cpp
+    platform/appkit/window_sizing.cpp
     platform/foundation/path_operations.cpp
     platform/foundation/strings_file.cpp
     platform/foundation/zone_rules.cpp

@@ -200,6 +200,8 @@ void NSApplication::Internals::displayScreensChanged()
         Rect const constrained = window->constrainFrameRect(window->frame(), window->screen());
         if (constrained != window->frame())
             window->setFrame(constrained, true);
+        else
+            window->internals().noteScreen();
     }
     if (hasLaunched)
         post(NSApplicationDidChangeScreenParametersNotification, &NSApplicationDelegate::applicationDidChangeScreenParameters);

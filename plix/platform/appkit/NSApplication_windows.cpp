@@ -201,7 +201,8 @@ void NSApplication::Internals::setActive(bool active)
     setKeyWindow(nullptr);
     for (auto const& window : self.orderedWindows()) {
         auto& internals = window->internals();
-        if (!internals.hidesOnDeactivate || internals.isSheet())
+        bool const isModal = self.modalWindow() == window.get();
+        if (!internals.hidesOnDeactivate || internals.isSheet() || isModal)
             continue;
         internals.orderOut();
         internals.isHiddenByApplication = true;

@@ -174,9 +174,9 @@ public:
     virtual NSView* hitTest(Point);
     /// Whether a point lies in the rectangle, by the view's flippedness.
     bool mouseInRect(Point, Rect) const;
-    /// True where a click that brings the window forward also acts.
+    /// Whether a click that brings the window forward also acts. It always does here, as everywhere on these desktops; kept for
+    /// those who ask.
     virtual bool acceptsFirstMouse(NSEvent*) { return false; }
-    virtual bool shouldDelayWindowOrderingForEvent(NSEvent&) { return false; }
     virtual bool needsPanelToBecomeKey() const { return false; }
     virtual bool mouseDownCanMoveWindow() const { return !isOpaque(); }
     /// The context menu for an event, or null. Not kept alive by the answer.

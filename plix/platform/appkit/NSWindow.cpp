@@ -5,6 +5,7 @@
 #include <plix/platform/appkit/NSView_internal.h>
 #include <plix/platform/appkit/NSWindow_internal.h>
 #include <plix/platform/foundation/NSNotificationCenter.h>
+#include <plix/platform/foundation/NSUndoManager.h>
 #include <plix/platform/graphics/NSGraphicsContext.h>
 #include <plix/platform/host/Display.h>
 #include <plix/platform/host/Host.h>
@@ -40,6 +41,8 @@ PLIX_DESCRIBE(NSWindow)
         .action("orderBack:", &NSWindow::orderBack)
         .action("orderOut:", &NSWindow::orderOut)
         .action("makeKeyAndOrderFront:", &NSWindow::makeKeyAndOrderFront)
+        .action("undo:", &NSWindow::undo)
+        .action("redo:", &NSWindow::redo)
         .action("selectNextKeyView:", &NSWindow::selectNextKeyView)
         .action("selectPreviousKeyView:", &NSWindow::selectPreviousKeyView);
 }
@@ -341,9 +344,31 @@ bool NSWindow::tryToPerform(Selector action, NSObject* argument)
 
 NSUndoManager* NSWindow::undoManager() const
 {
-    if (auto* const own = m->hooks.windowWillReturnUndoManager(*const_cast<NSWindow*>(this)))
-        return own;
-    return NSResponder::undoManager();
+    if (m->hooks.windowWillReturnUndoManager) {
+        if (auto* const given = m->hooks.windowWillReturnUndoManager(*const_cast<NSWindow*>(this)))
+            return given;
+    }
+    if (!m->undoManager)
+        m->undoManager = make<NSUndoManager>();
+    return m->undoManager.get();
+}
+
+void NSWindow::undo(NSObject*)
+{
+    Ref<NSUndoManager> const manager(undoManager());
+    if (manager->canUndo())
+        manager->undo();
+    else
+        NSBeep();
+}
+
+void NSWindow::redo(NSObject*)
+{
+    Ref<NSUndoManager> const manager(undoManager());
+    if (manager->canRedo())
+        manager->redo();
+    else
+        NSBeep();
 }
 
 }

@@ -114,7 +114,8 @@ public:
     std::string stringWithSavedFrame() const;
     /// Moved onto a screen where the saved one is gone.
     void setFrameFromString(std::string_view);
-    /// Frames saved under a name are kept while the process runs. False where another window saves under the name.
+    /// Frames are saved under a name in the user's defaults; with this one at every change. False where another window saves under
+    /// the name.
     bool setFrameAutosaveName(std::string_view);
     std::string const& frameAutosaveName() const;
     bool setFrameUsingName(std::string_view);
@@ -280,11 +281,16 @@ public:
     NSObject* delegate() const;
     NSWindowDelegate const& delegateHooks() const;
 
+    /// Actions that take changes back and forth; they beep where there is nothing to do.
+    void undo(NSObject* sender);
+    void redo(NSObject* sender);
+
     // NSResponder:
     bool tryToPerform(Selector, NSObject* argument) override;
     bool performKeyEquivalent(NSEvent&) override;
     void keyDown(NSEvent&) override;
     bool acceptsFirstResponder() const override { return true; }
+    /// The delegate's, else one of the window's own.
     NSUndoManager* undoManager() const override;
 
     /// The host's window, null while there is none.

@@ -4,6 +4,7 @@
 #include <plix/platform/appkit/NSWindow_internal.h>
 #include <plix/platform/base/clock.h>
 #include <plix/platform/foundation/NSRunLoop.h>
+#include <plix/platform/foundation/NSUserDefaults.h>
 #include <plix/platform/host/Display.h>
 #include <plix/platform/host/Host.h>
 
@@ -11,8 +12,8 @@
 #include <array>
 #include <charconv>
 #include <cmath>
-#include <map>
 #include <sstream>
+#include <utility>
 
 namespace plix {
 
@@ -29,10 +30,9 @@ constexpr float cascadeStep = 22;
 constexpr float titleBarButtonsWidth = 80;
 constexpr float titleCharacterWidth = 8;
 
-std::map<std::string, std::string, std::less<>>& savedFrames()
+std::string frameKey(std::string_view name)
 {
-    static auto& s_frames = *new std::map<std::string, std::string, std::less<>>;
-    return s_frames;
+    return "NSWindow Frame " + std::string(name);
 }
 
 HostWindowAttributes attributesForStyle(unsigned styleMask)
@@ -191,6 +191,17 @@ void NSWindow::Internals::contentRectChanged(Rect before)
         sheet->setFrameTopLeftPoint({ content.midX() - sheet->frame().width * 0.5F, content.maxY() });
     if (!autosaveName.empty())
         self.saveFrameUsingName(autosaveName);
+    noteScreen();
+}
+
+void NSWindow::Internals::noteScreen()
+{
+    auto const* const onScreen = self.screen();
+    if (!isOrderedIn || !onScreen)
+        return;
+    auto const before = std::exchange(screenFrame, onScreen->frame());
+    if (before && before != screenFrame)
+        post(NSWindowDidChangeScreenNotification, &NSWindowDelegate::windowDidChangeScreen);
 }
 
 void NSWindow::setFrame(Rect frame, bool display, bool animate)
@@ -448,16 +459,15 @@ std::string const& NSWindow::frameAutosaveName() const
 
 bool NSWindow::setFrameUsingName(std::string_view name)
 {
-    auto const found = savedFrames().find(name);
-    if (found == savedFrames().end())
-        return false;
-    setFrameFromString(found->second);
-    return true;
+    auto const saved = NSUserDefaults::standardUserDefaults().stringForKey(frameKey(name));
+    if (saved)
+        setFrameFromString(*saved);
+    return saved.has_value();
 }
 
 void NSWindow::saveFrameUsingName(std::string_view name) const
 {
-    savedFrames()[std::string(name)] = stringWithSavedFrame();
+    NSUserDefaults::standardUserDefaults().setObject(stringWithSavedFrame(), frameKey(name));
 }
 
 }

@@ -5,6 +5,7 @@
 #include <plix/platform/appkit/NSWindow.h>
 #include <plix/platform/appkit/NSWindow_internal.h>
 #include <plix/platform/appkit/ToolTips.h>
+#include <plix/platform/appkit/window_sizing.h>
 #include <plix/platform/graphics/NSGraphicsContext.h>
 #include <plix/platform/host/HostEvent.h>
 
@@ -138,14 +139,16 @@ void NSWindow::Internals::hostWindowContentRectChanged(Rect rect)
     if (rect == content)
         return;
     Rect const before = content;
-    if (rect.size() != before.size() && hooks.windowWillResize) {
+    if (rect.size() != before.size()) {
         // The frame's top left stays where the resize has it.
         Size const proposed = frameAround(rect).size();
-        Size const wanted = hooks.windowWillResize(self, proposed);
+        Size wanted = resizedWindowSize(proposed, frame().size(), aspectRatio, resizeIncrements);
+        if (hooks.windowWillResize)
+            wanted = hooks.windowWillResize(self, wanted);
         if (wanted != proposed) {
-            Rect const top = rect;
+            float const top = rect.maxY();
             rect = contentInside(rectWith(frameAround(rect).origin(), wanted));
-            rect.y = top.maxY() - rect.height;
+            rect.y = top - rect.height;
         }
     }
     content = rect;

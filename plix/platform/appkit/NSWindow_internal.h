@@ -3,6 +3,7 @@
 #include <plix/platform/appkit/NSWindow.h>
 #include <plix/platform/appkit/NSWindowController.h>
 #include <plix/platform/appkit/WindowTracking.h>
+#include <plix/platform/foundation/NSUndoManager.h>
 #include <plix/platform/graphics/NSColor.h>
 #include <plix/platform/graphics/region.h>
 #include <plix/platform/host/HostWindow.h>
@@ -58,6 +59,7 @@ struct NSWindow::Internals final : HostWindowClient {
     bool hasHostFocus { false };
     bool isChangingHostRect { false };
     std::optional<Rect> unzoomedFrame;
+    std::optional<Rect> screenFrame;
     Ref<NSWindow> keptOnScreen;
 
     // Relations.
@@ -78,6 +80,7 @@ struct NSWindow::Internals final : HostWindowClient {
     Weak<NSView> initialFirstResponder;
     Ref<NSResponder> fieldEditor;
     Weak<NSResponder> defaultButton;
+    Ref<NSUndoManager> undoManager;
     bool isDefaultButtonEnabled { true };
     bool autorecalculatesKeyViewLoop { false };
     NSSelectionDirection selectionDirection { NSDirectSelection };
@@ -131,6 +134,8 @@ struct NSWindow::Internals final : HostWindowClient {
     void updateExtents();
     void applySizeLimits();
     void contentRectChanged(Rect before);
+    /// Tells when the window is on another screen than before.
+    void noteScreen();
     Rect limited(Rect frameRect) const;
     void orderIn(NSWindowOrderingMode, NSWindow* relativeTo);
     void orderOut();

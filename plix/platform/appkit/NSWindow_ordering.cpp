@@ -104,8 +104,10 @@ void NSWindow::Internals::orderIn(NSWindowOrderingMode mode, NSWindow* relativeT
         host->lower();
     else if (!appears)
         host->raise();
-    if (appears)
+    if (appears) {
         updateExtents();
+        noteScreen();
+    }
     bool const isFirstTime = !std::exchange(wasOrderedIn, true);
     if (isFirstTime) {
         selectInitialFirstResponder();

@@ -1,11 +1,14 @@
 #include <tests/support/CountingView.h>
 #include <tests/support/HeadlessTest.h>
+#include <tests/support/TestFolder.h>
+#include <tests/support/TestSurroundings.h>
 #include <tests/support/pixels.h>
 
 #include <plix/platform/appkit/NSPanel.h>
 #include <plix/platform/appkit/NSScreen.h>
 #include <plix/platform/base/clock.h>
 #include <plix/platform/foundation/NSNotificationCenter.h>
+#include <plix/platform/foundation/NSUndoManager.h>
 #include <plix/platform/graphics/NSImage.h>
 
 #include <gmock/gmock.h>
@@ -172,6 +175,43 @@ TEST_F(NSWindowTest, WindowsComeBackWhenTheirScreenGoes)
     EXPECT_EQ(NSImage::defaultBackingScale(), 1);
 }
 
+TEST_F(NSWindowTest, AnotherScreenIsToldOnce)
+{
+    display().setScreens(
+        { { { 0, 0, 1440, 900 }, { 0, 0, 1440, 872 }, 1 }, { { 1440, 0, 1000, 800 }, { 1440, 0, 1000, 800 }, 1 } });
+    auto const window = showWindow({ 100, 100, 200, 100 });
+    auto& posted = watch(*window);
+    window->setFrameOrigin({ 200, 100 });
+    window->setFrameOrigin({ 1500, 100 });
+    window->setFrameOrigin({ 1600, 100 });
+    EXPECT_EQ(std::ranges::count(posted, NSWindowDidChangeScreenNotification), 1);
+}
+
+TEST_F(NSWindowTest, APersonsResizeFollowsTheAspectRatio)
+{
+    auto const window = showWindow({ 100, 100, 400, 178 });
+    window->setAspectRatio({ 2, 1 });
+    person().resizeWindow([&] { return hostWindow(*window); }, { { 100, 100, 300, 178 } });
+    pump();
+    EXPECT_EQ(window->frame(), (Rect { 100, 150, 300, 150 }));
+}
+
+TEST_F(NSWindowTest, ChangesAreTakenBackThroughTheWindowsUndoManager)
+{
+    auto const window = showWindow();
+    auto* const manager = window->undoManager();
+    ASSERT_TRUE(manager);
+    EXPECT_EQ(window->contentView()->undoManager(), manager);
+    window->undo(nullptr);
+    EXPECT_EQ(display().beepCount(), 1);
+    window->setTitle("Before");
+    window->setTitle("After");
+    manager->registerUndoWithTarget<NSWindow>(*window, [](NSWindow& changed) { changed.setTitle("Before"); });
+    pump();
+    EXPECT_TRUE(app().sendAction(Selector("undo:"), nullptr, nullptr));
+    EXPECT_EQ(window->title(), "Before");
+}
+
 TEST_F(NSWindowTest, CascadingMovesDownAndRight)
 {
     auto const first = make<NSWindow>(Rect { 100, 400, 200, 100 }, usualStyle, NSBackingStoreBuffered, false);
@@ -213,6 +253,9 @@ TEST_F(NSWindowTest, SavedFramesComeBack)
 
 TEST_F(NSWindowTest, FramesAreSavedUnderAName)
 {
+    TestFolder const folder;
+    TestSurroundings surroundings;
+    surroundings.config = folder.path();
     auto const window = make<NSWindow>(Rect { 10, 20, 300, 200 }, usualStyle, NSBackingStoreBuffered, false);
     EXPECT_FALSE(window->setFrameUsingName("never saved"));
     EXPECT_TRUE(window->setFrameAutosaveName("main"));
