@@ -171,14 +171,13 @@ bool setTruncated(ParagraphText const& paragraph, FontFace& font, SimpleGlyphs c
     if (!truncateSimply(font, paragraph.text, whole, room, layout.lineBreakMode, shown, truncation)
         || !shapeSimply(font, shown, shaped))
         return false;
-    // The line is written as one of the text that is shown, whose bytes are then counted as the paragraph's.
+    // The line is written as one of the text that is shown, whose bytes are then counted as the paragraph's. The ellipsis looks as
+    // what it replaces begins.
     std::vector<StyleSpan> spans;
     auto const ellipsisEnd = truncation.prefixEnd + static_cast<std::uint32_t>(ellipsisText.size());
-    for (auto const& span : paragraph.spans) {
-        bool const isBehind = span.endByte > truncation.suffixStart;
-        auto const end
-            = isBehind ? span.endByte - truncation.suffixStart + ellipsisEnd : std::min(span.endByte, truncation.prefixEnd);
-        spans.push_back({ end, span.style });
+    for (auto const& [end, style] : paragraph.spans) {
+        bool const isBefore = end <= truncation.prefixEnd;
+        spans.push_back({ isBefore ? end : std::max(end, truncation.suffixStart) - truncation.suffixStart + ellipsisEnd, style });
     }
     if (spans.back().endByte < shown.size())
         spans.back().endByte = static_cast<std::uint32_t>(shown.size());

@@ -236,7 +236,7 @@ TEST(StringDrawing, AnEllipsisKeepsTheLooksAroundIt)
     auto const bitmap = drawn({ 120, 20 }, 1, true, [&] { string->drawInRect({ 0, 0, 80, 16 }); });
     auto const isReddish = [](std::uint32_t pixel) { return (pixel >> 16 & 0xFF) > (pixel & 0xFF) + 20; };
     auto const isBluish = [](std::uint32_t pixel) { return (pixel & 0xFF) > (pixel >> 16 & 0xFF) + 20; };
-    EXPECT_GT(countPixels(bitmap, { 0, 0, 30, 20 }, isReddish), 20);
+    EXPECT_GT(countPixels(bitmap, { 24, 0, 14, 20 }, isReddish), 2);
     EXPECT_EQ(countPixels(bitmap, { 40, 0, 80, 20 }, isReddish), 0);
     EXPECT_GT(countPixels(bitmap, { 50, 0, 70, 20 }, isBluish), 20);
     EXPECT_EQ(countPixels(bitmap, { 0, 0, 36, 20 }, isBluish), 0);
