@@ -4,6 +4,7 @@
 - a folder of plix/ includes only folders below it;
 - third-party headers stay in their rooms, and no file outside a room reaches one through the room's headers;
 - no header that others may include names a third-party type;
+- plix/plix.h includes the header of every class that has AppKit's prefix or the library's;
 - what plix::logic is made of reaches nothing but the standard library and itself.
 
     scripts/layers.py [root]
@@ -34,6 +35,8 @@ ROOMS = [
     (r"glib.*", "platform/graphics"),
     (r"glib.*", DESKTOP),
 ]
+
+PUBLIC_CLASS = re.compile(r"plix/.*/(CF|CG|NS|PLIX|TQ)[A-Za-z]+\.h$")
 
 # Names that only third-party headers declare. `struct _cairo` and the like, declared forward, are not among them.
 FOREIGN_TYPE = re.compile(r"\b(cairo_\w+_t|cairo_t|Pango[A-Z]\w+|Fc[A-Z]\w+|FT_\w+|hb_\w+_t|SDL_\w+|XEvent|Gst[A-Z]\w+|pa_\w+"
@@ -140,6 +143,14 @@ class House:
             if found := FOREIGN_TYPE.search(line.split("//")[0]):
                 self.fault(path, number, f"a public header names {found.group(0)}")
 
+    def check_umbrella(self):
+        umbrella = "plix/plix.h"
+        if umbrella in self.lines:
+            included = {name for _, _, name in self.includes[umbrella]}
+            for path in self.paths:
+                if PUBLIC_CLASS.match(path) and "/host/" not in path and path not in included:
+                    self.fault(umbrella, 1, f"leaves out <{path}>")
+
     def check_outside(self, path):
         for number, mark, name in self.includes[path]:
             if mark == "<" and name.startswith("plix/") and name not in self.lines:
@@ -188,6 +199,7 @@ class House:
                     self.check_public_header(path)
             else:
                 self.check_outside(path)
+        self.check_umbrella()
         self.check_logic()
         return sorted(set(self.faults))
 

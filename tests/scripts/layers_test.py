@@ -89,6 +89,14 @@ class Layers(planted.PlantedTree):
         self.plant("plix/logic.cmake", "list(APPEND x drawing/plan.cpp)\n")
         self.assertEqual(self.faults(), ["plix/logic.cmake:1: plix/drawing/plan.cpp does not exist"])
 
+    def test_the_umbrella_includes_every_class(self):
+        self.plant("plix/platform/appkit/NSView.h", "#pragma once\n")
+        self.plant("plix/platform/appkit/NSView_internal.h", "#pragma once\n")
+        self.plant("plix/plix.h", "#pragma once\n#include <plix/platform/appkit/NSView.h>\n")
+        self.assertEqual(self.faults(), [])
+        self.plant("plix/tables/PLIXTableView.h", "#pragma once\n")
+        self.assertEqual(self.faults(), ["plix/plix.h:1: leaves out <plix/tables/PLIXTableView.h>"])
+
     def test_an_example_needs_nothing_but_the_library(self):
         self.plant("examples/a.cpp", "#include <cairo.h>\n")
         self.assertEqual(len(self.faults()), 1)
