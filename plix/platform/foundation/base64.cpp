@@ -51,9 +51,7 @@ std::optional<std::vector<std::uint8_t>> bytesOfBase64(std::string_view text)
         group = group << 6 | (c == '=' ? 0U : digit);
         if (++digits % 4 != 0)
             continue;
-        if (padding > 2)
-            return {};
-        for (std::size_t j = 0; j < 3 - padding; ++j)
+        for (std::size_t j = 0; j + padding < 3; ++j)
             bytes.push_back(static_cast<std::uint8_t>(group >> (16 - 8 * j)));
     }
     if (digits % 4 != 0 || padding > 2)

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include <unicode/uchar.h>
+#include <unicode/unorm2.h>
 
 namespace plix {
 namespace {
@@ -84,6 +85,15 @@ TEST(StringComparison, ByOptions)
         { "a", "1", 64, 1 },
         { "99999999999999999999999999", "100000000000000000000000000", 64, -1 },
         { "é9", "é10", 64, -1 },
+        { "é\u0323", "é\u0345", 0, 1 },
+        { "é\u0323", "é", 0, 1 },
+        { "é\u0316", "éa", 0, 1 },
+        { "Ümlaut", "umzug", 1, 1 },
+        { "Ümlaut", "zebra", 1, -1 },
+        { "Éa", "éB", 1, -1 },
+        { "ñ", "ò", 0, -1 },
+        { "ò", "ó", 0, -1 },
+        { "日本2", "日本10", 64, -1 },
         { "é9", "é10", 66, -1 },
         { "9é", "10e", 64, -1 },
         { "x\xFF", "x\uFFFD", 0, 0 },
@@ -95,13 +105,43 @@ TEST(StringComparison, ByOptions)
     }
 }
 
-TEST(StringComparison, IsAnOrder)
+std::vector<std::string> difficultNames()
 {
     std::vector<std::string> names;
-    for (auto const* a : { "", "a", "A", "e", "é", "e\u0301", "1", "01", "10", "日", "\U0001F600", "ﬀ", "\xFF", "_" }) {
+    for (auto const* a : { "", "a", "A", "e", "é", "e\u0301", "1", "01", "10", "日", "\U0001F600", "ﬀ", "\xFF", "_", "ß", "É", "è",
+             "é\u0323", "한" }) {
         for (auto const* b : { "", "z", "Z", "9", "\u0301", "00", "\u0323", "é" })
             names.push_back(std::string(a) + b);
     }
+    return names;
+}
+
+std::string decomposedByICU(std::string const& text)
+{
+    auto error = U_ZERO_ERROR;
+    auto const units = utf16FromUTF8(text);
+    char16_t buffer[64];
+    auto const length = unorm2_normalize(
+        unorm2_getNFDInstance(&error), units.data(), static_cast<std::int32_t>(units.size()), buffer, 64, &error);
+    return utf8FromUTF16({ buffer, static_cast<std::size_t>(length) });
+}
+
+TEST(StringComparison, IsThatOfTheDecomposedCharacters)
+{
+    auto const names = difficultNames();
+    int wrong = 0;
+    for (unsigned const options : { 0U, NSCaseInsensitiveSearch, NSNumericSearch, NSCaseInsensitiveSearch | NSNumericSearch }) {
+        for (auto const& a : names) {
+            for (auto const& b : names)
+                wrong += compare(a, b, options) != compare(decomposedByICU(a), decomposedByICU(b), options | NSLiteralSearch);
+        }
+    }
+    EXPECT_EQ(wrong, 0);
+}
+
+TEST(StringComparison, IsAnOrder)
+{
+    auto const names = difficultNames();
     auto const count = names.size();
     for (unsigned const options : { 0U, 1U, 2U, 64U, 65U, 67U }) {
         std::vector<std::vector<int>> order(count, std::vector<int>(count));

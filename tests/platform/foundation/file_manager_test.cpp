@@ -121,6 +121,7 @@ TEST_F(NSFileManagerTest, RefusesToCopyOntoSomethingOrIntoItself)
     EXPECT_FALSE(files.copyPath(folder / "from", folder / "to"));
     EXPECT_EQ(folder.read("to"), "kept");
     EXPECT_FALSE(files.copyPath(folder / "from", folder / "from/inner"));
+    EXPECT_EQ(files.lastError(), "Invalid argument");
     EXPECT_FALSE(files.copyPath(folder / "none", folder / "new"));
     EXPECT_FALSE(files.fileExistsAtPath(folder / "new"));
     files.createSymbolicLinkAtPath(folder / "alias", "from");
