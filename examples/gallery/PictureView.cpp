@@ -70,7 +70,7 @@ void drawStretched(PictureSamples const& samples)
 
 void drawComposed(PictureSamples const& samples)
 {
-    drawTitle("Composed of others", leftColumn + 150, 100);
+    drawTitle("Composed", leftColumn + 150, 100);
     float x = leftColumn + 276;
     for (auto const& part : samples.parts) {
         auto const size = part->size();

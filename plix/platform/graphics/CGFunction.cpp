@@ -7,7 +7,7 @@ namespace plix {
 
 namespace {
 
-constexpr std::size_t mostDimensions = 8;
+constexpr std::size_t mostDimensions = CGFunction::mostDimensions;
 
 float limited(float value, float low, float high)
 {
@@ -29,8 +29,10 @@ CGFunction::~CGFunction()
 bool CGFunction::init(void* info, std::span<float const> domain, std::span<float const> range, CGFunctionCallbacks const& callbacks)
 {
     m_info = info;
-    m_domain.assign(domain.begin(), domain.end());
-    m_range.assign(range.begin(), range.end());
+    m_domainDimension = domain.size() / 2;
+    m_rangeDimension = range.size() / 2;
+    std::copy(domain.begin(), domain.end(), m_domain.begin());
+    std::copy(range.begin(), range.end(), m_range.begin());
     m_callbacks = callbacks;
     return true;
 }

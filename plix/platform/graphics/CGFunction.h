@@ -2,9 +2,9 @@
 
 #include <plix/platform/base/Class.h>
 
+#include <array>
 #include <cstddef>
 #include <span>
-#include <vector>
 
 namespace plix {
 
@@ -23,21 +23,25 @@ class CGFunction : public NSObject {
     PLIX_CLASS(CGFunction, NSObject);
 
 public:
+    static constexpr std::size_t mostDimensions = 8;
+
     ~CGFunction() override;
 
     bool init() { return false; }
     bool init(void* info, std::span<float const> domain, std::span<float const> range, CGFunctionCallbacks const&);
 
-    std::size_t domainDimension() const { return m_domain.size() / 2; }
-    std::size_t rangeDimension() const { return m_range.size() / 2; }
+    std::size_t domainDimension() const { return m_domainDimension; }
+    std::size_t rangeDimension() const { return m_rangeDimension; }
     /// Calls the host with the input brought into the domain, and brings what it answers into the range. `in` has domainDimension()
     /// values, `out` room for rangeDimension().
     void evaluate(float const* in, float* out) const;
 
 private:
     void* m_info { nullptr };
-    std::vector<float> m_domain;
-    std::vector<float> m_range;
+    std::size_t m_domainDimension { 0 };
+    std::size_t m_rangeDimension { 0 };
+    std::array<float, 2 * mostDimensions> m_domain {};
+    std::array<float, 2 * mostDimensions> m_range {};
     CGFunctionCallbacks m_callbacks;
 };
 

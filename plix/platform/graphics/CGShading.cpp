@@ -1,6 +1,7 @@
 #include <plix/platform/graphics/CGShading.h>
 
 #include <plix/platform/graphics/context_internals.h>
+#include <plix/platform/graphics/pixel_operations.h>
 
 #include <algorithm>
 #include <cmath>
@@ -12,6 +13,7 @@ namespace plix {
 namespace {
 
 constexpr int mostSteps = 8192;
+constexpr double nothing = 1e-9;
 
 /// t = x * perX + y * perY + offset for the middle of device pixel (x, y).
 struct AxisOnDevice {
@@ -21,6 +23,8 @@ struct AxisOnDevice {
     /// How many pixels from t 0 to t 1.
     double length { 0 };
 
+    bool isUpright() const { return std::abs(perX) < nothing * std::abs(perY); }
+    bool isLying() const { return std::abs(perY) < nothing * std::abs(perX); }
     double at(int x, int y) const { return (x + 0.5) * perX + (y + 0.5) * perY + offset; }
 };
 
@@ -174,13 +178,36 @@ void clipBetweenEnds(cairo_t* cairo, CGShading::Axis const& axis)
 
 void paint(Canvas const& canvas, Painter const& painter, AxisOnDevice const& axis)
 {
-    constexpr double nothing = 1e-9;
-    if (std::abs(axis.perX) < nothing * std::abs(axis.perY))
+    if (axis.isUpright())
         paintRows(canvas, painter, axis);
-    else if (std::abs(axis.perY) < nothing * std::abs(axis.perX))
+    else if (axis.isLying())
         paintColumns(canvas, painter, axis);
     else
         paintSlanting(canvas, painter, axis);
+}
+
+/// Straight into the context's pixels, row by row or, where the axis lies, one row again and again.
+void paintDirectly(ContextInternals& internals, Painter const& painter, AxisOnDevice const& axis, bool isAcross)
+{
+    static auto& s_row = *new std::vector<std::uint32_t>; // kept with its memory
+    auto const area = internals.state().clip;
+    s_row.resize(static_cast<std::size_t>(area.width));
+    for (int x = 0; isAcross && x < area.width; ++x)
+        s_row[static_cast<std::size_t>(x)] = painter.pixelAt(axis.at(area.x + x, area.y));
+    cairo_surface_flush(internals.surface.get());
+    for (int y = area.y; y < area.y + area.height; ++y) {
+        auto* bytes = internals.pixels.pixels + static_cast<std::ptrdiff_t>(y) * internals.pixels.stride;
+        auto* row = reinterpret_cast<std::uint32_t*>(bytes) + area.x;
+        auto const color = isAcross ? 0 : painter.pixelAt(axis.at(area.x, y));
+        if (!isAcross && color >> 24U == 255) {
+            std::fill_n(row, area.width, color);
+            continue;
+        }
+        if (!isAcross)
+            std::fill(s_row.begin(), s_row.end(), color);
+        blendRowOver(row, s_row.data(), area.width, 255);
+    }
+    cairo_surface_mark_dirty(internals.surface.get());
 }
 
 void compositeShading(ContextInternals& internals, cairo_surface_t* colors, CGShading::Axis const& axis, bool showsEnds)
@@ -238,12 +265,17 @@ void CGContextDrawShading(CGContextRef context, CGShadingRef const& shading)
     auto const axis = axisOnDevice(internals.matrix(), shading->axis());
     if (isEmpty(area) || !axis)
         return;
-    Handle<cairo_surface_t> const surface(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, area.width, area.height));
-    if (cairo_surface_status(surface.get()) != CAIRO_STATUS_SUCCESS)
-        return;
     bool const isBounded
         = !reachesBeyondSource(state.operation) && state.operation != NSCompositeClear && state.operation != NSCompositeCopy;
     Painter const painter(*shading, *axis, state.alpha, state.antialiases, isBounded);
+    bool const isOver = state.operation == NSCompositeSourceOver || state.operation == NSCompositeHighlight;
+    if (isOver && state.clipIsRectangle && (axis->isUpright() || axis->isLying())) {
+        paintDirectly(internals, painter, *axis, axis->isLying());
+        return;
+    }
+    Handle<cairo_surface_t> const surface(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, area.width, area.height));
+    if (cairo_surface_status(surface.get()) != CAIRO_STATUS_SUCCESS)
+        return;
     paint({ cairo_image_surface_get_data(surface.get()), cairo_image_surface_get_stride(surface.get()), area }, painter, *axis);
     cairo_surface_mark_dirty(surface.get());
     compositeShading(internals, surface.get(), shading->axis(), isBounded);

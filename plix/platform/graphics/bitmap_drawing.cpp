@@ -213,13 +213,16 @@ void drawDirectly(
     int const firstRow = direct.reversesRows ? source.y + source.height - 1 : source.y;
     PixelView const view { words + firstRow * stride + source.x, direct.reversesRows ? -stride : stride, source.width,
         source.height };
-    s_scaler.prepare(view, direct.target.width, direct.target.height, qualityFor(internals.state().interpolation));
+    bool const isScaled = source.width != direct.target.width || source.height != direct.target.height;
+    if (isScaled)
+        s_scaler.prepare(view, direct.target.width, direct.target.height, qualityFor(internals.state().interpolation));
     cairo_surface_flush(internals.surface.get());
     int const left = visible.x - direct.target.x;
     for (int y = visible.y; y < visible.y + visible.height; ++y) {
         auto* bytes = internals.pixels.pixels + static_cast<std::ptrdiff_t>(y) * internals.pixels.stride;
         auto* row = reinterpret_cast<std::uint32_t*>(bytes) + visible.x;
-        auto const* scaled = s_scaler.row(y - direct.target.y, left, left + visible.width);
+        int const sourceRow = y - direct.target.y;
+        auto const* scaled = isScaled ? s_scaler.row(sourceRow, left, left + visible.width) : view.row(sourceRow) + left;
         if (replaces)
             copyRow(row, scaled, visible.width, fraction);
         else

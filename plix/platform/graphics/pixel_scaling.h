@@ -41,8 +41,12 @@ public:
 private:
     void prepareNearest(int sourceLength, int resultLength);
     void prepareAveraged(int sourceLength, int resultLength);
-    void prepareInterpolated(int sourceLength, int resultLength, bool isCubic);
+    void prepareLinear(int sourceLength, int resultLength);
+    void prepareCubic(int sourceLength, int resultLength);
 
+    int m_sourceLength { 0 };
+    int m_resultLength { 0 };
+    ScalingQuality m_quality { ScalingQuality::nearest };
     int m_taps { 1 };
     bool m_isIdentity { false };
     std::vector<int> m_first;
