@@ -67,6 +67,42 @@ void postKey(NSApplication::Internals& application, NSWindow& window, HostEvent 
             target.windowNumber(), nullptr, event.characters, event.charactersIgnoringModifiers, event.isRepeat, event.keyCode));
 }
 
+void postPreedit(NSApplication::Internals& application, NSWindow& window, HostEvent const& event)
+{
+    auto* const key = application.keyWindow.get();
+    application.enqueue(
+        NSEvent::preeditEvent(event.timestamp, (key ? *key : window).windowNumber(), event.characters, event.preeditCaret));
+}
+
+}
+
+void NSWindow::Internals::hostButtonEvent(HostEvent const& event, bool isPress)
+{
+    auto& application = NSApp->internals();
+    auto& target = mouseTarget(application, self);
+    Point const base = target.convertScreenToBase(event.locationOnScreen);
+    if (isPress) {
+        application.mouseWindow = target;
+        target.internals().tracking.mouseMovedTo(base, true, event.modifiers, true);
+        postMouse(application, target, event, pressType(event.button), event.button);
+        return;
+    }
+    if (event.pressedButtons == 0)
+        application.mouseWindow = nullptr;
+    postMouse(application, target, event, releaseType(event.button), event.button);
+    target.internals().tracking.mouseMovedTo(base, true, event.modifiers, event.pressedButtons != 0);
+}
+
+void NSWindow::Internals::hostMovement(HostEvent const& event)
+{
+    auto& application = NSApp->internals();
+    NSCursor::setHiddenUntilMouseMoves(false);
+    auto& target = event.pressedButtons ? mouseTarget(application, self) : self;
+    if (!application.isBlocked(target))
+        target.internals().tracking.mouseMovedTo(
+            target.convertScreenToBase(event.locationOnScreen), true, event.modifiers, event.pressedButtons != 0);
+    if (event.pressedButtons || target.acceptsMouseMovedEvents())
+        postMouse(application, target, event, movementType(event.pressedButtons), heldButton(event.pressedButtons));
 }
 
 void NSWindow::Internals::hostWindowEvent(HostEvent const& event)
@@ -79,32 +115,13 @@ void NSWindow::Internals::hostWindowEvent(HostEvent const& event)
     else if (event.type != HostEvent::Type::mouseEntered)
         ToolTips::hide();
     switch (event.type) {
-    case HostEvent::Type::mouseDown: {
-        auto& target = mouseTarget(application, self);
-        application.mouseWindow = target;
-        tracking.mouseMovedTo(base, true, event.modifiers, true);
-        postMouse(application, target, event, pressType(event.button), event.button);
+    case HostEvent::Type::mouseDown:
+    case HostEvent::Type::mouseUp:
+        hostButtonEvent(event, event.type == HostEvent::Type::mouseDown);
         break;
-    }
-    case HostEvent::Type::mouseUp: {
-        auto& target = mouseTarget(application, self);
-        if (event.pressedButtons == 0)
-            application.mouseWindow = nullptr;
-        postMouse(application, target, event, releaseType(event.button), event.button);
-        target.internals().tracking.mouseMovedTo(
-            target.convertScreenToBase(event.locationOnScreen), true, event.modifiers, event.pressedButtons != 0);
+    case HostEvent::Type::mouseMoved:
+        hostMovement(event);
         break;
-    }
-    case HostEvent::Type::mouseMoved: {
-        NSCursor::setHiddenUntilMouseMoves(false);
-        auto& target = event.pressedButtons ? mouseTarget(application, self) : self;
-        if (!application.isBlocked(target))
-            target.internals().tracking.mouseMovedTo(
-                target.convertScreenToBase(event.locationOnScreen), true, event.modifiers, event.pressedButtons != 0);
-        if (event.pressedButtons || target.acceptsMouseMovedEvents())
-            postMouse(application, target, event, movementType(event.pressedButtons), heldButton(event.pressedButtons));
-        break;
-    }
     case HostEvent::Type::mouseEntered:
     case HostEvent::Type::mouseExited:
         if (!application.isBlocked(self))
@@ -123,12 +140,9 @@ void NSWindow::Internals::hostWindowEvent(HostEvent const& event)
     case HostEvent::Type::modifiersChanged:
         postKey(application, self, event, NSFlagsChanged);
         break;
-    case HostEvent::Type::preedit: {
-        auto* const key = application.keyWindow.get();
-        application.enqueue(
-            NSEvent::preeditEvent(event.timestamp, key ? key->windowNumber() : number, event.characters, event.preeditCaret));
+    case HostEvent::Type::preedit:
+        postPreedit(application, self, event);
         break;
-    }
     }
 }
 

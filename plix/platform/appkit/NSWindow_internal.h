@@ -154,6 +154,9 @@ struct NSWindow::Internals final : HostWindowClient {
     NSView* viewAt(Point base) const;
     NSView* firstKeyView() const;
 
+    void hostButtonEvent(HostEvent const&, bool isPress);
+    void hostMovement(HostEvent const&);
+
     // HostWindowClient:
     void hostWindowEvent(HostEvent const&) override;
     void hostWindowContentRectChanged(Rect contentRect) override;
