@@ -40,11 +40,11 @@ TEST_F(RealWindow, DoubleAndTripleClicksAreCounted)
 TEST_F(RealWindow, TheWheelScrolls)
 {
     click(150, 165, 5);
-    app.expect("scrolled list 20");
-    click(150, 165, 5, 2);
     app.expect("scrolled list 60");
+    click(150, 165, 5, 2);
+    app.expect("scrolled list 180");
     click(150, 165, 4);
-    app.expect("scrolled list 40");
+    app.expect("scrolled list 120");
 }
 
 TEST_F(RealWindow, PressDragReleaseFollowsThePointer)

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <plix/platform/base/FunctionRef.h>
-#include <plix/platform/graphics/NSParagraphStyle.h>
+#include <plix/platform/graphics/paragraph_layout.h>
 
 #include <cstdint>
 #include <span>
