@@ -213,6 +213,28 @@ TEST(TimeIntervalForText, GivesTheStatedValues)
         EXPECT_EQ(timeIntervalForText(row.text, row.format), row.interval) << row.text;
 }
 
+TEST(TimeIntervalForText, TellsTooLargeNumbersFromTooSmallOnes)
+{
+    std::string const zeros(400, '0');
+    struct Row {
+        std::string text;
+        double interval;
+    };
+    for (auto const& row : {
+             Row { "1" + zeros, 4294967295.0 },
+             Row { "-1" + zeros, -4294967295.0 },
+             Row { "1" + zeros + "e-5", 4294967295.0 },
+             Row { "0001" + zeros, 4294967295.0 },
+             Row { "1" + zeros + "e-400", 1 },
+             Row { "0." + zeros + "1", 0 },
+             Row { "." + zeros + "1e5", 0 },
+             Row { "0." + zeros + "1e401", 1 },
+             Row { "1e-99999999999999999999999", 0 },
+             Row { "1e99999999999999999999999", 4294967295.0 },
+         })
+        EXPECT_EQ(timeIntervalForText(row.text, between(0, 4, true)), row.interval) << row.text;
+}
+
 TEST(TimeIntervalForText, ClampsWhatItRead)
 {
     auto format = between(0, 1);

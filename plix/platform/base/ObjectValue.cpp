@@ -53,6 +53,18 @@ std::string shortestDecimal(double value)
     return { buffer, result.ptr };
 }
 
+// Of a number other than 0, by the place of its first digit that counts and its exponent.
+bool isBelowOne(std::string_view number)
+{
+    auto const mark = std::min(number.find_first_of("eE"), number.size());
+    auto const mantissa = number.substr(0, mark);
+    auto const point = std::min(mantissa.find('.'), mark);
+    auto const firstDigit = mantissa.find_first_of("123456789");
+    auto const place = static_cast<std::int64_t>(point) - static_cast<std::int64_t>(firstDigit);
+    auto const exponent = mark < number.size() ? integerPrefix(number.substr(mark + 1)) : 0;
+    return exponent < -place;
+}
+
 }
 
 double doubleValue(std::string_view text)
@@ -65,14 +77,8 @@ double doubleValue(std::string_view text)
         return 0;
     double value = 0;
     auto const result = std::from_chars(text.data(), text.data() + text.size(), value);
-    if (result.ec == std::errc::result_out_of_range) {
-        // from_chars leaves the value alone: tell too large from too small by the exponent's sign.
-        std::string_view const number(text.data(), static_cast<std::size_t>(result.ptr - text.data()));
-        auto const exponent = number.find_first_of("eE");
-        bool const isSmall = exponent == std::string_view::npos ? number.starts_with("0") || number.starts_with(".")
-                                                                : number.substr(exponent + 1).starts_with('-');
-        value = isSmall ? 0 : HUGE_VAL;
-    }
+    if (result.ec == std::errc::result_out_of_range) // which leaves the value alone
+        value = isBelowOne({ text.data(), result.ptr }) ? 0 : HUGE_VAL;
     return isNegative ? -value : value;
 }
 
