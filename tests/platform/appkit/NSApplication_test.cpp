@@ -458,6 +458,34 @@ TEST_F(NSApplicationTest, TerminatingEndsEveryModalLoop)
     EXPECT_EQ(exits, 1);
 }
 
+TEST_F(NSApplicationTest, EventsAfterTheStopWaitForWhoeverComesNext)
+{
+    auto const dialog = makeWindow();
+    auto const button = viewIn(*dialog);
+    button->whenEvent = [&](NSEvent&) { app().stopModal(); };
+    auto const session = app().beginModalSessionForWindow(*dialog);
+    button->forget();
+    for (auto const type : { NSLeftMouseDown, NSLeftMouseUp })
+        app().postEvent(*mouseEvent(type, *button, { 5, 5 }), false);
+    EXPECT_EQ(app().runModalSession(*session), NSRunStoppedResponse);
+    app().endModalSession(*session);
+    EXPECT_THAT(button->log, ElementsAre("mouseDown"));
+    pump();
+    EXPECT_THAT(button->log, ElementsAre("mouseDown", "mouseUp"));
+}
+
+TEST_F(NSApplicationTest, TheKeyboardGoesBackToTheModalWindow)
+{
+    auto const other = showWindow();
+    auto const dialog = makeWindow();
+    auto const session = app().beginModalSessionForWindow(*dialog);
+    person().focusWindow([&] { return hostWindow(*other); });
+    pump();
+    EXPECT_TRUE(dialog->isKeyWindow());
+    EXPECT_TRUE(hostWindow(*dialog)->hasFocus());
+    app().endModalSession(*session);
+}
+
 TEST_F(NSApplicationTest, AnExceptionEndsTheModalSessionToo)
 {
     auto const dialog = makeWindow();
