@@ -53,8 +53,8 @@ void store(std::uint32_t* pixels, __m128i values)
 /// Eight 16-bit products of bytes, divided by 255 and rounded.
 __m128i dividedBy255(__m128i products)
 {
-    __m128i const biased = _mm_add_epi16(products, _mm_set1_epi16(128));
-    return _mm_srli_epi16(_mm_add_epi16(biased, _mm_srli_epi16(biased, 8)), 8);
+    // (x + 128) * 257 / 65536 is the same as the two shifted sums.
+    return _mm_mulhi_epu16(_mm_add_epi16(products, _mm_set1_epi16(128)), _mm_set1_epi16(257));
 }
 
 /// Each channel times the 16-bit factor at its place.
@@ -116,7 +116,9 @@ int blendWideOver(std::uint32_t* destination, std::uint32_t const* source, int c
             continue;
         if (fraction < 255)
             pixels = scaled(pixels, fraction);
-        store(destination + x, areAllOpaque(pixels) ? pixels : over(pixels, load(destination + x)));
+        __m128i const below = load(destination + x);
+        bool const replaces = areAllOpaque(pixels) || areAllClear(below);
+        store(destination + x, replaces ? pixels : over(pixels, below));
     }
     return x;
 }

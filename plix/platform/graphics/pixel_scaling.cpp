@@ -139,9 +139,54 @@ __m128i mixedPair(std::uint32_t const* neighbours, std::int16_t const* weights)
     return _mm_srai_epi32(sum, weightShift);
 }
 
+/// A stretch of places between the same two pixels, as an even ramp from the first place's true value. Channels are 8.8
+/// fixed-point.
+void writeRamp(std::uint32_t const* neighbours, int laterWeight, std::int64_t step, int count, std::uint32_t* result)
+{
+    __m128i const zero = _mm_setzero_si128();
+    __m128i const words = _mm_unpacklo_epi8(_mm_loadl_epi64(reinterpret_cast<__m128i const*>(neighbours)), zero);
+    __m128i const from = _mm_unpacklo_epi64(words, words);
+    // The difference times 128, so that the upper half of a product with a 16-bit factor keeps its digits.
+    __m128i const difference = _mm_slli_epi16(_mm_sub_epi16(_mm_unpackhi_epi64(words, words), from), 7);
+    __m128i const each = _mm_mulhi_epi16(difference, _mm_set1_epi16(static_cast<short>(step >> 15)));
+    __m128i const along = _mm_slli_epi16(_mm_mulhi_epi16(difference, _mm_set1_epi16(static_cast<short>(laterWeight * 2))), 2);
+    __m128i const first = _mm_add_epi16(_mm_add_epi16(_mm_slli_epi16(from, 8), _mm_set1_epi16(128)), along);
+    __m128i const two = _mm_add_epi16(each, each);
+    __m128i const four = _mm_add_epi16(two, two);
+    __m128i low = _mm_add_epi16(first, _mm_unpacklo_epi64(zero, each));
+    __m128i high = _mm_add_epi16(low, two);
+    int x = 0;
+    for (; x + 4 <= count; x += 4) {
+        __m128i const pixels = _mm_packus_epi16(_mm_srli_epi16(low, 8), _mm_srli_epi16(high, 8));
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(result + x), pixels);
+        low = _mm_add_epi16(low, four);
+        high = _mm_add_epi16(high, four);
+    }
+    __m128i rest = _mm_packus_epi16(_mm_srli_epi16(low, 8), _mm_srli_epi16(high, 8));
+    for (; x < count; ++x, rest = _mm_srli_si128(rest, 4))
+        result[x] = static_cast<std::uint32_t>(_mm_cvtsi128_si32(rest));
+}
+
+/// For axes that grow so much that many places lie between the same two pixels.
+int scaleRamps(std::uint32_t const* source, ScalingAxis const& axis, int place, int end, std::uint32_t* result)
+{
+    constexpr int longestRamp = 64; // rounded slopes must not add up to a visible error
+    while (place < end) {
+        int const first = axis.first(place);
+        int const count = std::min({ axis.placesUpTo(first + 1, place), longestRamp, end - place });
+        writeRamp(source + first, axis.weights(place)[1], axis.step(), count, result);
+        place += count;
+        result += count;
+    }
+    return place;
+}
+
 /// As many as can be done four at a time; the first place not done.
 int scaleWideLinear(std::uint32_t const* source, ScalingAxis const& axis, int place, int end, std::uint32_t* result)
 {
+    constexpr std::int64_t eighth = std::int64_t { 1 } << 29;
+    if (axis.step() <= eighth)
+        return scaleRamps(source, axis, place, end, result);
     auto const mixed = [&](int at) { return mixedPair(source + axis.first(at), axis.weights(at)); };
     for (; place + 4 <= end; place += 4, result += 4) {
         __m128i const low = _mm_packs_epi32(mixed(place), mixed(place + 1));
@@ -273,13 +318,21 @@ void ScalingAxis::prepareLinear(int sourceLength, int resultLength)
     // Places in the source as 32.32 fixed-point numbers: quicker than floating ones, and far finer than a weight.
     constexpr int fraction = 32;
     std::int64_t const step = (std::int64_t { sourceLength } << fraction) / resultLength;
-    std::int64_t at = (step - (std::int64_t { 1 } << fraction)) / 2;
+    m_step = step;
+    m_start = (step - (std::int64_t { 1 } << fraction)) / 2;
+    std::int64_t at = m_start;
     for (int place = 0; place < resultLength; ++place, at += step) {
         auto const later = static_cast<std::int16_t>(at >> (fraction - weightShift) & (weightSum - 1));
         m_first[static_cast<std::size_t>(place)] = static_cast<int>(at >> fraction);
         m_weights[2 * static_cast<std::size_t>(place)] = static_cast<std::int16_t>(weightSum - later);
         m_weights[2 * static_cast<std::size_t>(place) + 1] = later;
     }
+}
+
+int ScalingAxis::placesUpTo(int pixel, int place) const
+{
+    std::int64_t const rest = (std::int64_t { pixel } << 32) - (m_start + place * m_step);
+    return static_cast<int>((rest + m_step - 1) / m_step);
 }
 
 void ScalingAxis::prepareCubic(int sourceLength, int resultLength)

@@ -37,6 +37,10 @@ public:
     int first(int place) const { return m_first[static_cast<std::size_t>(place)]; }
     std::int16_t const* weights(int place) const { return m_weights.data() + static_cast<std::ptrdiff_t>(place) * m_taps; }
     bool isIdentity() const { return m_isIdentity; }
+    /// Of a linear axis: from one place to the next in the source, as a 32.32 fixed-point number.
+    std::int64_t step() const { return m_step; }
+    /// Of a linear axis: how many places from one on lie before a source pixel.
+    int placesUpTo(int pixel, int place) const;
 
 private:
     void prepareNearest(int sourceLength, int resultLength);
@@ -47,6 +51,8 @@ private:
     int m_sourceLength { 0 };
     int m_resultLength { 0 };
     ScalingQuality m_quality { ScalingQuality::nearest };
+    std::int64_t m_step { 0 };
+    std::int64_t m_start { 0 };
     int m_taps { 1 };
     bool m_isIdentity { false };
     std::vector<int> m_first;

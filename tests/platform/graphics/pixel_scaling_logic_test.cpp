@@ -103,6 +103,25 @@ TEST(PixelScaling, IsLinearBetweenPixelsAndHoldsTheEnds)
     }
 }
 
+TEST(PixelScaling, IsLinearAtEveryRatio)
+{
+    Picture picture(7, 1);
+    std::uint32_t const values[] { 255, 0, 3, 250, 251, 128, 1 };
+    for (int x = 0; x < 7; ++x)
+        picture.at(x, 0) = 0xFF000000U | values[x] << 16U | (255 - values[x]) << 8U;
+    for (int const width : { 9, 20, 55, 56, 57, 100, 380, 2000 }) {
+        auto larger = scaled(picture.view(), width, 1, ScalingQuality::linear);
+        for (int x = 0; x < width; ++x) {
+            double const place = std::clamp((x + 0.5) * 7 / width - 0.5, 0.0, 6.0);
+            int const before = std::min(static_cast<int>(place), 5);
+            double const expected = values[before] + (static_cast<double>(values[before + 1]) - values[before]) * (place - before);
+            ASSERT_NEAR(red(larger.at(x, 0)), expected, 1.01) << x << " of " << width;
+            ASSERT_NEAR(green(larger.at(x, 0)), 255 - expected, 1.01) << x << " of " << width;
+            ASSERT_EQ(larger.at(x, 0) >> 24U, 255U);
+        }
+    }
+}
+
 TEST(PixelScaling, AveragesExactlyWhatItCovers)
 {
     Picture picture(5, 1);
