@@ -117,7 +117,7 @@ int blendWideOver(std::uint32_t* destination, std::uint32_t const* source, int c
         if (fraction < 255)
             pixels = scaled(pixels, fraction);
         __m128i const below = load(destination + x);
-        bool const replaces = areAllOpaque(pixels) || areAllClear(below);
+        bool const replaces = areAllClear(below) || areAllOpaque(pixels);
         store(destination + x, replaces ? pixels : over(pixels, below));
     }
     return x;

@@ -115,13 +115,13 @@ void scaleRow(std::uint32_t const* source, int length, ScalingAxis const& axis, 
     }
 }
 
-/// One pixel of a linear axis anywhere.
-std::uint32_t mixedAt(std::uint32_t const* source, int last, ScalingAxis const& axis, int place)
+/// One pixel of a linear axis, between two of the source.
+std::uint32_t mixedAt(std::uint32_t const* source, ScalingAxis const& axis, int place)
 {
-    int const first = axis.first(place);
+    auto const* pair = source + axis.first(place);
     auto const* weights = axis.weights(place);
     Accumulator sum;
-    sum.add(source[std::clamp(first, 0, last)], source[std::clamp(first + 1, 0, last)], weights[0], weights[1]);
+    sum.add(pair[0], pair[1], weights[0], weights[1]);
     return sum.pixel();
 }
 
@@ -209,16 +209,15 @@ void scaleRowLinear(std::uint32_t const* source, int length, ScalingAxis const& 
 {
     int const last = length - 1;
     int place = left;
-    while (place < right && axis.first(place) < 0) {
-        result[place - left] = mixedAt(source, last, axis, place);
-        ++place;
-    }
+    // Beyond the middles of the end pixels these go on.
+    for (; place < right && axis.first(place) < 0; ++place)
+        result[place - left] = source[0];
     int inner = right;
-    while (inner > place && axis.first(inner - 1) >= last)
-        --inner;
+    for (; inner > place && axis.first(inner - 1) >= last; --inner)
+        result[inner - 1 - left] = source[last];
     place = scaleWideLinear(source, axis, place, inner, result + (place - left));
-    for (; place < right; ++place)
-        result[place - left] = mixedAt(source, last, axis, place);
+    for (; place < inner; ++place)
+        result[place - left] = mixedAt(source, axis, place);
 }
 
 void copyNearest(std::uint32_t const* source, ScalingAxis const& axis, int left, int right, std::uint32_t* result)
@@ -230,28 +229,32 @@ void copyNearest(std::uint32_t const* source, ScalingAxis const& axis, int left,
 /// Two rows mixed; the weights are those of a vertical axis with two taps.
 void mixRows(std::uint32_t const* a, std::uint32_t const* b, std::int16_t const* weights, int count, std::uint32_t* result)
 {
+    // Weights of 256 together: products of bytes fit 16 bits.
+    auto const later = static_cast<std::uint32_t>(weights[1] + 32) >> 6U;
+    std::uint32_t const earlier = 256 - later;
     int x = 0;
 #ifdef __SSE2__
     __m128i const zero = _mm_setzero_si128();
-    __m128i const round = _mm_set1_epi32(rounding);
-    __m128i const factors = _mm_set1_epi32(static_cast<int>(
-        static_cast<std::uint32_t>(static_cast<std::uint16_t>(weights[1])) << 16U | static_cast<std::uint16_t>(weights[0])));
-    auto const mix
-        = [&](__m128i pairs) { return _mm_srai_epi32(_mm_add_epi32(_mm_madd_epi16(pairs, factors), round), weightShift); };
+    __m128i const half = _mm_set1_epi16(128);
+    __m128i const upperWeight = _mm_set1_epi16(static_cast<short>(earlier));
+    __m128i const lowerWeight = _mm_set1_epi16(static_cast<short>(later));
+    auto const mix = [&](__m128i upper, __m128i lower) {
+        __m128i const sum = _mm_add_epi16(_mm_mullo_epi16(upper, upperWeight), _mm_mullo_epi16(lower, lowerWeight));
+        return _mm_srli_epi16(_mm_add_epi16(sum, half), 8);
+    };
     for (; x + 4 <= count; x += 4) {
         __m128i const upper = _mm_loadu_si128(reinterpret_cast<__m128i const*>(a + x));
         __m128i const lower = _mm_loadu_si128(reinterpret_cast<__m128i const*>(b + x));
-        __m128i const low = _mm_unpacklo_epi8(upper, lower);
-        __m128i const high = _mm_unpackhi_epi8(upper, lower);
-        __m128i const first = _mm_packs_epi32(mix(_mm_unpacklo_epi8(low, zero)), mix(_mm_unpackhi_epi8(low, zero)));
-        __m128i const second = _mm_packs_epi32(mix(_mm_unpacklo_epi8(high, zero)), mix(_mm_unpackhi_epi8(high, zero)));
-        _mm_storeu_si128(reinterpret_cast<__m128i*>(result + x), _mm_packus_epi16(first, second));
+        __m128i const low = mix(_mm_unpacklo_epi8(upper, zero), _mm_unpacklo_epi8(lower, zero));
+        __m128i const high = mix(_mm_unpackhi_epi8(upper, zero), _mm_unpackhi_epi8(lower, zero));
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(result + x), _mm_packus_epi16(low, high));
     }
 #endif
     for (; x < count; ++x) {
-        Accumulator sum;
-        sum.add(a[x], b[x], weights[0], weights[1]);
-        result[x] = sum.pixel();
+        std::uint32_t pixel = 0;
+        for (unsigned shift = 0; shift < 32; shift += 8)
+            pixel |= ((a[x] >> shift & 255U) * earlier + (b[x] >> shift & 255U) * later + 128) >> 8U << shift;
+        result[x] = pixel;
     }
 }
 
