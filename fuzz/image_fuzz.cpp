@@ -26,7 +26,11 @@ static void checkThatItSurvivesARoundTrip(NSBitmapImageRep const& image)
 extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size)
 {
     static auto const s_quiet = installLogSink([](std::string_view) {});
-    auto const image = NSBitmapImageRep::imageRepWithData(*make<NSData>(std::vector<std::uint8_t>(data, data + size)));
+    auto const file = make<NSData>(std::vector<std::uint8_t>(data, data + size));
+    // Every picture of the file, and drawings as well.
+    for (auto const& rep : NSImageRep::imageRepsWithData(*file))
+        FUZZ_CHECK(rep->size().width > 0 && rep->size().height > 0);
+    auto const image = NSBitmapImageRep::imageRepWithData(*file);
     if (!image)
         return 0;
     auto const pixels = static_cast<long>(image->pixelsWide()) * image->pixelsHigh();
