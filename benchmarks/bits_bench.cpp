@@ -62,6 +62,27 @@ std::vector<std::uint8_t> exponentialCodes(long count)
     return bytes;
 }
 
+// Functions of their own, as the peer's are.
+std::uint64_t sumOfFields(Ref<NSData> const& data, std::span<std::uint8_t const> widths, long rounds)
+{
+    auto const reader = make<PLIXBitstream>(data);
+    std::uint64_t sum = 0;
+    for (long round = 0; round < rounds; ++round) {
+        for (auto const width : widths)
+            sum += reader->readBits(width);
+    }
+    return sum;
+}
+
+std::uint64_t sumOfCodes(Ref<NSData> const& data, long count)
+{
+    auto const reader = make<PLIXBitstream>(data);
+    std::uint64_t sum = 0;
+    for (long i = 0; i < count; ++i)
+        sum += reader->readExpGolomb();
+    return sum;
+}
+
 }
 
 PLIX_FIGURE("bits.mix")
@@ -70,15 +91,7 @@ PLIX_FIGURE("bits.mix")
     auto const data = make<NSData>(randomBytes(std::size_t { 8 } << 20));
     auto const bitsARound = std::accumulate(widths.begin(), widths.end(), 0L);
     auto const rounds = static_cast<long>(data->length()) * 8 / bitsARound;
-    auto const ours = [&] {
-        auto const reader = make<PLIXBitstream>(data);
-        std::uint64_t sum = 0;
-        for (long round = 0; round < rounds; ++round) {
-            for (auto const width : widths)
-                sum += reader->readBits(width);
-        }
-        return sum;
-    };
+    auto const ours = [&] { return sumOfFields(data, widths, rounds); };
 #ifdef PLIX_BENCH_GSTREAMER
     auto const theirs = [&] { return sumOfFieldsByGStreamer(data->bytes(), widths, rounds); };
     requireEqual(ours(), theirs());
@@ -93,13 +106,7 @@ PLIX_FIGURE("bits.ue")
 {
     constexpr long count = 2'000'000;
     auto const data = make<NSData>(exponentialCodes(count));
-    auto const ours = [&] {
-        auto const reader = make<PLIXBitstream>(data);
-        std::uint64_t sum = 0;
-        for (long i = 0; i < count; ++i)
-            sum += reader->readExpGolomb();
-        return sum;
-    };
+    auto const ours = [&] { return sumOfCodes(data, count); };
 #ifdef PLIX_BENCH_GSTREAMER
     auto const theirs = [&] { return sumOfCodesByGStreamer(data->bytes(), count); };
     requireEqual(ours(), theirs());
