@@ -5,7 +5,8 @@ namespace plix {
 
 namespace {
 
-constexpr int mostDigits = 9;
+/// A calendar of seconds goes to about the year 30 million.
+constexpr int mostYearDigits = 7;
 
 /// What has been read so far.
 struct Parts {
@@ -136,7 +137,7 @@ private:
         m_cursor.skipBlanks();
         bool const isNegative = letter == 'Y' && m_cursor.take('-');
         auto const usualDigits = letter == 'y' ? 2 : 4;
-        auto const value = m_cursor.takeNumber(isFollowedByNumber ? usualDigits : mostDigits);
+        auto const value = m_cursor.takeNumber(isFollowedByNumber ? usualDigits : mostYearDigits);
         if (!value)
             return false;
         m_parts.year = isNegative ? -value->value : value->value;

@@ -139,6 +139,8 @@ TEST(DateText, ReadsByFormats)
         { "4-3", "%d/%m", std::nullopt },
         { "Marvember 4", "%B %d", std::nullopt },
         { "99999999999999999999", "%Y", std::nullopt },
+        { "9999999", "%Y", CalendarFields { 9999999, 1, 1 } },
+        { "99999999", "%Y", std::nullopt },
     };
     CalendarFields const today { 2010, 6, 15, 10, 11, 12 };
     for (auto const& row : rows) {
