@@ -41,7 +41,7 @@ setup-test:
 setup-check:
 	$(SETUP) build library fonts tests check fuzz
 setup-bench:
-	$(SETUP) build library fonts benchmarks
+	$(SETUP) build library fonts tests benchmarks
 setup-fuzz:
 	$(SETUP) build library fonts fuzz
 

@@ -4,7 +4,6 @@
 
 #include <cstdio>
 #include <filesystem>
-#include <memory>
 #include <stdexcept>
 
 #include <X11/Xlib.h>
@@ -12,17 +11,34 @@
 
 namespace plix::desktop {
 
-std::uint32_t colourOnScreen(std::string const& name, int x, int y)
+ScreenWatch::ScreenWatch(std::string const& display)
+    : m_display(XOpenDisplay(display.c_str()))
 {
-    std::unique_ptr<Display, decltype(&XCloseDisplay)> const display(XOpenDisplay(name.c_str()), XCloseDisplay);
-    if (!display)
+    if (!m_display)
         throw std::runtime_error("the virtual display does not answer");
-    auto* const image = XGetImage(display.get(), DefaultRootWindow(display.get()), x, y, 1, 1, AllPlanes, ZPixmap);
+}
+
+ScreenWatch::~ScreenWatch()
+{
+    XCloseDisplay(m_display);
+}
+
+std::vector<std::uint32_t> ScreenWatch::column(int x, int y, int height) const
+{
+    auto* const image
+        = XGetImage(m_display, DefaultRootWindow(m_display), x, y, 1, static_cast<unsigned>(height), AllPlanes, ZPixmap);
     if (!image)
-        throw std::runtime_error("no such pixel");
-    auto const colour = static_cast<std::uint32_t>(XGetPixel(image, 0, 0) & 0xFFFFFF);
+        throw std::runtime_error("no such pixels");
+    std::vector<std::uint32_t> colours;
+    for (int row = 0; row < height; ++row)
+        colours.push_back(static_cast<std::uint32_t>(XGetPixel(image, 0, row) & 0xFFFFFF));
     XDestroyImage(image);
-    return colour;
+    return colours;
+}
+
+std::uint32_t colourOnScreen(std::string const& display, int x, int y)
+{
+    return ScreenWatch(display).column(x, y, 1).front();
 }
 
 Screenshot::Screenshot(std::string const& display, std::string path)

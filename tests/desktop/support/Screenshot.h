@@ -4,7 +4,24 @@
 #include <string>
 #include <vector>
 
+struct _XDisplay;
+
 namespace plix::desktop {
+
+/// Looks at pixels of a virtual screen again and again.
+class ScreenWatch {
+public:
+    explicit ScreenWatch(std::string const& display);
+    ~ScreenWatch();
+    ScreenWatch(ScreenWatch const&) = delete;
+    ScreenWatch& operator=(ScreenWatch const&) = delete;
+
+    /// The colours now from a place downwards, 0xRRGGBB.
+    std::vector<std::uint32_t> column(int x, int y, int height) const;
+
+private:
+    _XDisplay* m_display { nullptr };
+};
 
 /// The colour of one pixel of a virtual screen now, 0xRRGGBB.
 std::uint32_t colourOnScreen(std::string const& display, int x, int y);
