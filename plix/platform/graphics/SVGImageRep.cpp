@@ -1,5 +1,6 @@
 #include <plix/platform/graphics/SVGImageRep.h>
 
+#include <plix/platform/graphics/LoadedLibrary.h>
 #include <plix/platform/graphics/NSGraphicsContext.h>
 #include <plix/platform/graphics/context_internals.h>
 
@@ -19,14 +20,46 @@ template <> struct HandleDeleter<RsvgHandle> {
     void operator()(RsvgHandle* handle) const { g_object_unref(handle); }
 };
 
+namespace {
+
+/// Loaded with the first drawing.
+struct SVGLibrary {
+    decltype(&rsvg_handle_new_from_data) newFromData { nullptr };
+    decltype(&rsvg_handle_get_intrinsic_size_in_pixels) sizeInPixels { nullptr };
+    decltype(&rsvg_handle_get_intrinsic_dimensions) dimensions { nullptr };
+    decltype(&rsvg_handle_render_document) render { nullptr };
+    bool isLoaded { false };
+
+    static SVGLibrary const& shared()
+    {
+        static SVGLibrary const s_library;
+        return s_library;
+    }
+
+private:
+    SVGLibrary()
+    {
+        LoadedLibrary library("librsvg-2.so.2");
+        library.find(newFromData, "rsvg_handle_new_from_data");
+        library.find(sizeInPixels, "rsvg_handle_get_intrinsic_size_in_pixels");
+        library.find(dimensions, "rsvg_handle_get_intrinsic_dimensions");
+        library.find(render, "rsvg_handle_render_document");
+        isLoaded = library.isComplete();
+    }
+};
+
+}
+
 struct SVGDocument {
     Handle<RsvgHandle> handle;
 
     static std::shared_ptr<SVGDocument> read(FileBytes bytes)
     {
+        if (!SVGLibrary::shared().isLoaded)
+            return nullptr;
         auto document = std::make_shared<SVGDocument>();
         // Without a base address nothing outside is loaded.
-        document->handle.reset(rsvg_handle_new_from_data(bytes.data(), bytes.size(), nullptr));
+        document->handle.reset(SVGLibrary::shared().newFromData(bytes.data(), bytes.size(), nullptr));
         return document->handle ? document : nullptr;
     }
     Size size() const
@@ -34,20 +67,20 @@ struct SVGDocument {
         constexpr Size withoutAny { 100, 100 };
         double width = 0;
         double height = 0;
-        if (rsvg_handle_get_intrinsic_size_in_pixels(handle.get(), &width, &height))
+        if (SVGLibrary::shared().sizeInPixels(handle.get(), &width, &height))
             return { static_cast<float>(width), static_cast<float>(height) };
         gboolean hasWidth = FALSE;
         gboolean hasHeight = FALSE;
         gboolean hasBox = FALSE;
         RsvgLength ignored {};
         RsvgRectangle box {};
-        rsvg_handle_get_intrinsic_dimensions(handle.get(), &hasWidth, &ignored, &hasHeight, &ignored, &hasBox, &box);
+        SVGLibrary::shared().dimensions(handle.get(), &hasWidth, &ignored, &hasHeight, &ignored, &hasBox, &box);
         return hasBox ? Size { static_cast<float>(box.width), static_cast<float>(box.height) } : withoutAny;
     }
     bool render(cairo_t* cairo, double width, double height) const
     {
         RsvgRectangle const viewport { 0, 0, width, height };
-        return rsvg_handle_render_document(handle.get(), cairo, &viewport, nullptr);
+        return SVGLibrary::shared().render(handle.get(), cairo, &viewport, nullptr);
     }
 };
 

@@ -1,5 +1,7 @@
 #include <plix/platform/graphics/image_codecs.h>
 
+#include <plix/platform/graphics/LoadedLibrary.h>
+
 #include <algorithm>
 #include <cstring>
 #include <utility>
@@ -8,11 +10,64 @@
 
 namespace plix {
 
+namespace {
+
+/// Loaded with the first picture of the kind.
+struct TIFFLibrary {
+    decltype(&::TIFFClose) close { nullptr };
+    decltype(&::TIFFOpenOptionsFree) openOptionsFree { nullptr };
+    decltype(&::TIFFOpenOptionsAlloc) openOptionsAlloc { nullptr };
+    decltype(&::TIFFOpenOptionsSetMaxSingleMemAlloc) openOptionsSetMaxSingleMemAlloc { nullptr };
+    decltype(&::TIFFOpenOptionsSetErrorHandlerExtR) openOptionsSetErrorHandlerExtR { nullptr };
+    decltype(&::TIFFOpenOptionsSetWarningHandlerExtR) openOptionsSetWarningHandlerExtR { nullptr };
+    decltype(&::TIFFClientOpenExt) clientOpenExt { nullptr };
+    decltype(&::TIFFGetField) getField { nullptr };
+    decltype(&::TIFFGetFieldDefaulted) getFieldDefaulted { nullptr };
+    decltype(&::TIFFRGBAImageOK) canReadRGBAImage { nullptr };
+    decltype(&::TIFFReadRGBAImageOriented) readRGBAImageOriented { nullptr };
+    decltype(&::TIFFSetField) setField { nullptr };
+    decltype(&::TIFFDefaultStripSize) defaultStripSize { nullptr };
+    decltype(&::TIFFWriteScanline) writeScanline { nullptr };
+    decltype(&::TIFFWriteDirectory) writeDirectory { nullptr };
+    decltype(&::TIFFReadDirectory) readDirectory { nullptr };
+    bool isLoaded { false };
+
+    TIFFLibrary()
+    {
+        LoadedLibrary library("libtiff.so.6");
+        library.find(close, "TIFFClose");
+        library.find(openOptionsFree, "TIFFOpenOptionsFree");
+        library.find(openOptionsAlloc, "TIFFOpenOptionsAlloc");
+        library.find(openOptionsSetMaxSingleMemAlloc, "TIFFOpenOptionsSetMaxSingleMemAlloc");
+        library.find(openOptionsSetErrorHandlerExtR, "TIFFOpenOptionsSetErrorHandlerExtR");
+        library.find(openOptionsSetWarningHandlerExtR, "TIFFOpenOptionsSetWarningHandlerExtR");
+        library.find(clientOpenExt, "TIFFClientOpenExt");
+        library.find(getField, "TIFFGetField");
+        library.find(getFieldDefaulted, "TIFFGetFieldDefaulted");
+        library.find(canReadRGBAImage, "TIFFRGBAImageOK");
+        library.find(readRGBAImageOriented, "TIFFReadRGBAImageOriented");
+        library.find(setField, "TIFFSetField");
+        library.find(defaultStripSize, "TIFFDefaultStripSize");
+        library.find(writeScanline, "TIFFWriteScanline");
+        library.find(writeDirectory, "TIFFWriteDirectory");
+        library.find(readDirectory, "TIFFReadDirectory");
+        isLoaded = library.isComplete();
+    }
+};
+
+TIFFLibrary const& tiff()
+{
+    static TIFFLibrary const s_library;
+    return s_library;
+}
+
+}
+
 template <> struct HandleDeleter<TIFF> {
-    void operator()(TIFF* file) const { TIFFClose(file); }
+    void operator()(TIFF* file) const { tiff().close(file); }
 };
 template <> struct HandleDeleter<TIFFOpenOptions> {
-    void operator()(TIFFOpenOptions* options) const { TIFFOpenOptionsFree(options); }
+    void operator()(TIFFOpenOptions* options) const { tiff().openOptionsFree(options); }
 };
 
 namespace {
@@ -85,21 +140,23 @@ int dropMessage(TIFF*, void*, char const*, char const*, va_list)
 
 Handle<TIFF> open(MemoryFile& file, char const* mode)
 {
-    Handle<TIFFOpenOptions> const options(TIFFOpenOptionsAlloc());
-    TIFFOpenOptionsSetMaxSingleMemAlloc(options.get(), largestAllocation);
-    TIFFOpenOptionsSetErrorHandlerExtR(options.get(), dropMessage, nullptr);
-    TIFFOpenOptionsSetWarningHandlerExtR(options.get(), dropMessage, nullptr);
-    return Handle<TIFF>(
-        TIFFClientOpenExt("memory", mode, &file, readSome, writeSome, seek, closeNothing, sizeOf, nullptr, nullptr, options.get()));
+    if (!tiff().isLoaded)
+        return {};
+    Handle<TIFFOpenOptions> const options(tiff().openOptionsAlloc());
+    tiff().openOptionsSetMaxSingleMemAlloc(options.get(), largestAllocation);
+    tiff().openOptionsSetErrorHandlerExtR(options.get(), dropMessage, nullptr);
+    tiff().openOptionsSetWarningHandlerExtR(options.get(), dropMessage, nullptr);
+    return Handle<TIFF>(tiff().clientOpenExt(
+        "memory", mode, &file, readSome, writeSome, seek, closeNothing, sizeOf, nullptr, nullptr, options.get()));
 }
 
 float scaleOf(TIFF* file)
 {
     float resolution = 0;
     std::uint16_t unit = RESUNIT_INCH;
-    if (!TIFFGetField(file, TIFFTAG_XRESOLUTION, &resolution))
+    if (!tiff().getField(file, TIFFTAG_XRESOLUTION, &resolution))
         return 1;
-    TIFFGetFieldDefaulted(file, TIFFTAG_RESOLUTIONUNIT, &unit);
+    tiff().getFieldDefaulted(file, TIFFTAG_RESOLUTIONUNIT, &unit);
     if (unit == RESUNIT_NONE)
         return 1;
     double const perInch = unit == RESUNIT_CENTIMETER ? resolution * centimetresAnInch : resolution;
@@ -110,7 +167,7 @@ bool mayHaveAlpha(TIFF* file)
 {
     std::uint16_t count = 0;
     std::uint16_t* kinds = nullptr;
-    TIFFGetFieldDefaulted(file, TIFFTAG_EXTRASAMPLES, &count, &kinds);
+    tiff().getFieldDefaulted(file, TIFFTAG_EXTRASAMPLES, &count, &kinds);
     return count > 0;
 }
 
@@ -119,12 +176,12 @@ std::optional<DecodedImage> decodePicture(TIFF* file)
     std::uint32_t width = 0;
     std::uint32_t height = 0;
     char message[1024] {};
-    TIFFGetField(file, TIFFTAG_IMAGEWIDTH, &width);
-    TIFFGetField(file, TIFFTAG_IMAGELENGTH, &height);
-    if (!isAcceptableSize(width, height) || !TIFFRGBAImageOK(file, message))
+    tiff().getField(file, TIFFTAG_IMAGEWIDTH, &width);
+    tiff().getField(file, TIFFTAG_IMAGELENGTH, &height);
+    if (!isAcceptableSize(width, height) || !tiff().canReadRGBAImage(file, message))
         return std::nullopt;
     auto storage = BitmapStorage::make(static_cast<int>(width), static_cast<int>(height));
-    if (!storage || !TIFFReadRGBAImageOriented(file, width, height, storage->pixels.get(), ORIENTATION_TOPLEFT, 1))
+    if (!storage || !tiff().readRGBAImageOriented(file, width, height, storage->pixels.get(), ORIENTATION_TOPLEFT, 1))
         return std::nullopt;
     // Premultiplied already; red and blue the other way round.
     std::for_each(storage->pixels.get(), storage->row(storage->height),
@@ -137,19 +194,19 @@ bool writePicture(TIFF* file, EncodedPicture const& picture)
 {
     auto const& storage = *picture.storage;
     std::uint16_t extra[] { EXTRASAMPLE_ASSOCALPHA };
-    TIFFSetField(file, TIFFTAG_IMAGEWIDTH, static_cast<std::uint32_t>(storage.width));
-    TIFFSetField(file, TIFFTAG_IMAGELENGTH, static_cast<std::uint32_t>(storage.height));
-    TIFFSetField(file, TIFFTAG_BITSPERSAMPLE, 8);
-    TIFFSetField(file, TIFFTAG_SAMPLESPERPIXEL, 4);
-    TIFFSetField(file, TIFFTAG_EXTRASAMPLES, 1, extra);
-    TIFFSetField(file, TIFFTAG_PHOTOMETRIC, PHOTOMETRIC_RGB);
-    TIFFSetField(file, TIFFTAG_PLANARCONFIG, PLANARCONFIG_CONTIG);
-    TIFFSetField(file, TIFFTAG_ORIENTATION, ORIENTATION_TOPLEFT);
-    TIFFSetField(file, TIFFTAG_COMPRESSION, COMPRESSION_LZW);
-    TIFFSetField(file, TIFFTAG_RESOLUTIONUNIT, RESUNIT_INCH);
-    TIFFSetField(file, TIFFTAG_XRESOLUTION, 72.0 * static_cast<double>(picture.pixelsPerPoint));
-    TIFFSetField(file, TIFFTAG_YRESOLUTION, 72.0 * static_cast<double>(picture.pixelsPerPoint));
-    TIFFSetField(file, TIFFTAG_ROWSPERSTRIP, TIFFDefaultStripSize(file, 0));
+    tiff().setField(file, TIFFTAG_IMAGEWIDTH, static_cast<std::uint32_t>(storage.width));
+    tiff().setField(file, TIFFTAG_IMAGELENGTH, static_cast<std::uint32_t>(storage.height));
+    tiff().setField(file, TIFFTAG_BITSPERSAMPLE, 8);
+    tiff().setField(file, TIFFTAG_SAMPLESPERPIXEL, 4);
+    tiff().setField(file, TIFFTAG_EXTRASAMPLES, 1, extra);
+    tiff().setField(file, TIFFTAG_PHOTOMETRIC, PHOTOMETRIC_RGB);
+    tiff().setField(file, TIFFTAG_PLANARCONFIG, PLANARCONFIG_CONTIG);
+    tiff().setField(file, TIFFTAG_ORIENTATION, ORIENTATION_TOPLEFT);
+    tiff().setField(file, TIFFTAG_COMPRESSION, COMPRESSION_LZW);
+    tiff().setField(file, TIFFTAG_RESOLUTIONUNIT, RESUNIT_INCH);
+    tiff().setField(file, TIFFTAG_XRESOLUTION, 72.0 * static_cast<double>(picture.pixelsPerPoint));
+    tiff().setField(file, TIFFTAG_YRESOLUTION, 72.0 * static_cast<double>(picture.pixelsPerPoint));
+    tiff().setField(file, TIFFTAG_ROWSPERSTRIP, tiff().defaultStripSize(file, 0));
     std::vector<std::uint8_t> line(static_cast<std::size_t>(storage.width) * 4);
     for (int y = 0; y < storage.height; ++y) {
         auto* at = line.data();
@@ -157,10 +214,10 @@ bool writePicture(TIFF* file, EncodedPicture const& picture)
             for (unsigned const shift : { 16U, 8U, 0U, 24U })
                 *at++ = static_cast<std::uint8_t>(storage.row(y)[x] >> shift);
         }
-        if (TIFFWriteScanline(file, line.data(), static_cast<std::uint32_t>(y), 0) < 0)
+        if (tiff().writeScanline(file, line.data(), static_cast<std::uint32_t>(y), 0) < 0)
             return false;
     }
-    return TIFFWriteDirectory(file) != 0;
+    return tiff().writeDirectory(file) != 0;
 }
 
 }
@@ -185,7 +242,7 @@ std::vector<DecodedImage> decodeTIFF(FileBytes bytes)
             break;
         pixels += static_cast<std::int64_t>(picture->storage->width) * picture->storage->height;
         pictures.push_back(std::move(*picture));
-        if (!isAcceptablePixelCount(pixels) || !TIFFReadDirectory(file.get()))
+        if (!isAcceptablePixelCount(pixels) || !tiff().readDirectory(file.get()))
             break;
     }
     return pictures;
