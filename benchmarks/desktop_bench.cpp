@@ -1,5 +1,6 @@
 #include "bench.h"
 
+#include <plix/platform/foundation/event_source.h>
 #include <plix/platform/host/Display.h>
 #include <plix/platform/host/Host.h>
 #include <plix/platform/host/desktop/DesktopHost.h>
@@ -119,7 +120,17 @@ public:
         attributes.contentRect = { 100, 100, 1000, 800 };
         m_window = m_host->display().makeWindow(attributes, *this);
         m_window->show();
-        present({ 0, 0, 1000, 800 });
+        auto const buffer = m_window->lockPixels();
+        std::fill_n(reinterpret_cast<std::uint32_t*>(buffer.pixels), 1000 * 800, s_colour);
+        PixelRect const all { 0, 0, 1000, 800 };
+        m_window->present({ &all, 1 });
+        desktop::ScreenWatch const watch(display.name());
+        auto const isShown = [this, &watch] {
+            m_host->events().deliverPending();
+            return watch.column(600, 500, 1).front() == s_colour;
+        };
+        if (!waitUntil(isShown))
+            throw std::runtime_error("the window does not come up");
     }
     ~PresentedWindow() override { m_window.reset(); }
 
@@ -141,6 +152,8 @@ public:
     void hostWindowLiveResizeChanged(bool) override { }
 
 private:
+    static constexpr std::uint32_t s_colour = 0x3366CC;
+
     std::unique_ptr<Host> m_host;
     std::unique_ptr<HostWindow> m_window;
 };
