@@ -52,10 +52,11 @@ Rect PLIXAlignRectOnRect(Rect a, Rect b, int alignment)
 int PLIXRoundToNearestIncrement(int value, int increment)
 {
     assert(increment != 0);
-    int const remainder = value % increment;
+    // In 64 bits, for the greatest value and the quotient of the least by -1; what passes 32 bits wraps.
+    long long const remainder = static_cast<long long>(value) % increment;
     int const half = increment / 2;
     // A negative remainder is never as large as half: negative values moving towards zero is meant.
-    return remainder < half ? value - remainder : value - remainder + increment;
+    return static_cast<int>(remainder < half ? value - remainder : value - remainder + increment);
 }
 
 }

@@ -31,7 +31,7 @@ Rect PLIXScaleRectToRect(Rect a, Rect b);
 /// a's size at one of the nine places of PLIXRectAlignment inside b, not rounded; a itself for any other number.
 Rect PLIXAlignRectOnRect(Rect a, Rect b, int alignment);
 /// The nearest multiple; from half of the increment (rounded down) on the next one. A negative value always moves towards zero. An
-/// increment of 0 is the caller's error.
+/// increment of 0 is the caller's error; a result past 32 bits wraps.
 int PLIXRoundToNearestIncrement(int value, int increment);
 
 }

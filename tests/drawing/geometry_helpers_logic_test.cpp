@@ -132,6 +132,9 @@ TEST(PLIXRoundToNearestIncrement, RoundsHalvesUpAndNegativeValuesTowardsZero)
         { 0, 3, 0 },
         // Half of 1 is 0, which the remainder 0 is not below: an increment of 1 adds 1.
         { 7, 1, 8 },
+        // Past the greatest integer the result wraps.
+        { 2147483647, 10, -2147483646 },
+        { -2147483647 - 1, -1, 2147483647 },
     };
     for (auto const& row : rows)
         EXPECT_EQ(PLIXRoundToNearestIncrement(row.value, row.increment), row.expected) << row.value << " to " << row.increment;
