@@ -12,6 +12,10 @@
 #include <plix/platform/graphics/string_drawing.h>
 
 #include <cmath>
+#include <iterator>
+#include <string>
+#include <string_view>
+#include <vector>
 
 namespace gallery {
 
@@ -19,16 +23,41 @@ using namespace plix;
 
 namespace {
 
-constexpr Size pageSize { 960, 600 };
+constexpr Size pageSize { 960, 620 };
+// Two columns of sections; each section is a title and a row of pictures as wide as the column, with captions below.
 constexpr float leftColumn = 24;
 constexpr float rightColumn = 504;
-constexpr float labelHeight = 14;
+constexpr float columnWidth = 432;
+constexpr float titleRoom = 24;
+constexpr float captionRoom = 15;
 
 /// Places things from the top of the page downwards.
 Rect fromTop(float x, float top, float width, float height)
 {
     return { x, pageSize.height - top - height, width, height };
 }
+
+/// The rectangles of a section's row: equal ones, spread over the column.
+class Cells {
+public:
+    Cells(float column, float sectionTop, std::size_t count, Size size)
+        : m_column(column)
+        , m_top(sectionTop + titleRoom)
+        , m_step(count > 1 ? (columnWidth - size.width) / static_cast<float>(count - 1) : 0)
+        , m_size(size)
+    {
+    }
+    Rect operator[](std::size_t index) const
+    {
+        return fromTop(std::round(m_column + static_cast<float>(index) * m_step), m_top, m_size.width, m_size.height);
+    }
+
+private:
+    float m_column;
+    float m_top;
+    float m_step;
+    Size m_size;
+};
 
 void drawTitle(char const* text, float x, float top)
 {
@@ -37,12 +66,12 @@ void drawTitle(char const* text, float x, float top)
     drawAtPoint(text, fromTop(x, top, 0, 17).origin(), attributes);
 }
 
-void drawLabel(std::string_view text, Rect below)
+void drawCaption(std::string_view text, Rect below)
 {
     Attributes const attributes { { NSFontAttributeName, Ref<NSObject>(NSFont::systemFontOfSize(9)) },
         { NSForegroundColorAttributeName, Ref<NSObject>(NSColor::controlTextColor()->colorWithAlphaComponent(0.7F)) } };
     auto const size = sizeWithAttributes(text, attributes);
-    drawAtPoint(text, { std::round(below.midX() - size.width / 2), below.y - labelHeight }, attributes);
+    drawAtPoint(text, { std::round(below.midX() - size.width / 2), below.y - captionRoom }, attributes);
 }
 
 void drawWhole(NSImage const& image, Rect rect)
@@ -50,34 +79,59 @@ void drawWhole(NSImage const& image, Rect rect)
     image.drawInRect(rect, {}, NSCompositeSourceOver, 1);
 }
 
-void drawRow(std::vector<Ref<NSImage>> const& images, float x, float top, float height, float gap)
+/// In the middle of a cell, at its own size.
+void drawCentered(NSImage const& image, Rect cell)
 {
-    for (auto const& image : images) {
-        auto const size = image->size();
-        drawWhole(*image, fromTop(x, top + std::round((height - size.height) / 2), size.width, size.height));
-        x += size.width + gap;
-    }
+    auto const size = image.size();
+    drawWhole(
+        image, { std::round(cell.midX() - size.width / 2), std::round(cell.midY() - size.height / 2), size.width, size.height });
+}
+
+void drawRow(std::vector<Ref<NSImage>> const& images, Cells const& cells)
+{
+    for (std::size_t i = 0; i < images.size(); ++i)
+        drawCentered(*images[i], cells[i]);
+}
+
+std::string sizeText(Size size)
+{
+    return std::to_string(static_cast<int>(size.width)) + " x " + std::to_string(static_cast<int>(size.height));
 }
 
 void drawStretched(PictureSamples const& samples)
 {
-    drawTitle("Stretched over a size, and over a picture", leftColumn, 20);
-    drawRow({ samples.button }, leftColumn, 46, 44, 0);
-    drawRow({ samples.stretched[3], samples.stretched[0], samples.stretched[1] }, leftColumn + 42, 46, 44, 12);
-    drawRow({ samples.stretched[4] }, leftColumn + 342, 46, 44, 0);
-    drawRow({ samples.stretched[2] }, leftColumn, 100, 44, 0);
+    constexpr float top = 20;
+    constexpr float gap = 12;
+    constexpr float height = 44;
+    drawTitle("Stretched", leftColumn, top);
+    float x = leftColumn;
+    for (auto const& image :
+        { samples.button, samples.stretched[3], samples.stretched[0], samples.stretched[1], samples.stretched[2] }) {
+        auto const size = image->size();
+        Rect const cell = fromTop(x, top + titleRoom, size.width, height);
+        drawCentered(*image, cell);
+        drawCaption(sizeText(size), cell);
+        x += size.width + gap;
+    }
 }
 
 void drawComposed(PictureSamples const& samples)
 {
-    drawTitle("Composed", leftColumn + 150, 100);
-    float x = leftColumn + 276;
-    for (auto const& part : samples.parts) {
-        auto const size = part->size();
-        drawWhole(*part, fromTop(x, 102 + (40 - size.height) / 2, size.width, size.height));
-        x += size.width + 4;
+    constexpr float top = 126;
+    drawTitle("Composed", leftColumn, top);
+    Cells const cells(leftColumn, top, 8, { 40, 40 });
+    constexpr char const* captions[] { "back", "middle", "front" };
+    for (std::size_t i = 0; i < samples.parts.size(); ++i) {
+        drawCheckerboard(cells[i]);
+        drawCentered(*samples.parts[i], cells[i]);
+        drawCaption(captions[i], cells[i]);
     }
-    drawWhole(*samples.composed, fromTop(x + 10, 102, 40, 40));
+    drawCheckerboard(cells[4]);
+    drawCentered(*samples.composed, cells[4]);
+    drawCaption("together", cells[4]);
+    Rect const over = fromTop(leftColumn + columnWidth - 76, top + titleRoom - 2, 76, 44);
+    drawCentered(*samples.stretched[4], over);
+    drawCaption("over a picture", NSOffsetRect(over, 0, 2));
 }
 
 struct Gradient {
@@ -135,32 +189,33 @@ void drawShadings()
         { "to clear", { 0.50F, 0.20F, 0.70F, 1 }, { 0.50F, 0.20F, 0.70F, 0 }, { 0, 0 }, { 0, 1 }, false },
         { "ends bare", { 0.10F, 0.35F, 0.80F, 1 }, { 0.55F, 0.80F, 1, 1 }, { 0, 0.25F }, { 0, 0.75F }, false },
     };
-    drawTitle("Shadings", leftColumn, 344);
-    float x = leftColumn;
-    for (auto const& gradient : gradients) {
-        Rect const rect = fromTop(x, 368, 56, 56);
-        drawCheckerboard(rect);
-        drawGradient(gradient, rect);
-        drawLabel(gradient.label, rect);
-        x += 64;
+    constexpr float top = 404;
+    drawTitle("Shadings", leftColumn, top);
+    Cells const cells(leftColumn, top, std::size(gradients) + 1, { 54, 54 });
+    for (std::size_t i = 0; i < std::size(gradients); ++i) {
+        drawCheckerboard(cells[i]);
+        drawGradient(gradients[i], cells[i]);
+        drawCaption(gradients[i].label, cells[i]);
     }
-    Rect const rect = fromTop(x, 368, 48, 56);
+    Rect const rect = cells[std::size(gradients)];
     drawSpectrum(rect);
-    drawLabel("host's own", rect);
+    drawCaption("host's own", rect);
 }
 
 void drawOperations(PictureSamples const& samples)
 {
     constexpr char const* names[] { "clear", "copy", "over", "in", "out", "atop", "dest over", "dest in", "dest out", "dest atop",
         "xor", "darker", "highlight", "lighter" };
-    drawTitle("Compositing operations", rightColumn, 20);
+    constexpr std::size_t columns = 7;
+    constexpr float top = 20;
+    constexpr float rowDistance = 76;
+    drawTitle("Compositing operations", rightColumn, top);
     for (std::size_t i = 0; i < samples.operations.size(); ++i) {
-        auto const column = static_cast<float>(i % 7);
-        auto const row = static_cast<float>(i / 7);
-        Rect const rect = fromTop(rightColumn + column * 62, 46 + row * 76, 48, 48);
+        Cells const cells(rightColumn, top + static_cast<float>(i / columns) * rowDistance, columns, { 48, 48 });
+        Rect const rect = cells[i % columns];
         drawCheckerboard(rect);
         drawWhole(*samples.operations[i], rect);
-        drawLabel(names[i], rect);
+        drawCaption(names[i], rect);
     }
 }
 
@@ -171,61 +226,62 @@ void drawInterpolation(PictureSamples const& samples)
         NSImageInterpolation value;
     } qualities[] { { "none", NSImageInterpolationNone }, { "low", NSImageInterpolationLow },
         { "default", NSImageInterpolationDefault }, { "high", NSImageInterpolationHigh } };
-    drawTitle("Interpolation", rightColumn, 204);
-    float x = rightColumn;
-    for (auto const& quality : qualities) {
+    constexpr float top = 206;
+    constexpr float side = 48;
+    drawTitle("Interpolation", rightColumn, top);
+    Cells const cells(rightColumn, top, std::size(qualities), { 99, side });
+    for (std::size_t i = 0; i < std::size(qualities); ++i) {
         GraphicsState const saved;
-        NSGraphicsContext::currentContext()->setImageInterpolation(quality.value);
-        Rect const large = fromTop(x, 228, 48, 48);
-        drawWhole(*samples.icon, large);
-        drawWhole(*samples.lines, fromTop(x + 52, 228, 48, 48));
-        drawLabel(quality.name, fromTop(x, 228, 100, 48));
-        x += 110;
+        NSGraphicsContext::currentContext()->setImageInterpolation(qualities[i].value);
+        Rect const cell = cells[i];
+        drawWhole(*samples.icon, { cell.x, cell.y, side, side });
+        drawWhole(*samples.lines, { cell.maxX() - side, cell.y, side, side });
+        drawCaption(qualities[i].name, cell);
     }
 }
 
 void drawShadows()
 {
-    drawTitle("Shadows", rightColumn, 306);
-    float x = rightColumn + 6;
-    for (float const radius : { 0.0F, 2.0F, 5.0F, 10.0F }) {
-        Rect const rect = fromTop(x, 334, 56, 36);
+    constexpr float top = 304;
+    constexpr float radii[] { 0, 2, 5, 10 };
+    drawTitle("Shadows", rightColumn, top);
+    Cells const cells(rightColumn, top, std::size(radii), { 72, 34 });
+    for (std::size_t i = 0; i < std::size(radii); ++i) {
         {
             GraphicsState const saved;
             auto const shadow = make<NSShadow>();
             shadow->setShadowOffset({ 3, -3 });
-            shadow->setShadowBlurRadius(radius);
+            shadow->setShadowBlurRadius(radii[i]);
             shadow->setShadowColor(NSColor::colorWithCalibratedWhite(0, 0.55F));
             shadow->set();
             NSColor::colorWithCalibratedRed(0.30F, 0.62F, 0.92F, 1)->set();
-            bezierPathWithRoundedRect(rect, 8)->fill();
+            bezierPathWithRoundedRect(cells[i], 8)->fill();
         }
-        drawLabel("radius " + std::to_string(static_cast<int>(radius)), NSOffsetRect(rect, 0, -12));
-        x += 110;
+        drawCaption("radius " + std::to_string(static_cast<int>(radii[i])), NSOffsetRect(cells[i], 0, -6));
     }
 }
 
 void drawPaths(PictureSamples const& samples)
 {
-    drawTitle("Rounded sides and patterns", rightColumn, 412);
+    constexpr float top = 404;
     constexpr unsigned styles[] { 30, 26, 28, 14, 22, 0 };
-    float x = rightColumn;
-    for (unsigned const style : styles) {
-        Rect const rect = fromTop(x, 438, 58, 34);
-        auto const path = bezierPathWithRoundedRect(NSInsetRect(rect, 1, 1), 12, style);
+    drawTitle("Rounded sides and patterns", rightColumn, top);
+    Cells const cells(rightColumn, top, std::size(styles), { 57, 54 });
+    for (std::size_t i = 0; i < std::size(styles); ++i) {
+        auto const path = bezierPathWithRoundedRect(NSInsetRect(cells[i], 1, 1), 14, styles[i]);
         NSColor::colorWithPatternImage(samples.tile)->setFill();
         path->fill();
         NSColor::colorWithCalibratedRed(0.20F, 0.35F, 0.60F, 1)->setStroke();
         path->setLineWidth(2);
         path->stroke();
-        drawLabel(std::to_string(style), rect);
-        x += 74;
+        drawCaption("sides " + std::to_string(styles[i]), cells[i]);
     }
 }
 
 void drawLines()
 {
-    drawTitle("Lines", leftColumn, 466);
+    constexpr float top = 520;
+    drawTitle("Lines", leftColumn, top);
     struct Line {
         NSLineCapStyle cap;
         NSLineJoinStyle join;
@@ -234,9 +290,11 @@ void drawLines()
     Line const lines[] { { NSButtLineCapStyle, NSMiterLineJoinStyle, {} }, { NSRoundLineCapStyle, NSRoundLineJoinStyle, {} },
         { NSSquareLineCapStyle, NSBevelLineJoinStyle, {} }, { NSButtLineCapStyle, NSMiterLineJoinStyle, { 10, 5 } },
         { NSRoundLineCapStyle, NSRoundLineJoinStyle, { 0, 11 } } };
-    float x = leftColumn + 6;
-    for (auto const& line : lines) {
-        Rect const rect = fromTop(x, 496, 60, 36);
+    Cells const cells(leftColumn, top, std::size(lines), { 72, 44 });
+    constexpr char const* captions[] { "butt, miter", "round", "square, bevel", "dashed", "dotted" };
+    for (std::size_t i = 0; i < std::size(lines); ++i) {
+        auto const& line = lines[i];
+        Rect const rect = NSInsetRect(cells[i], 6, 6);
         auto const path = NSBezierPath::bezierPath();
         path->moveToPoint({ rect.x, rect.y });
         path->lineToPoint({ rect.midX(), rect.maxY() });
@@ -247,22 +305,25 @@ void drawLines()
         path->setLineDash(line.dash, 0);
         NSColor::colorWithCalibratedRed(0.25F, 0.55F, 0.45F, 1)->set();
         path->stroke();
-        x += 90;
+        drawCaption(captions[i], cells[i]);
     }
 }
 
 void drawHairlines()
 {
-    drawTitle("Frames and hairlines", rightColumn, 508);
-    float x = rightColumn;
-    for (float const width : { 0.5F, 1.0F, 2.0F, 3.0F }) {
-        Rect const rect = fromTop(x, 534, 80, 44);
+    constexpr float top = 520;
+    constexpr float widths[] { 0.5F, 1, 2, 3 };
+    constexpr char const* captions[] { "half a point", "1 point", "2 points", "3 points" };
+    drawTitle("Frames and hairlines", rightColumn, top);
+    Cells const cells(rightColumn, top, std::size(widths), { 84, 44 });
+    for (std::size_t i = 0; i < std::size(widths); ++i) {
+        Rect const rect = cells[i];
         NSColor::textColor()->set();
-        NSFrameRectWithWidth(rect, width);
+        NSFrameRectWithWidth(rect, widths[i]);
         NSColor::gridColor()->set();
         for (float y = rect.y + 8; y < rect.maxY() - 4; y += 8)
-            NSRectFill({ rect.x + 6, y, 68, 1 });
-        x += 110;
+            NSRectFill({ rect.x + 6, y, rect.width - 12, 1 });
+        drawCaption(captions[i], rect);
     }
 }
 
@@ -294,10 +355,10 @@ void PictureView::drawRect(Rect dirty)
     auto const& shown = samples();
     drawStretched(shown);
     drawComposed(shown);
-    drawTitle("Badged, at each alignment", leftColumn, 166);
-    drawRow(shown.badged, leftColumn, 190, 40, 8);
-    drawTitle("Recoloured", leftColumn, 256);
-    drawRow(shown.recolored, leftColumn, 280, 40, 16);
+    drawTitle("Badged, at each alignment", leftColumn, 228);
+    drawRow(shown.badged, Cells(leftColumn, 228, shown.badged.size(), { 40, 40 }));
+    drawTitle("Recoloured", leftColumn, 316);
+    drawRow(shown.recolored, Cells(leftColumn, 316, shown.recolored.size(), { 40, 40 }));
     drawShadings();
     drawLines();
     drawOperations(shown);
