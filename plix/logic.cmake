@@ -1,5 +1,5 @@
-# The sources of plix::logic, which needs nothing but the standard library. base/ and bitstream/ belong to it whole;
-# of the other folders the plans and value functions named here.
+#The sources of plix::logic, which needs nothing but the standard library.base / and bitstream / belong to it whole;
+#of the other folders the plans and value functions named here.
 file(GLOB PLIX_LOGIC_SOURCES CONFIGURE_DEPENDS platform/base/*.cpp bitstream/*.cpp)
 list(APPEND PLIX_LOGIC_SOURCES
     controls/chiseled_popup_plan.cpp
@@ -18,6 +18,7 @@ list(APPEND PLIX_LOGIC_SOURCES
     format/file_size_text.cpp
     format/number_text.cpp
     format/time_interval_text.cpp
+    platform/appkit/button_layout.cpp
     platform/appkit/cell_layout.cpp
     platform/appkit/drag_operations.cpp
     platform/appkit/key_bindings.cpp

@@ -154,20 +154,13 @@ void NSScroller::drawArrow(NSScrollerArrow arrow, bool isHighlighted)
 // Called whenever the geometry changes, which is when the tracking rectangle has to follow.
 void NSScroller::resetCursorRects()
 {
-    if (m_trackingRect)
-        removeTrackingRect(m_trackingRect);
-    auto const* ownWindow = window();
-    Point const pointer = ownWindow ? convertPointFromView(ownWindow->mouseLocationOutsideOfEventStream(), nullptr) : Point {};
-    bool const isInside = ownWindow && mouseInRect(pointer, bounds());
-    m_trackingRect = addTrackingRect(bounds(), this, nullptr, isInside);
-    setHovered(isInside);
+    setHovered(m_hoverArea.follow(*this));
 }
 
 void NSScroller::viewWillMoveToWindow(NSWindow* newWindow)
 {
     Base::viewWillMoveToWindow(newWindow);
-    if (m_trackingRect)
-        removeTrackingRect(std::exchange(m_trackingRect, 0));
+    m_hoverArea.end(*this);
     m_isHovered = false;
 }
 

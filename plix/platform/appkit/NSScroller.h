@@ -1,5 +1,6 @@
 #pragma once
 
+#include <plix/platform/appkit/HoverArea.h>
 #include <plix/platform/appkit/NSControl.h>
 #include <plix/platform/appkit/scroller_geometry.h>
 
@@ -79,7 +80,7 @@ private:
 
     ScrollerState m_state;
     NSScrollerPart m_hitPart { NSScrollerNoPart };
-    NSTrackingRectTag m_trackingRect { 0 };
+    HoverArea m_hoverArea;
     bool m_isHovered { false };
 };
 

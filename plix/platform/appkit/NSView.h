@@ -149,6 +149,9 @@ public:
     Ref<NSBitmapImageRep> bitmapImageRepForCachingDisplayInRect(Rect, float scale = 1);
     /// Draws the view and its subviews into the current context, whose coordinates are to be the view's.
     void drawHierarchyInCurrentContext(Rect);
+    /// Whether controls in the view are to look as in a window that takes the keyboard, or whose sheet does; also without a window.
+    /// Asks upwards, so that a view may answer for those in it.
+    virtual bool looksActive() const;
     NSFocusRingType focusRingType() const { return m_focusRingType; }
     void setFocusRingType(NSFocusRingType);
     /// The area in which a focus ring around the view is drawn, marked dirty.

@@ -193,4 +193,14 @@ void NSView::setKeyboardFocusRingNeedsDisplayInRect(Rect rect)
         m_superview->markDirty(NSInsetRect(convertRectToView(rect, m_superview), -focusRingWidth, -focusRingWidth));
 }
 
+bool NSView::looksActive() const
+{
+    if (m_superview)
+        return m_superview->looksActive();
+    if (!m_window)
+        return true;
+    auto const* sheet = m_window->attachedSheet();
+    return m_window->isKeyWindow() || (sheet && sheet->isKeyWindow());
+}
+
 }

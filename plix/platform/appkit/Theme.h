@@ -28,6 +28,21 @@ struct ControlLook {
 
 enum class FieldShape { square, round };
 
+enum class ButtonFace;
+enum NSBezelStyle : int;
+
+/// How a button's face is drawn beyond its state.
+struct ButtonLook {
+    ControlLook control;
+    NSBezelStyle style {};
+    bool isOn { false };
+    /// What Return presses: filled with the highlight colour.
+    bool isDefault { false };
+    /// Corners are square on the sides where another segment joins.
+    bool joinsLeft { false };
+    bool joinsRight { false };
+};
+
 /// Draws the chrome of all controls, so that they look like one family: light and dark by the current appearance, crisp at every
 /// scale. Controls work out rectangles and states and hold no colours. Everything is drawn into the current context, in flipped
 /// coordinates: the top is at the smallest y.
@@ -57,6 +72,15 @@ public:
     void drawFieldBezel(Rect, FieldShape, ControlLook const&, NSColor const* background = nullptr) const;
     /// Just inside the rectangle.
     void drawFocusRing(Rect, FieldShape) const;
+
+    // Buttons.
+    void drawButtonBezel(Rect, ButtonLook const&) const;
+    /// A check box or radio button.
+    void drawIndicator(Rect, ButtonFace, int state, ButtonLook const&) const;
+    /// What text and template images on that face are drawn in.
+    Ref<NSColor> const& buttonTextColor(ButtonLook const&) const;
+    /// A disclosure triangle, pointing right (off) or down (on).
+    void drawDisclosureTriangle(Rect, bool isOpen, ControlLook const&) const;
 
     // Scrollers.
     static float scrollerWidth(NSControlSize);

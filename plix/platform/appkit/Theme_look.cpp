@@ -8,11 +8,9 @@ namespace plix {
 ControlLook Theme::lookOfView(NSView const& view)
 {
     ControlLook look;
-    if (auto const* window = view.window()) {
-        auto const* sheet = window->attachedSheet();
-        look.isWindowActive = window->isKeyWindow() || (sheet && sheet->isKeyWindow());
+    look.isWindowActive = view.looksActive();
+    if (auto const* window = view.window())
         look.isFocused = window->firstResponder() == &view;
-    }
     return look;
 }
 

@@ -2,6 +2,8 @@
 
 #include <plix/platform/appkit/NSActionCell.h>
 #include <plix/platform/appkit/NSApplication.h>
+#include <plix/platform/appkit/NSButton.h>
+#include <plix/platform/appkit/NSButtonCell.h>
 #include <plix/platform/appkit/NSClipView.h>
 #include <plix/platform/appkit/NSCursor.h>
 #include <plix/platform/appkit/NSDocument.h>
@@ -37,6 +39,8 @@ void registerAppKitClasses()
     NSTextFieldCell::staticClass();
     NSControl::staticClass();
     NSTextField::staticClass();
+    NSButtonCell::staticClass();
+    NSButton::staticClass();
     NSScroller::staticClass();
     NSClipView::staticClass();
     NSScrollView::staticClass();

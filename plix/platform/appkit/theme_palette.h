@@ -27,6 +27,22 @@ enum class ThemeRole {
     scrollerKnobHovered,
     scrollerKnobPressed,
     scrollerKnobDisabled,
+    buttonTop, ///< a push button's face, from top to bottom
+    buttonBottom,
+    buttonBorder,
+    buttonEdge, ///< its lower border, which is darker
+    buttonHoveredTop,
+    buttonHoveredBottom,
+    buttonPressedTop,
+    buttonPressedBottom,
+    buttonDisabled,
+    buttonDisabledBorder,
+    buttonText,
+    buttonDisabledText,
+    buttonOnTop, ///< a button that is on, and the face of checked boxes
+    buttonOnBottom,
+    buttonOnBorder,
+    buttonOnText,
     iconFolder,
     iconFolderEdge,
     iconFolderOnSelection,
