@@ -68,10 +68,10 @@ void NSActionCell::looksChanged()
         control->updateCell(*this);
 }
 
-void NSActionCell::willSetValue()
+void NSActionCell::didSetValue()
 {
-    if (auto* control = m_control.get(); control && control->cell() == this)
-        control->abortEditing();
+    if (auto* control = isBeingEdited() ? m_control.get() : nullptr)
+        control->editedCellChanged({}, *this);
 }
 
 void NSActionCell::copyStateTo(NSObject& fresh) const

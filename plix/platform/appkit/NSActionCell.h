@@ -26,12 +26,13 @@ public:
     void setAction(Selector) override;
     void setActionFunction(Ref<NSObject> const& target, ActionFunction) override;
     void sendAction() override;
+    bool hasAction() const override { return m_action || m_function; }
     void setControlView(NSView*) override;
 
 protected:
     // NSCell:
     void looksChanged() override;
-    void willSetValue() override;
+    void didSetValue() override;
     void copyStateTo(NSObject& fresh) const override;
 
 private:

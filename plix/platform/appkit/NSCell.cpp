@@ -76,11 +76,11 @@ ObjectValue const& NSCell::objectValue() const
 
 void NSCell::takeValue(ObjectValue value, bool isValid)
 {
-    willSetValue();
     m_value = std::move(value);
     m_hasValidObject = isValid;
     m_textIsCurrent = false;
     looksChanged();
+    didSetValue();
 }
 
 void NSCell::setObjectValue(ObjectValue value)
@@ -467,6 +467,7 @@ void NSCell::copyStateTo(NSObject& fresh) const
     other.m_controlSize = m_controlSize;
     other.m_focusRingType = m_focusRingType;
     other.m_flags = m_flags;
+    other.m_flags.beingEdited = false;
     other.m_hasValidObject = m_hasValidObject;
 }
 

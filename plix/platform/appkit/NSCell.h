@@ -201,12 +201,22 @@ public:
     unsigned mouseDownFlags() const { return m_mouseDownFlags; }
     virtual void resetCursorRect(Rect frame, NSView& controlView);
 
-    // --- editing: through the field editor of the control's window; a plain cell is not edited ---
+    // --- editing: through the field editor of the control's window, for text cells ---
 
-    virtual void editWithFrame(Rect, NSView& /*controlView*/, NSText&, NSObject* /*delegate*/, NSEvent&) { }
-    virtual void selectWithFrame(Rect, NSView& /*controlView*/, NSText&, NSObject* /*delegate*/, long /*start*/, long /*length*/) {
-    }
-    virtual void endEditing(NSText&) { }
+    /// Puts the editor over the cell's text, gives it the keyboard and has it take the event, a press of the mouse. The delegate
+    /// is asked and told by its class's hooks; what it does about the end takes the value over. Nothing for a cell that is
+    /// neither editable nor selectable, and where the one who had the keyboard keeps it.
+    virtual void editWithFrame(Rect frame, NSView& controlView, NSText& editor, NSObject* delegate, NSEvent&);
+    /// The same, with a part of the text selected.
+    virtual void selectWithFrame(Rect frame, NSView& controlView, NSText& editor, NSObject* delegate, long start, long length);
+    /// Takes the editor away again; its text is the caller's to read before.
+    virtual void endEditing(NSText& editor);
+    /// Gives the editor the cell's looks before it edits; answers the editor.
+    virtual NSText& setUpFieldEditorAttributes(NSText& editor);
+    /// While an editor stands in the cell it draws no text of its own. Not copied.
+    bool isBeingEdited() const { return m_flags.beingEdited; }
+    /// What an editor begins with: the formatter's text for editing.
+    std::string editingStringValue() const;
 
     // --- target and action: NSActionCell has them ---
 
@@ -234,6 +244,7 @@ public:
     }
     /// Sends the action now, through the control that the cell is in.
     virtual void sendAction();
+    virtual bool hasAction() const { return false; }
 
     /// The context menu for an event over the cell, not kept alive by the answer; a plain cell has none.
     virtual NSMenu* menuForEvent(NSEvent&, Rect /*frame*/, NSView& /*controlView*/) { return nullptr; }
@@ -243,8 +254,8 @@ protected:
     virtual void looksChanged() { }
     /// Looks changed in a way that concerns how plain text is drawn: forgets textAttributes().
     void textLookChanged();
-    /// Told before a new value: an edit of the old one ends here.
-    virtual void willSetValue() { }
+    /// Told after a new value: an editor in the cell takes it up.
+    virtual void didSetValue() { }
     /// What plain text is drawn in.
     virtual Ref<NSColor> colorForText() const;
     /// Font, colour and paragraph style of plain text. Valid until the look changes.
@@ -275,12 +286,14 @@ private:
         bool scrollable : 1 = false;
         bool bordered : 1 = false;
         bool bezeled : 1 = false;
+        bool beingEdited : 1 = false;
     };
 
     void takeValue(ObjectValue, bool isValid);
     void sendActionOnEvent(unsigned eventMask);
     NSAttributedString* attributedValue() const;
     Size contentSize(float width) const;
+    bool beginEditing(Rect frame, NSView& controlView, NSText& editor, NSObject* delegate);
     float lineHeight() const;
 
     ObjectValue m_value;

@@ -139,10 +139,12 @@ ControlLook NSCell::lookInView(NSView& controlView) const
 void NSCell::drawInteriorWithFrame(Rect frame, NSView& controlView)
 {
     setControlView(&controlView);
-    if (type() == NSTextCellType)
-        drawText(titleRectForBounds(frame));
-    else if (auto* picture = image())
+    if (type() == NSTextCellType) {
+        if (!isBeingEdited())
+            drawText(titleRectForBounds(frame));
+    } else if (auto* picture = image()) {
         Theme::drawImage(*picture, centredImageRect(imageRectForBounds(frame), picture->size()), isEnabled());
+    }
 }
 
 void NSCell::drawText(Rect rect) const

@@ -3,6 +3,7 @@
 #include <plix/platform/appkit/NSApplication.h>
 #include <plix/platform/appkit/NSEvent.h>
 #include <plix/platform/appkit/NSWindow.h>
+#include <plix/platform/appkit/field_editing.h>
 #include <plix/platform/graphics/FocusLock.h>
 #include <plix/platform/graphics/NSAttributedString.h>
 
@@ -67,10 +68,18 @@ template <typename Result, typename Read> Result read(NSCell const* cell, Result
 
 }
 
+/// The selected cell, an edit in progress taken in.
+NSCell const* NSControl::upToDateCell() const
+{
+    if (m_editor && !m_isTakingValue)
+        const_cast<NSControl*>(this)->validateEditing();
+    return selectedCell();
+}
+
 ObjectValue const& NSControl::objectValue() const
 {
     static ObjectValue const s_nil;
-    auto const* cell = selectedCell();
+    auto const* cell = upToDateCell();
     return cell ? cell->objectValue() : s_nil;
 }
 
@@ -83,7 +92,7 @@ void NSControl::setObjectValue(ObjectValue value)
 std::string const& NSControl::stringValue() const
 {
     static std::string const s_empty;
-    auto const* cell = selectedCell();
+    auto const* cell = upToDateCell();
     return cell ? cell->stringValue() : s_empty;
 }
 
@@ -95,7 +104,7 @@ void NSControl::setStringValue(std::string_view text)
 
 Ref<NSAttributedString> NSControl::attributedStringValue() const
 {
-    auto const* cell = selectedCell();
+    auto const* cell = upToDateCell();
     return cell ? cell->attributedStringValue() : make<NSAttributedString>();
 }
 
@@ -107,7 +116,7 @@ void NSControl::setAttributedStringValue(Ref<NSAttributedString> const& text)
 
 int NSControl::intValue() const
 {
-    return read(selectedCell(), 0, [](auto& cell) { return cell.intValue(); });
+    return read(upToDateCell(), 0, [](auto& cell) { return cell.intValue(); });
 }
 
 void NSControl::setIntValue(int value)
@@ -118,7 +127,7 @@ void NSControl::setIntValue(int value)
 
 float NSControl::floatValue() const
 {
-    return read(selectedCell(), 0.F, [](auto& cell) { return cell.floatValue(); });
+    return read(upToDateCell(), 0.F, [](auto& cell) { return cell.floatValue(); });
 }
 
 void NSControl::setFloatValue(float value)
@@ -129,7 +138,7 @@ void NSControl::setFloatValue(float value)
 
 double NSControl::doubleValue() const
 {
-    return read(selectedCell(), 0.0, [](auto& cell) { return cell.doubleValue(); });
+    return read(upToDateCell(), 0.0, [](auto& cell) { return cell.doubleValue(); });
 }
 
 void NSControl::setDoubleValue(double value)
@@ -380,6 +389,40 @@ NSMenu* NSControl::menuForEvent(NSEvent& event)
     auto* cell = this->cell();
     auto* menu = cell ? cell->menuForEvent(event, bounds(), *this) : nullptr;
     return menu ? menu : Base::menuForEvent(event);
+}
+
+// MARK: editing
+
+bool NSControl::abortEditing()
+{
+    Ref<NSControl> const protector(this);
+    Ref<NSText> const editor(currentEditor());
+    Ref<NSCell> const edited(selectedCell());
+    if (!editor || !edited)
+        return false;
+    edited->endEditing(*editor);
+    return true;
+}
+
+void NSControl::validateEditing()
+{
+    Ref<NSText> const editor(currentEditor());
+    Ref<NSCell> const edited(selectedCell());
+    if (!editor || !edited || !edited->isBeingEdited() || m_isTakingValue)
+        return;
+    m_isTakingValue = true;
+    takeEditedText(*edited, *editor);
+    m_isTakingValue = false;
+}
+
+void NSControl::editedCellChanged(Badge<NSActionCell>, NSCell& cell)
+{
+    Ref<NSText> const editor(currentEditor());
+    if (!editor || m_isTakingValue || &cell != selectedCell())
+        return;
+    auto const text = cell.editingStringValue();
+    if (editor->string() != text)
+        editor->setString(text);
 }
 
 // MARK: events

@@ -1,9 +1,12 @@
 #pragma once
 
 #include <plix/platform/appkit/NSCell.h>
+#include <plix/platform/appkit/NSText.h>
 #include <plix/platform/appkit/NSView.h>
 
 namespace plix {
+
+class NSActionCell;
 
 /// A view that lets a cell do its work: draw a value, follow the mouse, send an action. Setters reach the cell, which says when
 /// something is to be drawn anew. A control without a cell reads as 0, "" and nil, and takes no events.
@@ -101,11 +104,16 @@ public:
     virtual void updateCellInside(NSCell&);
     virtual void selectCell(NSCell&);
 
-    // Editing: controls that edit text override these.
-    /// Ends an edit in progress without taking its text. False where there is none.
-    virtual bool abortEditing() { return false; }
-    /// Takes the text of an edit in progress over as the value.
-    virtual void validateEditing() { }
+    // Editing.
+    /// The editor that stands in one of the control's cells now, or null.
+    NSText* currentEditor() const { return m_editor.get(); }
+    /// Ends an edit in progress without taking its text, and gives the keyboard away. False where there is none.
+    virtual bool abortEditing();
+    /// Takes the text of an edit in progress over as the value, as far as the formatter takes it.
+    virtual void validateEditing();
+    /// Told by cells.
+    void setCurrentEditor(Badge<NSCell>, NSText* editor) { m_editor = editor; }
+    void editedCellChanged(Badge<NSActionCell>, NSCell&);
 
     // NSView:
     bool isFlipped() const override { return true; }
@@ -122,9 +130,12 @@ public:
 
 private:
     void trackMouse(NSEvent& press);
+    NSCell const* upToDateCell() const;
 
     Ref<NSCell> m_cell;
+    Weak<NSText> m_editor;
     bool m_ignoresMultiClick { false };
+    bool m_isTakingValue { false };
 };
 
 }

@@ -1,7 +1,11 @@
 #include <plix/platform/appkit/NSTextField.h>
 
+#include <plix/platform/appkit/NSApplication.h>
 #include <plix/platform/appkit/NSEvent.h>
 #include <plix/platform/appkit/NSTextFieldCell.h>
+#include <plix/platform/appkit/NSTextView.h>
+#include <plix/platform/appkit/NSWindow.h>
+#include <plix/platform/appkit/NSWindow_internal.h>
 #include <plix/platform/graphics/NSColor.h>
 
 #include <cassert>
@@ -10,6 +14,10 @@ namespace plix {
 
 PLIX_DESCRIBE(NSTextField)
 {
+    description.fillsHooks<NSTextViewDelegate>()
+        .hookOutlet("delegate", &NSTextField::takeHooks)
+        .action("selectText:", &NSTextField::selectText)
+        .action("cancelOperation:", &NSTextField::cancelOperation);
 }
 
 static Class const* s_cellClass { nullptr };
@@ -155,13 +163,22 @@ bool NSTextField::acceptsFirstResponder() const
     return isSelectable() && Base::acceptsFirstResponder();
 }
 
-// A label has nothing to press: whoever is behind it does.
+// A label has nothing to press: whoever is behind it does. A press that made the field first responder has begun the edit already.
 void NSTextField::mouseDown(NSEvent& event)
 {
-    if (isSelectable())
-        Base::mouseDown(event);
-    else
+    Ref<NSTextField> const protector(this);
+    if (!isSelectable() || !isEnabled()) {
         NSView::mouseDown(event);
+        return;
+    }
+    if (Ref<NSText> const editor = currentEditor()) {
+        editor->mouseDown(event);
+        return;
+    }
+    Ref<NSWindow> const ownWindow(window());
+    auto* const editor = ownWindow ? dynamic_cast<NSText*>(ownWindow->fieldEditor(true, this)) : nullptr;
+    if (editor)
+        cell()->editWithFrame(bounds(), *this, *editor, this, event);
 }
 
 bool NSTextField::mouseDownCanMoveWindow() const

@@ -1,5 +1,6 @@
 #include <plix/platform/appkit/NSTextFieldCell.h>
 
+#include <plix/platform/appkit/NSText.h>
 #include <plix/platform/appkit/Theme.h>
 #include <plix/platform/appkit/cell_layout.h>
 #include <plix/platform/base/utf16.h>
@@ -112,6 +113,16 @@ void NSTextFieldCell::drawWithFrame(Rect frame, NSView& controlView)
     drawInteriorWithFrame(frame, controlView);
     if (drawsFocusRing(controlView))
         theme.drawFocusRing(frame, shape());
+}
+
+NSText& NSTextFieldCell::setUpFieldEditorAttributes(NSText& editor)
+{
+    Base::setUpFieldEditorAttributes(editor);
+    if (m_drawsBackground && m_backgroundColor) {
+        editor.setDrawsBackground(true);
+        editor.setBackgroundColor(m_backgroundColor);
+    }
+    return editor;
 }
 
 Ref<NSColor> NSTextFieldCell::colorForText() const

@@ -36,6 +36,8 @@ public:
     // NSCell:
     bool isOpaque() const override;
     void drawWithFrame(Rect frame, NSView& controlView) override;
+    /// A cell that draws a background gives it to the editor; one that does not leaves the editor's own.
+    NSText& setUpFieldEditorAttributes(NSText& editor) override;
 
 protected:
     // NSCell:

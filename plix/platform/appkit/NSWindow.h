@@ -226,12 +226,10 @@ public:
     void setDefaultButton(NSResponder*);
     void enableKeyEquivalentForDefaultButtonCell();
     void disableKeyEquivalentForDefaultButtonCell();
-    /// How windows make their editor; installed by the text classes.
-    static void setFieldEditorMaker(std::function<Ref<NSResponder>(NSWindow&)>);
     /// The one editor that the window's fields share, made when first asked for and wanted; the delegate may give another. Null
     /// where there is none and none is to be made.
     virtual NSResponder* fieldEditor(bool createWhenNeeded, NSObject* forObject);
-    /// Takes the editing away from the field that has it.
+    /// Takes the editing away from the field that has it, without its text where that is refused.
     virtual void endEditingFor(NSObject*);
 
     // Display.

@@ -126,16 +126,20 @@ void NSWindow::keyDown(NSEvent& event)
         else
             selectNextKeyView(this);
         return;
-    case NSCarriageReturnCharacter:
-    case NSEnterCharacter:
-        if (Ref<NSResponder> const button = defaultButton();
-            button && m->isDefaultButtonEnabled && button->perform(Selector("performClick:"), this))
-            return;
-        break;
     default:
         break;
     }
-    noResponderFor(Selector("keyDown:"));
+    if (!m->pressDefaultButton(event))
+        noResponderFor(Selector("keyDown:"));
+}
+
+bool NSWindow::Internals::pressDefaultButton(NSEvent const& key)
+{
+    auto const character = key.characterIgnoringModifiers();
+    if (character != NSCarriageReturnCharacter && character != NSEnterCharacter)
+        return false;
+    Ref<NSResponder> const button(defaultButton.get());
+    return button && isDefaultButtonEnabled && button->perform(Selector("performClick:"), &self);
 }
 
 bool NSWindow::performKeyEquivalent(NSEvent& event)

@@ -81,6 +81,7 @@ struct NSWindow::Internals final : HostWindowClient {
     Ref<NSResponder> fieldEditor;
     Weak<NSResponder> defaultButton;
     Ref<NSUndoManager> undoManager;
+    long responderChanges { 0 };
     bool isDefaultButtonEnabled { true };
     bool autorecalculatesKeyViewLoop { false };
     NSSelectionDirection selectionDirection { NSDirectSelection };
@@ -141,6 +142,9 @@ struct NSWindow::Internals final : HostWindowClient {
     void orderOut();
     void leaveScreen();
     void selectInitialFirstResponder();
+    void takeKeyboardAway(NSResponder* next);
+    /// False for another key than Return and Enter, and where there is no such button.
+    bool pressDefaultButton(NSEvent const& key);
     void post(char const* name, Hook<void(NSNotification const&)> NSWindowDelegate::*hook);
     void drawBackground(NSGraphicsContext&, std::span<Rect const>);
     void drawRegion(Region const&);

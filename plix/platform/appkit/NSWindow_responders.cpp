@@ -1,4 +1,6 @@
 #include <plix/platform/appkit/NSApplication_internal.h>
+#include <plix/platform/appkit/NSControl.h>
+#include <plix/platform/appkit/NSTextView.h>
 #include <plix/platform/appkit/NSWindow.h>
 #include <plix/platform/appkit/NSWindow_internal.h>
 #include <plix/platform/appkit/reading_order.h>
@@ -8,12 +10,6 @@
 namespace plix {
 
 namespace {
-
-std::function<Ref<NSResponder>(NSWindow&)>& fieldEditorMaker()
-{
-    static auto& s_maker = *new std::function<Ref<NSResponder>(NSWindow&)>;
-    return s_maker;
-}
 
 void collectInReadingOrder(NSView& view, std::vector<NSView*>& into)
 {
@@ -61,8 +57,13 @@ bool NSWindow::makeFirstResponder(NSResponder* wanted)
         return true;
     if (next != this && !next->acceptsFirstResponder())
         return false;
+    auto const changes = m->responderChanges;
     if (!before->resignFirstResponder())
         return false;
+    // Who resigned may have handed the keyboard on: a field that Tab ends.
+    if (m->responderChanges != changes && m->firstResponder)
+        return next == this || m->firstResponder == next.get();
+    ++m->responderChanges;
     m->firstResponder = next == this ? nullptr : next.get();
     if (next->becomeFirstResponder())
         return true;
@@ -203,30 +204,37 @@ void NSWindow::disableKeyEquivalentForDefaultButtonCell()
 
 // Field editor.
 
-void NSWindow::setFieldEditorMaker(std::function<Ref<NSResponder>(NSWindow&)> maker)
-{
-    fieldEditorMaker() = std::move(maker);
-}
-
 NSResponder* NSWindow::fieldEditor(bool createWhenNeeded, NSObject* client)
 {
     Ref<NSWindow> const protector(this);
     if (auto* const other = m->hooks.windowWillReturnFieldEditor(*this, client))
         return other;
-    if (!m->fieldEditor && createWhenNeeded && fieldEditorMaker())
-        m->fieldEditor = fieldEditorMaker()(*this);
+    if (!m->fieldEditor && createWhenNeeded) {
+        auto const editor = make<NSTextView>();
+        editor->setFieldEditor(true);
+        m->fieldEditor = editor;
+    }
     return m->fieldEditor.get();
 }
 
 void NSWindow::endEditingFor(NSObject*)
 {
     Ref<NSWindow> const protector(this);
-    auto* const editor = m->fieldEditor.get();
-    if (!editor || firstResponder() != editor)
+    if (m->fieldEditor && firstResponder() == m->fieldEditor.get())
+        m->takeKeyboardAway(nullptr);
+}
+
+/// Also from one that refuses: what is in its editor is lost then.
+void NSWindow::Internals::takeKeyboardAway(NSResponder* next)
+{
+    Ref<NSWindow> const protector(self);
+    Ref<NSResponder> const before(self.firstResponder());
+    if (self.makeFirstResponder(next) || firstResponder != before.get())
         return;
-    // Also an editor that refuses loses the keyboard.
-    if (!makeFirstResponder(nullptr) && firstResponder() == editor)
-        m->firstResponder = nullptr;
+    auto* const text = dynamic_cast<NSText*>(before.get());
+    if (Ref<NSControl> const control { text ? dynamic_cast<NSControl*>(text->delegate()) : nullptr })
+        control->abortEditing();
+    firstResponder = nullptr;
 }
 
 // What views tell.
@@ -235,10 +243,8 @@ void NSWindow::Internals::viewWillLeave(NSView& view)
 {
     tracking.forgetView(view);
     if (auto* const responder = dynamic_cast<NSView*>(firstResponder.get()); responder == &view) {
-        Ref<NSWindow> const protector(self);
         Ref<NSView> const leaving(view);
-        if (!self.makeFirstResponder(nullptr) && firstResponder == &view)
-            firstResponder = nullptr;
+        takeKeyboardAway(nullptr);
     }
     for (auto* const pressed : { &pressedView, &rightPressedView, &otherPressedView }) {
         if (*pressed == &view)
@@ -253,8 +259,7 @@ void NSWindow::Internals::viewWasHidden(NSView& view)
         return;
     Ref<NSWindow> const protector(self);
     auto* const next = responder->nextValidKeyView();
-    if (!self.makeFirstResponder(next && next->canBecomeKeyView() ? next : nullptr))
-        firstResponder = nullptr;
+    takeKeyboardAway(next && next->canBecomeKeyView() ? next : nullptr);
 }
 
 }

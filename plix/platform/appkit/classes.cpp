@@ -16,6 +16,7 @@
 #include <plix/platform/appkit/NSScroller.h>
 #include <plix/platform/appkit/NSTextField.h>
 #include <plix/platform/appkit/NSTextFieldCell.h>
+#include <plix/platform/appkit/NSTextView.h>
 #include <plix/platform/appkit/NSWindowController.h>
 
 namespace plix {
@@ -41,6 +42,8 @@ void registerAppKitClasses()
     NSTextField::staticClass();
     NSButtonCell::staticClass();
     NSButton::staticClass();
+    NSText::staticClass();
+    NSTextView::staticClass();
     NSScroller::staticClass();
     NSClipView::staticClass();
     NSScrollView::staticClass();

@@ -55,11 +55,12 @@ Class::Outlet const* Class::outlet(std::string_view name) const
 
 HookSource Class::hookSource(NSObject& object) const
 {
+    auto source = HookSource::pack<>(Ref<NSObject>(object));
     for (auto const* current = this; current; current = current->m_superclass) {
         if (current->m_packHooks)
-            return current->m_packHooks(object);
+            source.add(current->m_packHooks(object));
     }
-    return HookSource::pack<>(Ref<NSObject>(object));
+    return source;
 }
 
 std::string const& Class::bundleName() const

@@ -2,7 +2,9 @@
 
 #include <plix/platform/base/Weak.h>
 
+#include <algorithm>
 #include <functional>
+#include <iterator>
 #include <typeindex>
 #include <typeinfo>
 #include <vector>
@@ -21,9 +23,16 @@ public:
         if (!object)
             return source;
         source.m_object = Weak<NSObject>(object);
-        (source.m_fillers.push_back({ typeid(Sets), &fillSet<Sets, T> }), ...);
-        source.m_typedObject = object.get();
+        (source.m_fillers.push_back({ typeid(Sets), &fillSet<Sets, T>, object.get() }), ...);
         return source;
+    }
+    /// With the sets of another source for the same object, those that it has already excepted.
+    void add(HookSource const& other)
+    {
+        auto const isMissing = [this](Filler const& filler) {
+            return std::none_of(m_fillers.begin(), m_fillers.end(), [&](Filler const& own) { return own.set == filler.set; });
+        };
+        std::copy_if(other.m_fillers.begin(), other.m_fillers.end(), std::back_inserter(m_fillers), isMissing);
     }
 
     NSObject* object() const { return m_object.get(); }
@@ -36,7 +45,7 @@ public:
             return set;
         for (auto const& filler : m_fillers) {
             if (filler.set == typeid(Set))
-                filler.fill(&set, m_typedObject);
+                filler.fill(&set, filler.typedObject);
         }
         return set;
     }
@@ -45,6 +54,7 @@ private:
     struct Filler {
         std::type_index set;
         void (*fill)(void* set, void* object);
+        void* typedObject;
     };
 
     template <typename Set, typename T> static void fillSet(void* set, void* object)
@@ -53,7 +63,6 @@ private:
     }
 
     Weak<NSObject> m_object;
-    void* m_typedObject { nullptr };
     std::vector<Filler> m_fillers;
 };
 

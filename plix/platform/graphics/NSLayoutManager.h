@@ -70,7 +70,7 @@ public:
     float defaultLineHeightForFont(NSFont const&) const;
 
     /// Told by the storage and the container.
-    void textStorageEdited(NSRange range, long changeInLength);
+    virtual void textStorageEdited(NSRange range, long changeInLength);
     void textContainerChangedGeometry(NSTextContainer const&);
 
     /// The layout itself, for carets and selections.
