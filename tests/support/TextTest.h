@@ -51,6 +51,17 @@ protected:
         return editor();
     }
     NSTextView& editor() const { return dynamic_cast<NSTextView&>(*window->fieldEditor(true, nullptr)); }
+    struct Marked {
+        std::string text;
+        NSRange selection;
+    };
+    /// The other way round.
+    static Marked parse(std::string_view marked);
+    NSTextView& editMarked(std::string_view marked)
+    {
+        auto const wanted = parse(marked);
+        return edit(wanted.text, wanted.selection);
+    }
     /// The text with [ and ] around the selection, or a | for the caret.
     static std::string marked(NSTextView const& view)
     {

@@ -132,6 +132,8 @@ void NSTextField::goOnAfter(int movement)
     Ref<NSWindow> const ownWindow(window());
     if (!ownWindow || ownWindow->firstResponder() != ownWindow.get() || movement == NSOtherTextMovement)
         return;
+    if (ownWindow->autorecalculatesKeyViewLoop())
+        ownWindow->recalculateKeyViewLoop();
     if (movement == NSTabTextMovement)
         ownWindow->selectKeyViewFollowingView(*this);
     else if (movement == NSBacktabTextMovement)

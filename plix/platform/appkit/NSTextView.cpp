@@ -269,14 +269,13 @@ void NSTextView::fitContainer()
 {
     float const height = m_container->containerSize().height;
     float const room = (m_isHorizontallyResizable ? m_minSize.width : frame().width) - 2 * m_inset.width;
-    float width = std::max(room, 0.F);
-    float const used = std::max(layout().usedRect().width, 0.F);
-    if (m_isHorizontallyResizable && (!isFieldEditor() || used + 1 > width))
-        width = 1e7F;
-    m_container->setContainerSize({ width, height });
+    float const width = std::max(room, 0.F);
+    bool const isLimited = !m_isHorizontallyResizable || (isFieldEditor() && layout().usedRect().width + 1 <= width);
+    m_container->setContainerSize({ isLimited ? width : 1e7F, height });
     auto const usedRect = layout().usedRect();
     auto const lastLine = layout().line(layout().numberOfLines() - 1).fragment;
-    m_usedSize = { usedRect.maxX() + 1 + 2 * m_inset.width, std::max(usedRect.maxY(), lastLine.maxY()) + 2 * m_inset.height };
+    float const usedWidth = isLimited ? width : usedRect.maxX() + 1;
+    m_usedSize = { usedWidth + 2 * m_inset.width, std::max(usedRect.maxY(), lastLine.maxY()) + 2 * m_inset.height };
     sizeToFit();
 }
 

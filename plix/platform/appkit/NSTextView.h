@@ -290,6 +290,7 @@ private:
     Size m_usedSize;
     long m_anchor { 0 };
     long m_end { 0 };
+    NSRange m_toldSelection;
     NSSelectionGranularity m_granularity { NSSelectByCharacter };
     NSTextMovement m_movement { NSOtherTextMovement };
     bool m_isHorizontallyResizable { false };

@@ -9,6 +9,7 @@
 #include <plix/platform/graphics/caret_stops.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace plix {
 
@@ -118,10 +119,9 @@ long NSTextView::roundedIndex(long index) const
 void NSTextView::moveSelection(long anchor, long end, bool keepsGoal)
 {
     Ref<NSTextView> const protector(this);
-    auto const before = selectedRange();
     auto const wanted = between(anchor, end);
     if (m_hooks.willChangeSelectionFromCharacterRange) {
-        auto const answer = m_hooks.willChangeSelectionFromCharacterRange(*this, before, wanted);
+        auto const answer = m_hooks.willChangeSelectionFromCharacterRange(*this, selectedRange(), wanted);
         if (answer != wanted) {
             anchor = roundedIndex(answer.location);
             end = roundedIndex(answer.end());
@@ -131,8 +131,10 @@ void NSTextView::moveSelection(long anchor, long end, bool keepsGoal)
     m_end = std::min(end, length());
     if (!keepsGoal)
         m_goalX.reset();
+    // An edit has moved the selection along, but nobody was told.
     auto const after = selectedRange();
-    if (m_coalescing && after != before)
+    auto const before = std::exchange(m_toldSelection, after);
+    if (after != before)
         m_coalescing = nullptr;
     restartCaret();
     if (after == before)
@@ -357,7 +359,7 @@ void NSTextView::scrollRangeToVisible(NSRange range)
         rect.y = shown.y;
         rect.height = shown.height;
     }
-    scrollRectToVisible(rect);
+    scrollRectToVisible(NSIntersectionRect(NSInsetRect(rect, -m_container->lineFragmentPadding(), 0), bounds()));
 }
 
 // MARK: the mouse

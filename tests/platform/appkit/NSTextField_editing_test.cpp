@@ -1,20 +1,813 @@
 #include <tests/support/TextTest.h>
 
+#include <plix/platform/appkit/NSTextFieldCell.h>
 #include <plix/platform/appkit/field_editing.h>
 #include <plix/platform/foundation/NSFormatter.h>
 #include <plix/platform/foundation/NSNotificationCenter.h>
+#include <plix/platform/foundation/NSUndoManager.h>
+#include <plix/platform/graphics/NSAttributedString.h>
 
 namespace plix {
 namespace {
 
-using NSTextField_ = TextTest;
+constexpr unsigned control = NSControlKeyMask;
+constexpr unsigned shift = NSShiftKeyMask;
+constexpr char32_t tab = NSTabCharacter;
+constexpr char32_t returnKey = NSCarriageReturnCharacter;
+constexpr char32_t escape = NSEscapeCharacter;
+constexpr char32_t backspace = NSDeleteCharacter;
 
-TEST_F(NSTextField_, TypesIntoTheFieldThatWasClicked)
+/// Whole numbers, shown as "<n>" and edited as "n".
+class NumberFormatter : public NSFormatter {
+public:
+    std::optional<std::string> stringForObjectValue(ObjectValue const& value) const override
+    {
+        return value.isNumber() ? std::optional("<" + std::to_string(value.intValue()) + ">") : std::nullopt;
+    }
+    std::optional<std::string> editingStringForObjectValue(ObjectValue const& value) const override
+    {
+        return value.isNumber() ? std::optional(std::to_string(value.intValue())) : std::nullopt;
+    }
+    bool getObjectValue(ObjectValue& value, std::optional<std::string_view> text, std::string& error) const override
+    {
+        if (!text || text->empty() || text->find_first_not_of("0123456789") != std::string_view::npos) {
+            error = "no number";
+            return false;
+        }
+        value = intValue(*text);
+        return true;
+    }
+    bool isPartialStringValid(std::string_view partial, std::string& instead, std::string& error) const override
+    {
+        if (partial.find('x') == std::string_view::npos)
+            return partial.size() <= longest;
+        error = "no x";
+        instead = replacement;
+        return false;
+    }
+    std::string replacement;
+    std::size_t longest { 100 };
+};
+
+class FieldDelegate : public NSObject {
+public:
+    bool textShouldBeginEditing(NSControl&, NSText&)
+    {
+        log += "begin? ";
+        return mayBegin;
+    }
+    bool textShouldEndEditing(NSControl&, NSText&)
+    {
+        log += "end? ";
+        return mayEnd;
+    }
+    bool didFailToFormatString(NSControl&, std::string_view text, std::string_view error)
+    {
+        log += "failed '" + std::string(text) + "' " + std::string(error) + " ";
+        return letsFailPass;
+    }
+    void didFailToValidatePartialString(NSControl&, std::string_view text, std::string_view error)
+    {
+        log += "partial '" + std::string(text) + "' " + std::string(error) + " ";
+    }
+    bool isValidObject(NSControl&, ObjectValue const& value)
+    {
+        log += "valid " + value.description() + "? ";
+        return isValid;
+    }
+    bool controlDoCommandBySelector(NSControl&, NSTextView&, Selector command) { return command == taken; }
+    void controlTextDidBeginEditing(NSNotification const&) { log += "begun "; }
+    void controlTextDidChange(NSNotification const&) { log += "changed "; }
+    void controlTextDidEndEditing(NSNotification const& notification)
+    {
+        log += "ended " + std::to_string(notification.userInfo.at("NSTextMovement").intValue()) + " ";
+    }
+
+    std::string log;
+    Selector taken;
+    bool mayBegin { true };
+    bool mayEnd { true };
+    bool letsFailPass { false };
+    bool isValid { true };
+};
+
+class NSTextFieldEditing : public TextTest {
+protected:
+    void SetUp() override
+    {
+        TextTest::SetUp();
+        second = addField({ 20, 200, 200, 22 }, "second");
+        third = addField({ 20, 160, 200, 22 }, "third");
+        window->recalculateKeyViewLoop();
+        field->setActionFunction([this](NSObject*) { log += "action '" + field->stringValue() + "' "; });
+    }
+    void begin(std::string_view text)
+    {
+        field->setStringValue(text);
+        window->makeFirstResponder(field.get());
+        pump();
+    }
+    Ref<FieldDelegate> addDelegate()
+    {
+        auto added = make<FieldDelegate>();
+        field->setDelegate(added);
+        return added;
+    }
+
+    Ref<NSTextField> second;
+    Ref<NSTextField> third;
+    std::string log;
+};
+
+TEST_F(NSTextFieldEditing, TypesIntoTheFieldThatWasClicked)
 {
     clickCenter(*field);
     type("hello");
     EXPECT_TRUE(isEditing(*field));
     EXPECT_EQ(field->stringValue(), "hello");
+}
+
+TEST_F(NSTextFieldEditing, TheKeyboardSelectsEverything)
+{
+    begin("some text");
+    EXPECT_EQ(marked(), "[some text]");
+    type("x");
+    EXPECT_EQ(field->stringValue(), "x");
+}
+
+TEST_F(NSTextFieldEditing, AClickPutsTheCaretWhereItIs)
+{
+    field->setStringValue("some text");
+    click(*field, { 195, 11 });
+    EXPECT_EQ(marked(), "some text|");
+    click(*field, { 3, 11 });
+    EXPECT_EQ(marked(), "|some text");
+}
+
+TEST_F(NSTextFieldEditing, OneEditorServesAllFieldsOfAWindow)
+{
+    begin("first");
+    auto const* const used = field->currentEditor();
+    window->makeFirstResponder(second.get());
+    EXPECT_EQ(second->currentEditor(), used);
+    EXPECT_EQ(field->currentEditor(), nullptr);
+    EXPECT_EQ(used->string(), "second");
+    auto const other = showWindow({ 500, 200, 200, 100 });
+    EXPECT_NE(other->fieldEditor(true, nullptr), used);
+}
+
+TEST_F(NSTextFieldEditing, TabTakesTheTextAndGoesOn)
+{
+    begin("first");
+    type("new");
+    key(tab);
+    EXPECT_TRUE(isEditing(*second));
+    EXPECT_EQ(marked(), "[second]");
+    EXPECT_EQ(field->cell()->stringValue(), "new");
+    EXPECT_EQ(log, "");
+}
+
+TEST_F(NSTextFieldEditing, BacktabGoesBackAndAroundTheLoop)
+{
+    begin("first");
+    key(tab, shift);
+    EXPECT_TRUE(isEditing(*third));
+    key(tab, shift);
+    EXPECT_TRUE(isEditing(*second));
+    key(tab);
+    key(tab);
+    EXPECT_TRUE(isEditing(*field));
+}
+
+TEST_F(NSTextFieldEditing, TabPassesDisabledHiddenAndReadOnlyFields)
+{
+    second->setEnabled(false);
+    third->setEditable(false);
+    third->setSelectable(true);
+    auto const fourth = addField({ 20, 120, 200, 22 });
+    fourth->setHidden(true);
+    auto const fifth = addField({ 20, 80, 200, 22 });
+    window->recalculateKeyViewLoop();
+    begin("first");
+    key(tab);
+    EXPECT_TRUE(isEditing(*fifth));
+}
+
+TEST_F(NSTextFieldEditing, TabInTheOnlyFieldSelectsItAgain)
+{
+    second->removeFromSuperview();
+    third->removeFromSuperview();
+    begin("only");
+    type("changed");
+    key(tab);
+    EXPECT_TRUE(isEditing(*field));
+    EXPECT_EQ(marked(), "[changed]");
+}
+
+TEST_F(NSTextFieldEditing, FollowsTheLoopThatWasSet)
+{
+    field->setNextKeyView(third.get());
+    begin("first");
+    key(tab);
+    EXPECT_TRUE(isEditing(*third));
+}
+
+TEST_F(NSTextFieldEditing, TabSendsTheActionWhereTheCellSaysSo)
+{
+    field->cell()->setSendsActionOnEndEditing(true);
+    begin("first");
+    type("x");
+    key(tab);
+    EXPECT_EQ(log, "action 'x' ");
+    EXPECT_TRUE(isEditing(*second));
+}
+
+TEST_F(NSTextFieldEditing, ReturnSendsTheActionAndSelectsEverything)
+{
+    begin("first");
+    type("typed");
+    key(returnKey);
+    EXPECT_EQ(log, "action 'typed' ");
+    EXPECT_TRUE(isEditing(*field));
+    EXPECT_EQ(marked(), "[typed]");
+}
+
+TEST_F(NSTextFieldEditing, EnterIsLikeReturn)
+{
+    begin("first");
+    key(NSEnterCharacter);
+    EXPECT_EQ(log, "action 'first' ");
+}
+
+TEST_F(NSTextFieldEditing, ReturnWithoutAnActionPressesTheDefaultButton)
+{
+    struct Button : NSControl {
+        void performClick(NSObject*) override { ++clicks; }
+        int clicks { 0 };
+    };
+    auto const button = make<Button>(Rect { 0, 0, 10, 10 });
+    window->setDefaultButton(button.get());
+    window->makeFirstResponder(second.get());
+    key(returnKey);
+    EXPECT_EQ(button->clicks, 1);
+    EXPECT_TRUE(isEditing(*second));
+    begin("with an action");
+    key(returnKey);
+    EXPECT_EQ(button->clicks, 1);
+}
+
+TEST_F(NSTextFieldEditing, AnActionMayGiveTheKeyboardAway)
+{
+    field->setActionFunction([&](NSObject*) { window->makeFirstResponder(third.get()); });
+    begin("first");
+    key(returnKey);
+    EXPECT_TRUE(isEditing(*third));
+}
+
+TEST_F(NSTextFieldEditing, AnActionMayCloseTheWindowOrTakeTheFieldOut)
+{
+    field->setActionFunction([&](NSObject*) { field->removeFromSuperview(); });
+    begin("first");
+    key(returnKey);
+    EXPECT_EQ(field->currentEditor(), nullptr);
+    second->setActionFunction([&](NSObject*) { window->close(); });
+    window->makeFirstResponder(second.get());
+    key(returnKey);
+    EXPECT_FALSE(window->isVisible());
+}
+
+TEST_F(NSTextFieldEditing, EscapeBringsTheOldTextBack)
+{
+    begin("before");
+    type("after");
+    key(escape);
+    EXPECT_EQ(field->stringValue(), "before");
+    EXPECT_TRUE(isEditing(*field));
+    EXPECT_EQ(marked(), "[before]");
+    EXPECT_EQ(log, "");
+}
+
+TEST_F(NSTextFieldEditing, EscapeWithoutAChangeGoesToTheWindowsButtons)
+{
+    struct Canceller : NSView {
+        bool performKeyEquivalent(NSEvent& event) override
+        {
+            presses += event.characterIgnoringModifiers() == NSEscapeCharacter ? 1 : 0;
+            return event.characterIgnoringModifiers() == NSEscapeCharacter;
+        }
+        int presses { 0 };
+    };
+    auto const canceller = make<Canceller>(Rect { 0, 0, 10, 10 });
+    window->contentView()->addSubview(*canceller);
+    begin("same");
+    key(escape);
+    EXPECT_EQ(canceller->presses, 1);
+    EXPECT_EQ(marked(), "[same]");
+    type("x");
+    key(escape);
+    EXPECT_EQ(canceller->presses, 1);
+}
+
+TEST_F(NSTextFieldEditing, AnEditInProgressIsTakenInWhenTheValueIsAsked)
+{
+    begin("1");
+    type("42");
+    EXPECT_EQ(field->stringValue(), "42");
+    EXPECT_EQ(field->intValue(), 42);
+    EXPECT_EQ(field->doubleValue(), 42);
+    EXPECT_EQ(*field->objectValue().string(), "42");
+    EXPECT_EQ(field->attributedStringValue()->string(), "42");
+    EXPECT_TRUE(isEditing(*field));
+}
+
+TEST_F(NSTextFieldEditing, ASetValueShowsInTheEditor)
+{
+    begin("old");
+    type("typed");
+    field->setStringValue("set");
+    EXPECT_TRUE(isEditing(*field));
+    EXPECT_EQ(marked(), "set|");
+    field->setIntValue(7);
+    EXPECT_EQ(marked(), "7|");
+    EXPECT_EQ(field->stringValue(), "7");
+}
+
+TEST_F(NSTextFieldEditing, AClickElsewhereEndsTheEdit)
+{
+    begin("old");
+    type("new");
+    clickCenter(*second);
+    EXPECT_EQ(field->cell()->stringValue(), "new");
+    EXPECT_TRUE(isEditing(*second));
+}
+
+TEST_F(NSTextFieldEditing, MakingTheWindowFirstResponderEndsTheEdit)
+{
+    begin("old");
+    type("new");
+    EXPECT_TRUE(window->makeFirstResponder(window.get()));
+    EXPECT_EQ(window->firstResponder(), window.get());
+    EXPECT_EQ(field->cell()->stringValue(), "new");
+    EXPECT_EQ(field->currentEditor(), nullptr);
+    EXPECT_TRUE(field->subviews().empty());
+}
+
+TEST_F(NSTextFieldEditing, AbortingDropsWhatWasTyped)
+{
+    begin("old");
+    type("new");
+    EXPECT_TRUE(field->abortEditing());
+    EXPECT_EQ(field->stringValue(), "old");
+    EXPECT_EQ(field->currentEditor(), nullptr);
+    EXPECT_EQ(window->firstResponder(), window.get());
+    EXPECT_FALSE(field->abortEditing());
+}
+
+TEST_F(NSTextFieldEditing, DisablingEndsTheEdit)
+{
+    begin("old");
+    field->setEnabled(false);
+    EXPECT_EQ(field->currentEditor(), nullptr);
+    clickCenter(*field);
+    type("x");
+    EXPECT_EQ(field->stringValue(), "old");
+}
+
+TEST_F(NSTextFieldEditing, ALabelIsNotEdited)
+{
+    auto const label = NSTextField::labelWithString("label");
+    window->contentView()->addSubview(*label);
+    clickCenter(*label);
+    type("x");
+    EXPECT_EQ(label->currentEditor(), nullptr);
+    EXPECT_EQ(label->stringValue(), "label");
+}
+
+TEST_F(NSTextFieldEditing, ASelectableFieldCopiesAndTakesNoText)
+{
+    field->setEditable(false);
+    field->setSelectable(true);
+    field->setStringValue("fixed");
+    click(*field, { 5, 11 }, { .count = 2 });
+    type("x");
+    key(backspace);
+    key(U'c', control);
+    EXPECT_EQ(field->stringValue(), "fixed");
+    EXPECT_EQ(clipboard(), "fixed");
+}
+
+TEST_F(NSTextFieldEditing, RemovingTheFieldEndsTheEdit)
+{
+    begin("old");
+    type("new");
+    field->removeFromSuperview();
+    EXPECT_EQ(field->currentEditor(), nullptr);
+    EXPECT_EQ(field->stringValue(), "new");
+    EXPECT_EQ(window->firstResponder(), window.get());
+    window->makeFirstResponder(second.get());
+    EXPECT_TRUE(isEditing(*second));
+}
+
+TEST_F(NSTextFieldEditing, RemovingWhatTheFieldIsInEndsTheEditToo)
+{
+    auto const box = make<NSView>(Rect { 200, 0, 200, 200 });
+    window->contentView()->addSubview(*box);
+    box->addSubview(*field);
+    begin("old");
+    type("new");
+    box->removeFromSuperview();
+    EXPECT_EQ(field->currentEditor(), nullptr);
+    EXPECT_EQ(field->stringValue(), "new");
+    EXPECT_TRUE(field->subviews().empty());
+}
+
+TEST_F(NSTextFieldEditing, HidingTheFieldGivesTheKeyboardOn)
+{
+    begin("old");
+    type("new");
+    field->setHidden(true);
+    EXPECT_EQ(field->currentEditor(), nullptr);
+    EXPECT_EQ(field->stringValue(), "new");
+}
+
+TEST_F(NSTextFieldEditing, AFieldMayGoAwayWhileItIsEdited)
+{
+    begin("old");
+    type("new");
+    Weak<NSTextField> const gone(field.get());
+    field->removeFromSuperview();
+    field = nullptr;
+    pump();
+    EXPECT_FALSE(gone);
+    window->makeFirstResponder(second.get());
+    type("x");
+    EXPECT_EQ(second->stringValue(), "x");
+}
+
+TEST_F(NSTextFieldEditing, UndoIsForgottenWithTheEdit)
+{
+    begin("old");
+    type("new");
+    key(U'z', control);
+    EXPECT_EQ(marked(), "[old]");
+    key(U'y', control);
+    EXPECT_EQ(field->stringValue(), "new");
+    key(tab);
+    EXPECT_FALSE(window->undoManager()->canUndo());
+    EXPECT_FALSE(window->undoManager()->canRedo());
+}
+
+TEST_F(NSTextFieldEditing, LineEndsBecomeBlanksInAFieldOnOneLine)
+{
+    setClipboard("one\ntwo\r\nthree");
+    begin("");
+    key(U'v', control);
+    EXPECT_EQ(field->stringValue(), "one two three");
+}
+
+TEST_F(NSTextFieldEditing, AWrappingFieldKeepsLineEnds)
+{
+    field->cell()->setWraps(true);
+    field->setFrame({ 20, 220, 200, 60 });
+    setClipboard("one\ntwo");
+    begin("");
+    key(U'v', control);
+    key(returnKey, NSAlternateKeyMask);
+    type("x");
+    EXPECT_EQ(field->stringValue(), "one\ntwo\nx");
+}
+
+TEST_F(NSTextFieldEditing, LongTextScrollsToTheCaret)
+{
+    begin(std::string(200, 'w'));
+    auto& view = editor();
+    key(NSEndFunctionKey);
+    EXPECT_TRUE(NSContainsRect(view.visibleRect(), view.caretRect()));
+    EXPECT_GT(view.visibleRect().x, 500);
+    key(NSHomeFunctionKey);
+    EXPECT_EQ(view.visibleRect().x, 0);
+    EXPECT_TRUE(NSContainsRect(view.visibleRect(), view.caretRect()));
+}
+
+TEST_F(NSTextFieldEditing, TheEditorStandsWhereTheTextIsDrawn)
+{
+    begin("some text");
+    auto const text = field->cell()->titleRectForBounds(field->bounds());
+    EXPECT_EQ(editor().convertRectToView(editor().visibleRect(), field.get()), text);
+    field->setFrameSize({ 300, 22 });
+    EXPECT_EQ(editor().convertRectToView(editor().visibleRect(), field.get()), field->cell()->titleRectForBounds(field->bounds()));
+}
+
+TEST_F(NSTextFieldEditing, AlignedTextIsEditedWhereItIsShown)
+{
+    field->setAlignment(NSRightTextAlignment);
+    begin("12");
+    key(NSEndFunctionKey);
+    EXPECT_GT(editor().caretRect().x, editor().visibleRect().maxX() - 8);
+    EXPECT_TRUE(NSContainsRect(editor().visibleRect(), editor().caretRect()));
+    type(std::string(80, 'w'));
+    EXPECT_TRUE(NSContainsRect(editor().visibleRect(), editor().caretRect()));
+    key(U'a', control);
+    type("7");
+    EXPECT_EQ(editor().visibleRect().x, 0);
+    EXPECT_GT(editor().caretRect().x, editor().visibleRect().maxX() - 8);
+}
+
+TEST_F(NSTextFieldEditing, AttributesOfTheCellAreThoseOfTheEditor)
+{
+    auto const font = NSFont::boldSystemFontOfSize(15);
+    field->setFont(font);
+    begin("x");
+    EXPECT_EQ(editor().font(), font.get());
+    window->makeFirstResponder(second.get());
+    EXPECT_EQ(editor().font(), second->font());
+}
+
+// MARK: delegate
+
+TEST_F(NSTextFieldEditing, AsksAndTellsTheDelegateInOrder)
+{
+    auto const asked = addDelegate();
+    begin("old");
+    EXPECT_EQ(asked->log, "");
+    type("n");
+    EXPECT_EQ(asked->log, "begin? begun changed ");
+    asked->log.clear();
+    key(tab);
+    EXPECT_EQ(asked->log, "valid n? end? ended " + std::to_string(int { NSTabTextMovement }) + " ");
+}
+
+TEST_F(NSTextFieldEditing, TellsWhatEndedTheEdit)
+{
+    auto const asked = addDelegate();
+    auto const endedBy = [&](auto act) {
+        window->makeFirstResponder(field.get());
+        asked->log.clear();
+        act();
+        return asked->log.substr(asked->log.find("ended"));
+    };
+    EXPECT_EQ(endedBy([&] { key(returnKey); }), "ended 16 ");
+    EXPECT_EQ(endedBy([&] { key(tab); }), "ended 17 ");
+    EXPECT_EQ(endedBy([&] { key(tab, shift); }), "ended 18 ");
+    EXPECT_EQ(endedBy([&] { clickCenter(*second); }), "ended 0 ");
+}
+
+TEST_F(NSTextFieldEditing, ARefusedBeginningKeepsTheText)
+{
+    auto const asked = addDelegate();
+    asked->mayBegin = false;
+    begin("old");
+    type("x");
+    EXPECT_EQ(field->stringValue(), "old");
+}
+
+TEST_F(NSTextFieldEditing, ARefusedEndKeepsTheKeyboard)
+{
+    auto const asked = addDelegate();
+    asked->mayEnd = false;
+    begin("old");
+    type("new");
+    key(tab);
+    EXPECT_TRUE(isEditing(*field));
+    clickCenter(*second);
+    EXPECT_TRUE(isEditing(*field));
+    EXPECT_EQ(marked(), "new|");
+    EXPECT_FALSE(window->makeFirstResponder(nullptr));
+    asked->mayEnd = true;
+    key(tab);
+    EXPECT_TRUE(isEditing(*second));
+}
+
+TEST_F(NSTextFieldEditing, EndEditingForTakesTheKeyboardFromOneWhoRefuses)
+{
+    auto const asked = addDelegate();
+    asked->mayEnd = false;
+    begin("old");
+    type("new");
+    window->endEditingFor(nullptr);
+    EXPECT_EQ(window->firstResponder(), window.get());
+    EXPECT_EQ(field->currentEditor(), nullptr);
+    EXPECT_EQ(field->stringValue(), "old");
+    EXPECT_FALSE(field->cell()->isBeingEdited());
+}
+
+TEST_F(NSTextFieldEditing, AFieldThatRefusesToEndMayStillBeRemoved)
+{
+    auto const asked = addDelegate();
+    asked->mayEnd = false;
+    begin("old");
+    type("new");
+    field->removeFromSuperview();
+    EXPECT_EQ(field->currentEditor(), nullptr);
+    EXPECT_EQ(field->stringValue(), "old");
+    EXPECT_TRUE(field->subviews().empty());
+}
+
+TEST_F(NSTextFieldEditing, TheDelegateMayTakeCommands)
+{
+    auto const asked = addDelegate();
+    asked->taken = Selector("insertTab:");
+    begin("old");
+    key(tab);
+    EXPECT_TRUE(isEditing(*field));
+    key(tab, shift);
+    EXPECT_TRUE(isEditing(*third));
+}
+
+TEST_F(NSTextFieldEditing, ADelegateThatDiesWhileAFieldIsEditedIsNotAsked)
+{
+    auto asked = addDelegate();
+    asked->mayEnd = false;
+    begin("old");
+    type("new");
+    asked = nullptr;
+    key(tab);
+    EXPECT_TRUE(isEditing(*second));
+    EXPECT_EQ(field->stringValue(), "new");
+}
+
+TEST_F(NSTextFieldEditing, PostsToObserversWithTheEditor)
+{
+    std::string posted;
+    auto const note = [&](NSNotification const& notification) {
+        EXPECT_EQ(notification.object.get(), field.get());
+        EXPECT_EQ(notification.userInfo.at("NSFieldEditor").object(), &editor());
+        posted += notification.name + " ";
+    };
+    auto& center = NSNotificationCenter::defaultCenter();
+    auto const begun = center.addObserver(note, NSControlTextDidBeginEditingNotification);
+    auto const changed = center.addObserver(note, NSControlTextDidChangeNotification);
+    auto const ended = center.addObserver(note, NSControlTextDidEndEditingNotification);
+    begin("old");
+    type("n");
+    key(tab);
+    EXPECT_EQ(posted,
+        "NSControlTextDidBeginEditingNotification NSControlTextDidChangeNotification NSControlTextDidEndEditingNotification ");
+}
+
+TEST_F(NSTextFieldEditing, ADelegateMayCorrectTheTextWhileItIsTyped)
+{
+    struct Upper : NSObject {
+        void controlTextDidChange(NSNotification const& notification)
+        {
+            auto& changed = *static_cast<NSTextField*>(notification.object.get());
+            std::string text = changed.stringValue();
+            for (auto& character : text)
+                character = static_cast<char>(std::toupper(character));
+            changed.setStringValue(text);
+        }
+    };
+    auto const upper = make<Upper>();
+    field->setDelegate(upper);
+    begin("");
+    type("abc");
+    EXPECT_EQ(marked(), "ABC|");
+    EXPECT_TRUE(isEditing(*field));
+}
+
+TEST_F(NSTextFieldEditing, ASubclassIsAskedBeforeEachChange)
+{
+    struct DigitField : NSTextField {
+        bool shouldChangeTextInRange(NSTextView& view, NSRange range, std::string_view text) override
+        {
+            return NSTextField::shouldChangeTextInRange(view, range, text)
+                && text.find_first_not_of("0123456789") == std::string_view::npos;
+        }
+    };
+    auto const digits = make<DigitField>(Rect { 20, 20, 100, 22 });
+    window->contentView()->addSubview(*digits);
+    window->makeFirstResponder(digits.get());
+    type("a1b2");
+    EXPECT_EQ(digits->stringValue(), "12");
+}
+
+// MARK: formatter
+
+class FormattedField : public NSTextFieldEditing {
+protected:
+    void SetUp() override
+    {
+        NSTextFieldEditing::SetUp();
+        formatter = make<NumberFormatter>();
+        field->setFormatter(formatter);
+        field->setIntValue(12);
+    }
+    Ref<NumberFormatter> formatter;
+};
+
+TEST_F(FormattedField, EditsTheFormattersTextForEditing)
+{
+    EXPECT_EQ(field->stringValue(), "<12>");
+    window->makeFirstResponder(field.get());
+    EXPECT_EQ(marked(), "[12]");
+    type("34");
+    key(tab);
+    EXPECT_EQ(field->stringValue(), "<34>");
+    EXPECT_EQ(field->intValue(), 34);
+}
+
+TEST_F(FormattedField, AnUntouchedValueIsLeftAlone)
+{
+    field->setObjectValue(12.5);
+    window->makeFirstResponder(field.get());
+    key(tab);
+    EXPECT_EQ(field->doubleValue(), 12.5);
+}
+
+TEST_F(FormattedField, ARefusedTextKeepsTheKeyboardAndBeeps)
+{
+    window->makeFirstResponder(field.get());
+    type("12a");
+    auto const beeps = display().beepCount();
+    key(tab);
+    EXPECT_TRUE(isEditing(*field));
+    EXPECT_EQ(marked(), "[12a]");
+    EXPECT_EQ(display().beepCount(), beeps + 1);
+    type("5");
+    key(tab);
+    EXPECT_TRUE(isEditing(*second));
+    EXPECT_EQ(field->intValue(), 5);
+}
+
+TEST_F(FormattedField, AnUntouchedEmptyFieldMayBeLeft)
+{
+    field->setObjectValue({});
+    window->makeFirstResponder(field.get());
+    key(tab);
+    EXPECT_TRUE(isEditing(*second));
+}
+
+TEST_F(FormattedField, AValueThatIsAskedForDuringARefusedTextIsTheOldOne)
+{
+    window->makeFirstResponder(field.get());
+    type("12a");
+    EXPECT_EQ(field->intValue(), 12);
+    EXPECT_EQ(editor().string(), "12a");
+}
+
+TEST_F(FormattedField, TheDelegateMayLetARefusedTextPass)
+{
+    auto const asked = addDelegate();
+    window->makeFirstResponder(field.get());
+    type("ab");
+    asked->log.clear();
+    key(tab);
+    EXPECT_EQ(asked->log, "failed 'ab' no number ");
+    EXPECT_TRUE(isEditing(*field));
+    asked->letsFailPass = true;
+    key(tab);
+    EXPECT_TRUE(isEditing(*second));
+    EXPECT_EQ(field->stringValue(), "ab");
+    EXPECT_TRUE(field->objectValue().isNil());
+}
+
+TEST_F(FormattedField, TheDelegateMayRefuseTheObject)
+{
+    auto const asked = addDelegate();
+    asked->isValid = false;
+    window->makeFirstResponder(field.get());
+    type("99");
+    asked->log.clear();
+    key(tab);
+    EXPECT_EQ(asked->log, "valid 99? ");
+    EXPECT_TRUE(isEditing(*field));
+}
+
+TEST_F(FormattedField, WhatTheFormatterRefusesIsNotTyped)
+{
+    auto const asked = addDelegate();
+    window->makeFirstResponder(field.get());
+    type("1x2");
+    EXPECT_EQ(editor().string(), "12");
+    EXPECT_NE(asked->log.find("partial '1x' no x"), std::string::npos);
+}
+
+TEST_F(FormattedField, TheFormatterMayReplaceWhatIsTyped)
+{
+    formatter->replacement = "77";
+    window->makeFirstResponder(field.get());
+    type("1x");
+    EXPECT_EQ(marked(), "77|");
+    EXPECT_EQ(field->intValue(), 77);
+}
+
+TEST_F(FormattedField, EscapeBringsTheValueBack)
+{
+    window->makeFirstResponder(field.get());
+    type("12a");
+    key(escape);
+    EXPECT_EQ(marked(), "[12]");
+    key(tab);
+    EXPECT_EQ(field->intValue(), 12);
+}
+
+TEST_F(FormattedField, RemovingAFieldWithARefusedTextKeepsTheOldValue)
+{
+    window->makeFirstResponder(field.get());
+    type("12a");
+    field->removeFromSuperview();
+    EXPECT_EQ(field->intValue(), 12);
+    EXPECT_EQ(field->currentEditor(), nullptr);
 }
 
 }
