@@ -339,7 +339,10 @@ void NSTextView::keyDown(NSEvent& event)
     Ref<NSTextView> const protector(this);
     auto const meaning = interpretationOfKey(event.modifierFlags(), event.characterIgnoringModifiers(), event.characters());
     if (meaning.commands.empty() && (meaning.text.empty() || !isEditable())) {
-        Base::keyDown(event);
+        // A dead key enters nothing by itself.
+        bool const isPartOfText = isEditable() && event.characters().empty() && !event.hasShortcutModifier();
+        if (!isPartOfText)
+            Base::keyDown(event);
         return;
     }
     if (isEditable())

@@ -591,6 +591,16 @@ TEST_F(NSTextViewChanges, TellsInputMethodsWhereTheCaretIs)
     EXPECT_FALSE(display().textInputCaret());
 }
 
+TEST_F(NSTextViewChanges, ADeadKeyIsQuiet)
+{
+    auto const before = display().beepCount();
+    person().key(std::string_view {});
+    pump();
+    EXPECT_EQ(display().beepCount(), before);
+    key(NSF2FunctionKey);
+    EXPECT_EQ(display().beepCount(), before + 1);
+}
+
 TEST_F(NSTextViewChanges, ReadOnlyTextTakesNoInputMethod)
 {
     view->setEditable(false);
