@@ -137,7 +137,9 @@ std::vector<TextBody::Paragraph> const& TextBody::paragraphs()
         if (m_paragraphs[i].lines.empty())
             place(m_paragraphs[i]);
         if (m_memory > largestShapedMemory) {
+            // The last one stays: it may be all there is, and too large by itself.
             beginUse();
+            m_paragraphs[i].lastUse = m_use;
             dropUnused();
         }
     }
