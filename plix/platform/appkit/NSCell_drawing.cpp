@@ -9,6 +9,7 @@
 #include <plix/platform/graphics/NSImage.h>
 #include <plix/platform/graphics/NSMutableParagraphStyle.h>
 #include <plix/platform/graphics/string_drawing.h>
+#include <plix/platform/graphics/text_line.h>
 
 #include <algorithm>
 #include <cmath>
@@ -19,6 +20,11 @@ namespace {
 
 // What stands for "no bounds" in AppKit.
 constexpr Rect unboundedRect { 0, 0, 40000, 40000 };
+
+bool isOneLine(std::string_view text)
+{
+    return text.find_first_of("\r\n") == std::string_view::npos && text.find("\u2029") == std::string_view::npos;
+}
 
 }
 
@@ -153,9 +159,12 @@ void NSCell::drawText(Rect rect) const
     if (room.isEmpty())
         return;
     if (auto const* attributed = attributedValue())
-        attributed->drawInRect(room);
-    else
-        drawInRect(stringValue(), room, textAttributes());
+        return attributed->drawInRect(room);
+    auto const& text = stringValue();
+    if (!m_font || wraps() || !isOneLine(text))
+        return drawInRect(text, room, textAttributes());
+    Ref<NSColor> const color = colorForText();
+    drawTextLine(text, room, { *m_font, color.get(), alignment(), lineBreakMode() });
 }
 
 Ref<NSColor> NSCell::highlightColorWithFrame(Rect, NSView&) const
