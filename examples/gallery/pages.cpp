@@ -1,5 +1,6 @@
 #include "pages.h"
 #include "PictureView.h"
+#include "text_page.h"
 
 #include <examples/support/example_options.h>
 
@@ -18,6 +19,7 @@ namespace {
 
 constexpr Page allPages[] {
     { "pictures", "Pictures", [] { return Ref<NSView>(make<PictureView>()); } },
+    { "text", "Text", makeTextPage },
 };
 
 Ref<NSWindow> windowFor(Page const& page)
