@@ -347,8 +347,16 @@ bool NSTextView::resignFirstResponder()
         return true;
     Ref<NSTextView> const protector(this);
     unmarkText();
-    if (isEditable() && m_hooks.textShouldEndEditing && !m_hooks.textShouldEndEditing(*this))
-        return false;
+    if (isEditable() && m_hooks.textShouldEndEditing && !m_isAskedToEnd) {
+        m_isAskedToEnd = true;
+        bool const mayEnd = m_hooks.textShouldEndEditing(*this);
+        m_isAskedToEnd = false;
+        // Whoever was asked may have ended the edit by other means: taken the field out.
+        if (!m_isFirstResponder)
+            return true;
+        if (!mayEnd)
+            return false;
+    }
     // The notification may already bring the editor into another field.
     m_isResigning = true;
     m_isFirstResponder = false;

@@ -298,6 +298,7 @@ private:
     bool m_allowsUndo { false };
     bool m_hasBegun { false };
     bool m_isResigning { false };
+    bool m_isAskedToEnd { false };
     bool m_isFirstResponder { false };
     bool m_isCaretShown { false };
     bool m_takesTextInput { false };

@@ -645,6 +645,76 @@ TEST_F(NSTextFieldEditing, PostsToObserversWithTheEditor)
         "NSControlTextDidBeginEditingNotification NSControlTextDidChangeNotification NSControlTextDidEndEditingNotification ");
 }
 
+TEST_F(NSTextFieldEditing, TheEditorTellsItsEndOnce)
+{
+    int count = 0;
+    auto const ended = NSNotificationCenter::defaultCenter().addObserver(
+        [&](NSNotification const&) { ++count; }, NSTextDidEndEditingNotification);
+    begin("old");
+    type("n");
+    key(tab);
+    EXPECT_EQ(count, 1);
+    key(returnKey);
+    EXPECT_EQ(count, 2);
+}
+
+TEST_F(NSTextFieldEditing, AWindowsDelegateMayGiveAnotherEditor)
+{
+    struct Giver : NSObject {
+        NSResponder* windowWillReturnFieldEditor(NSWindow&, NSObject* client) { return client == special ? own.get() : nullptr; }
+        NSObject* special { nullptr };
+        Ref<NSTextView> own;
+    };
+    auto const giver = make<Giver>();
+    giver->special = second.get();
+    giver->own = make<NSTextView>();
+    window->setDelegate(giver);
+    begin("first");
+    EXPECT_NE(field->currentEditor(), giver->own.get());
+    key(tab);
+    EXPECT_EQ(second->currentEditor(), giver->own.get());
+    type("x");
+    key(tab);
+    EXPECT_EQ(second->stringValue(), "x");
+    EXPECT_TRUE(isEditing(*third));
+    window->setDelegate(nullptr);
+}
+
+TEST_F(NSTextFieldEditing, ADelegateMayTakeTheFieldAwayWhileItIsAsked)
+{
+    struct Remover : NSObject {
+        bool textShouldEndEditing(NSControl& asking, NSText&)
+        {
+            asking.removeFromSuperview();
+            return true;
+        }
+    };
+    auto const remover = make<Remover>();
+    field->setDelegate(remover);
+    begin("old");
+    type("new");
+    key(tab);
+    EXPECT_EQ(field->currentEditor(), nullptr);
+    EXPECT_TRUE(field->subviews().empty());
+    window->makeFirstResponder(second.get());
+    EXPECT_TRUE(isEditing(*second));
+}
+
+TEST_F(NSTextFieldEditing, ADelegateMayCloseTheWindowWhileTextChanges)
+{
+    struct Closer : NSObject {
+        void controlTextDidChange(NSNotification const& notification)
+        {
+            static_cast<NSControl*>(notification.object.get())->window()->close();
+        }
+    };
+    auto const closer = make<Closer>();
+    field->setDelegate(closer);
+    begin("old");
+    type("new");
+    EXPECT_FALSE(window->isVisible());
+}
+
 TEST_F(NSTextFieldEditing, ADelegateMayCorrectTheTextWhileItIsTyped)
 {
     struct Upper : NSObject {
