@@ -25,6 +25,7 @@
 #include <plix/platform/appkit/NSCell.h>
 #include <plix/platform/appkit/NSClipView.h>
 #include <plix/platform/appkit/NSControl.h>
+#include <plix/platform/appkit/NSControlTextEditingDelegate.h>
 #include <plix/platform/appkit/NSCursor.h>
 #include <plix/platform/appkit/NSDocument.h>
 #include <plix/platform/appkit/NSDocumentController.h>
@@ -37,8 +38,11 @@
 #include <plix/platform/appkit/NSScreen.h>
 #include <plix/platform/appkit/NSScrollView.h>
 #include <plix/platform/appkit/NSScroller.h>
+#include <plix/platform/appkit/NSText.h>
+#include <plix/platform/appkit/NSTextDelegate.h>
 #include <plix/platform/appkit/NSTextField.h>
 #include <plix/platform/appkit/NSTextFieldCell.h>
+#include <plix/platform/appkit/NSTextView.h>
 #include <plix/platform/appkit/NSView.h>
 #include <plix/platform/appkit/NSWindow.h>
 #include <plix/platform/appkit/NSWindowController.h>

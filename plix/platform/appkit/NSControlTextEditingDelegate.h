@@ -44,4 +44,9 @@ struct NSControlTextEditingDelegate {
     }
 };
 
+// Posted with the control as object.
+inline constexpr char const* NSControlTextDidBeginEditingNotification = "NSControlTextDidBeginEditingNotification";
+inline constexpr char const* NSControlTextDidEndEditingNotification = "NSControlTextDidEndEditingNotification";
+inline constexpr char const* NSControlTextDidChangeNotification = "NSControlTextDidChangeNotification";
+
 }

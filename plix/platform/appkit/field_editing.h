@@ -47,9 +47,4 @@ private:
     NSControlTextEditingDelegate const& m_hooks;
 };
 
-// Posted with the control as object.
-inline constexpr char const* NSControlTextDidBeginEditingNotification = "NSControlTextDidBeginEditingNotification";
-inline constexpr char const* NSControlTextDidEndEditingNotification = "NSControlTextDidEndEditingNotification";
-inline constexpr char const* NSControlTextDidChangeNotification = "NSControlTextDidChangeNotification";
-
 }
