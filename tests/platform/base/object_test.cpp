@@ -170,6 +170,50 @@ TEST(Hook, IsSetWhileItsHostLives)
     EXPECT_EQ(source.object(), nullptr);
 }
 
+struct TrainerHooks {
+    Hook<int(int)> train;
+
+    template <typename Host> void fillFrom(Host& host) { PLIX_FILL_HOOK(train); }
+};
+
+class Trainer : public NSObject {
+    PLIX_CLASS(Trainer, NSObject);
+
+public:
+    virtual int train(int hours) { return hours; }
+    void wash(Animal&) { ++washed; }
+    int washed { 0 };
+};
+
+PLIX_DESCRIBE(Trainer)
+{
+    description.fillsHooks<TrainerHooks>();
+}
+
+/// Fills a set beyond that of its superclass.
+class TrainingKeeper : public Trainer {
+    PLIX_CLASS(TrainingKeeper, Trainer);
+
+public:
+    int train(int hours) override { return hours * 2; }
+};
+
+PLIX_DESCRIBE(TrainingKeeper)
+{
+    description.fillsHooks<KeeperHooks>();
+}
+
+TEST(Hook, AClassFillsTheSetsOfItsSuperclassesToo)
+{
+    auto const keeper = make<TrainingKeeper>();
+    auto const animal = make<Animal>(4);
+    auto const source = keeper->isa().hookSource(*keeper);
+    EXPECT_EQ(source.object(), keeper.get());
+    EXPECT_EQ(source.hooks<TrainerHooks>().train(3), 6);
+    source.hooks<KeeperHooks>().wash(*animal);
+    EXPECT_EQ(keeper->washed, 1);
+}
+
 TEST(Hook, TakesALambda)
 {
     Hook<int(int)> hook;
