@@ -22,6 +22,8 @@
 #include <plix/platform/appkit/NSActionCell.h>
 #include <plix/platform/appkit/NSApplication.h>
 #include <plix/platform/appkit/NSApplicationDelegate.h>
+#include <plix/platform/appkit/NSButton.h>
+#include <plix/platform/appkit/NSButtonCell.h>
 #include <plix/platform/appkit/NSCell.h>
 #include <plix/platform/appkit/NSClipView.h>
 #include <plix/platform/appkit/NSControl.h>

@@ -2,7 +2,7 @@
 
 #include <plix/platform/appkit/button_constants.h>
 #include <plix/platform/appkit/cell_layout.h>
-#include <plix/platform/graphics/NSParagraphStyle.h>
+#include <plix/platform/graphics/paragraph_layout.h>
 #include <plix/platform/graphics/geometry.h>
 
 namespace plix {
