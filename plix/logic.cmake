@@ -21,7 +21,10 @@ list(APPEND PLIX_LOGIC_SOURCES
     platform/appkit/button_layout.cpp
     platform/appkit/cell_layout.cpp
     platform/appkit/drag_operations.cpp
+    platform/appkit/TypeAhead.cpp
     platform/appkit/key_bindings.cpp
+    platform/appkit/key_names.cpp
+    platform/appkit/menu_layout.cpp
     platform/appkit/reading_order.cpp
     platform/appkit/scroll_layout.cpp
     platform/appkit/scroller_geometry.cpp

@@ -4,6 +4,9 @@
 
 #include <plix/app/PLIXApplication.h>
 #include <plix/bitstream/PLIXBitstream.h>
+#include <plix/controls/PLIXButton.h>
+#include <plix/controls/PLIXPopUpButton.h>
+#include <plix/controls/TQPopUpButtonCell.h>
 #include <plix/drawing/PLIXShading.h>
 #include <plix/drawing/bezier_path_additions.h>
 #include <plix/drawing/geometry_helpers.h>
@@ -15,6 +18,7 @@
 #include <plix/format/collection_additions.h>
 #include <plix/format/color_additions.h>
 #include <plix/format/dates.h>
+#include <plix/format/menu_additions.h>
 #include <plix/format/size_and_duration.h>
 #include <plix/format/string_additions.h>
 #include <plix/format/truncation.h>
@@ -33,9 +37,13 @@
 #include <plix/platform/appkit/NSDocumentController.h>
 #include <plix/platform/appkit/NSDraggingInfo.h>
 #include <plix/platform/appkit/NSEvent.h>
+#include <plix/platform/appkit/NSMenu.h>
+#include <plix/platform/appkit/NSMenuItem.h>
 #include <plix/platform/appkit/NSModalSession.h>
 #include <plix/platform/appkit/NSPanel.h>
 #include <plix/platform/appkit/NSPasteboard.h>
+#include <plix/platform/appkit/NSPopUpButton.h>
+#include <plix/platform/appkit/NSPopUpButtonCell.h>
 #include <plix/platform/appkit/NSResponder.h>
 #include <plix/platform/appkit/NSScreen.h>
 #include <plix/platform/appkit/NSScrollView.h>

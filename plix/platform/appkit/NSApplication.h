@@ -118,7 +118,9 @@ public:
 
     NSImage* applicationIconImage() const;
     void setApplicationIconImage(Ref<NSImage> const&);
-    NSMenu* mainMenu() const { return nullptr; }
+    /// Looked through for key equivalents behind the key window's views. Nothing shows it.
+    NSMenu* mainMenu() const;
+    void setMainMenu(Ref<NSMenu> const&);
 
     // Delegate.
     template <typename T> void setDelegate(Ref<T> const& delegate) { takeHooks(HookSource::pack<NSApplicationDelegate>(delegate)); }

@@ -1,5 +1,6 @@
 #include <plix/platform/appkit/NSApplication.h>
 #include <plix/platform/appkit/NSApplication_internal.h>
+#include <plix/platform/appkit/NSMenu.h>
 #include <plix/platform/appkit/NSWindow_internal.h>
 
 #include <algorithm>
@@ -23,6 +24,12 @@ bool isInput(NSEvent const& event)
     auto const type = event.type();
     return type <= NSFlagsChanged || type >= NSCursorUpdate
         || (type == NSAppKitDefined && event.subtype() == NSEvent::preeditSubtype);
+}
+
+bool isFunctionKey(NSEvent const& event)
+{
+    return (event.modifierFlags() & NSFunctionKeyMask) != 0 && event.characterIgnoringModifiers() >= NSF1FunctionKey
+        && event.characterIgnoringModifiers() <= NSF1FunctionKey + 34;
 }
 
 bool matches(NSEvent const& event, unsigned mask)
@@ -194,11 +201,24 @@ void NSApplication::Internals::sendKeyDown(NSEvent& event)
 {
     Ref<NSWindow> const named = event.window();
     Ref<NSWindow> const window = named ? named : Ref<NSWindow>(self.keyWindow());
+    bool const isShortcut = event.hasShortcutModifier() || isFunctionKey(event);
+    if (window && isShortcut && window->performKeyEquivalent(event))
+        return;
+    if (Ref<NSMenu> const menu = mainMenu; menu && isShortcut && menu->performKeyEquivalent(event))
+        return;
     if (!window)
         return;
-    if (event.hasShortcutModifier() && window->performKeyEquivalent(event))
-        return;
     window->sendEvent(event);
+}
+
+NSMenu* NSApplication::mainMenu() const
+{
+    return m->mainMenu.get();
+}
+
+void NSApplication::setMainMenu(Ref<NSMenu> const& menu)
+{
+    m->mainMenu = menu;
 }
 
 // Actions.

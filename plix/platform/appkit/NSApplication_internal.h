@@ -2,6 +2,7 @@
 
 #include <plix/platform/appkit/NSApplication.h>
 #include <plix/platform/appkit/NSEvent.h>
+#include <plix/platform/appkit/NSMenu.h>
 #include <plix/platform/appkit/NSModalSession.h>
 #include <plix/platform/appkit/NSWindow.h>
 #include <plix/platform/host/Display.h>
@@ -34,6 +35,7 @@ struct NSApplication::Internals final : DisplayClient {
     HookSource delegateSource;
     NSApplicationDelegate hooks;
     Ref<NSImage> icon;
+    Ref<NSMenu> mainMenu;
     std::function<void()> exitHandler;
     Ref<NSObject> waitObserver;
     int runDepth { 0 };

@@ -3,7 +3,7 @@
 #include <plix/platform/appkit/NSButtonCell.h>
 #include <plix/platform/appkit/NSEvent.h>
 #include <plix/platform/appkit/NSWindow.h>
-#include <plix/platform/base/case_folding.h>
+#include <plix/platform/appkit/key_equivalent.h>
 #include <plix/platform/graphics/NSAttributedString.h>
 #include <plix/platform/graphics/NSImage.h>
 
@@ -248,30 +248,9 @@ void NSButton::highlight(bool flag)
 
 // MARK: keys
 
-bool NSButton::isPressedBy(NSEvent const& event) const
-{
-    auto const& key = keyEquivalent();
-    auto const* cell = buttonCell();
-    if (key.empty() || !cell || event.type() != NSKeyDown)
-        return false;
-    unsigned const wanted = keyEquivalentModifierMask();
-    unsigned const held = event.modifierFlags();
-    if (plix::hasShortcutModifier(wanted) != event.hasShortcutModifier())
-        return false;
-    constexpr unsigned others = NSAlternateKeyMask;
-    if ((wanted & others) != (held & others) || ((wanted & NSShiftKeyMask) && !(held & NSShiftKeyMask)))
-        return false;
-    // Return and Enter are the same key to a default button.
-    if (key == "\r" && (event.characters() == "\r" || event.characters() == "\x03" || event.characters() == "\n"))
-        return true;
-    auto const& typed = event.charactersIgnoringModifiers();
-    return typed == key || event.characters() == key
-        || (!(held & NSShiftKeyMask) && foldedPrefixLength(typed, key) == typed.size() && !typed.empty());
-}
-
 bool NSButton::performKeyEquivalent(NSEvent& event)
 {
-    if (!isEnabled() || isHiddenOrHasHiddenAncestor() || !isPressedBy(event))
+    if (!isEnabled() || isHiddenOrHasHiddenAncestor() || !isKeyEquivalent(event, keyEquivalent(), keyEquivalentModifierMask()))
         return Base::performKeyEquivalent(event);
     performClick(this);
     return true;

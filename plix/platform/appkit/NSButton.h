@@ -72,7 +72,6 @@ protected:
     NSButtonCell* buttonCell() const;
 
 private:
-    bool isPressedBy(NSEvent const&) const;
     void turnOtherRadioButtonsOff();
 
     HoverArea m_hoverArea;

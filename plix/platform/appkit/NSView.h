@@ -183,7 +183,10 @@ public:
     virtual bool needsPanelToBecomeKey() const { return false; }
     virtual bool mouseDownCanMoveWindow() const { return !isOpaque(); }
     /// The context menu for an event, or null. Not kept alive by the answer.
-    virtual NSMenu* menuForEvent(NSEvent&) { return nullptr; }
+    virtual NSMenu* menuForEvent(NSEvent&);
+    /// What menuForEvent() answers here.
+    virtual NSMenu* menu() const;
+    virtual void setMenu(Ref<NSMenu> const&);
 
     // Key view loop.
     NSView* nextKeyView() const;
@@ -240,6 +243,8 @@ public:
     virtual void draggingEnded(NSDraggingInfo&) { }
 
     // NSResponder:
+    /// Shows the context menu, where there is one.
+    void rightMouseDown(NSEvent&) override;
     bool performKeyEquivalent(NSEvent&) override;
     bool performMnemonic(std::string_view) override;
 

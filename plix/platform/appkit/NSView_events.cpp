@@ -61,6 +61,31 @@ NSView* NSView::hitTest(Point pointInSuperview)
     return this;
 }
 
+NSMenu* NSView::menu() const
+{
+    auto const* extras = extrasOrNull();
+    return extras ? extras->menu.get() : nullptr;
+}
+
+void NSView::setMenu(Ref<NSMenu> const& menu)
+{
+    extras().menu = menu;
+}
+
+NSMenu* NSView::menuForEvent(NSEvent&)
+{
+    return menu();
+}
+
+void NSView::rightMouseDown(NSEvent& event)
+{
+    Ref<NSView> const protector(this);
+    if (Ref<NSMenu> const shown = menuForEvent(event))
+        NSMenu::popUpContextMenu(*shown, event, this);
+    else
+        Base::rightMouseDown(event);
+}
+
 bool NSView::performKeyEquivalent(NSEvent& event)
 {
     Ref<NSView> const protector(this);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <plix/platform/appkit/NSMenu.h>
 #include <plix/platform/appkit/NSView.h>
 
 #include <cstdint>
@@ -34,6 +35,7 @@ struct NSView::Extras {
     std::string toolTip;
     std::vector<ToolTipRect> toolTipRects;
     std::vector<std::string> draggedTypes;
+    Ref<NSMenu> menu;
     unsigned lastDragOperation { NSDragOperationNone };
 };
 

@@ -43,6 +43,11 @@ struct ButtonLook {
     bool joinsRight { false };
 };
 
+struct MenuItemLook {
+    bool isEnabled { true };
+    bool isHighlighted { false };
+};
+
 /// Draws the chrome of all controls, so that they look like one family: light and dark by the current appearance, crisp at every
 /// scale. Controls work out rectangles and states and hold no colours. Everything is drawn into the current context, in flipped
 /// coordinates: the top is at the smallest y.
@@ -81,6 +86,19 @@ public:
     Ref<NSColor> const& buttonTextColor(ButtonLook const&) const;
     /// A disclosure triangle, pointing right (off) or down (on).
     void drawDisclosureTriangle(Rect, bool isOpen, ControlLook const&) const;
+
+    // Menus.
+    void drawMenuBackground(Rect) const;
+    void drawMenuHighlight(Rect item) const;
+    void drawMenuSeparator(Rect item) const;
+    /// A check mark, or a dash for the mixed state, in the column before the titles.
+    void drawMenuState(Rect column, int state, MenuItemLook const&) const;
+    void drawSubmenuArrow(Rect, MenuItemLook const&) const;
+    void drawMenuScrollArrow(Rect, bool pointsUp) const;
+    Ref<NSColor> const& menuTextColor(MenuItemLook const&) const;
+    Ref<NSColor> const& menuKeyColor(MenuItemLook const&) const;
+    /// The two arrows of a pop-up button, or the one of a pull-down button or combo box.
+    void drawPopUpArrows(Rect, bool pullsDown, Ref<NSColor> const&) const;
 
     // Scrollers.
     static float scrollerWidth(NSControlSize);

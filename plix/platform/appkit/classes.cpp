@@ -9,8 +9,12 @@
 #include <plix/platform/appkit/NSDocument.h>
 #include <plix/platform/appkit/NSDocumentController.h>
 #include <plix/platform/appkit/NSEvent.h>
+#include <plix/platform/appkit/NSMenu.h>
+#include <plix/platform/appkit/NSMenuItem.h>
 #include <plix/platform/appkit/NSPanel.h>
 #include <plix/platform/appkit/NSPasteboard.h>
+#include <plix/platform/appkit/NSPopUpButton.h>
+#include <plix/platform/appkit/NSPopUpButtonCell.h>
 #include <plix/platform/appkit/NSScreen.h>
 #include <plix/platform/appkit/NSScrollView.h>
 #include <plix/platform/appkit/NSScroller.h>
@@ -40,10 +44,14 @@ void registerAppKitClasses()
     NSTextFieldCell::staticClass();
     NSControl::staticClass();
     NSTextField::staticClass();
+    NSMenu::staticClass();
+    NSMenuItem::staticClass();
     NSButtonCell::staticClass();
     NSButton::staticClass();
     NSText::staticClass();
     NSTextView::staticClass();
+    NSPopUpButtonCell::staticClass();
+    NSPopUpButton::staticClass();
     NSScroller::staticClass();
     NSClipView::staticClass();
     NSScrollView::staticClass();

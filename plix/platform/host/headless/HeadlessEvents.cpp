@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 #include <vector>
 
 #include <poll.h>
@@ -38,8 +39,20 @@ HeadlessEvents::~HeadlessEvents()
 
 void HeadlessEvents::post(Delivery delivery)
 {
-    m_deliveries.push_back(std::move(delivery));
+    if (m_stepPlace)
+        m_deliveries.insert(m_deliveries.begin() + static_cast<std::ptrdiff_t>((*m_stepPlace)++), std::move(delivery));
+    else
+        m_deliveries.push_back(std::move(delivery));
     wake();
+}
+
+void HeadlessEvents::postSteps(Delivery steps)
+{
+    post([this, steps = std::move(steps)] {
+        auto const outer = std::exchange(m_stepPlace, 0);
+        steps();
+        m_stepPlace = outer ? std::optional(*outer + *m_stepPlace) : std::nullopt;
+    });
 }
 
 void HeadlessEvents::postAfter(NSTimeInterval delay, Delivery delivery)
@@ -57,6 +70,8 @@ void HeadlessEvents::whenIdle(Delivery call)
 void HeadlessEvents::discardPending()
 {
     m_deliveries.clear();
+    if (m_stepPlace)
+        m_stepPlace = 0;
     m_idleCalls.clear();
     m_later.clear();
 }
@@ -120,6 +135,8 @@ bool HeadlessEvents::deliverPending()
         return false;
     auto const delivery = std::move(m_deliveries.front());
     m_deliveries.pop_front();
+    if (m_stepPlace && *m_stepPlace > 0)
+        --*m_stepPlace;
     delivery();
     return true;
 }

@@ -29,6 +29,8 @@ public:
 
     /// Delivered in order.
     void post(Delivery);
+    /// Delivered in order; what the call itself enters comes before what follows it.
+    void postSteps(Delivery);
     /// Delivered when the clock has come that many seconds further.
     void postAfter(NSTimeInterval delay, Delivery);
     /// Called, each once and in order, when the application would wait with nothing left to deliver at once.
@@ -55,6 +57,8 @@ private:
     int m_wakeDescriptor { -1 };
     long m_waitCount { 0 };
     std::deque<Delivery> m_deliveries;
+    /// While steps are entered: where in the deliveries the next one goes.
+    std::optional<std::size_t> m_stepPlace;
     std::deque<Delivery> m_idleCalls;
     std::multimap<NSTimeInterval, Delivery> m_later;
 };

@@ -288,7 +288,7 @@ void HeadlessScript::quit()
 
 void HeadlessScript::then(std::function<void()> call)
 {
-    m_events.post(std::move(call));
+    m_events.postSteps(std::move(call));
 }
 
 }

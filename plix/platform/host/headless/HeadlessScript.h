@@ -61,7 +61,7 @@ public:
     /// The session ends.
     void quit();
 
-    /// Calls the function when its turn comes.
+    /// Calls the function when its turn comes; what it enters comes before what follows.
     void then(std::function<void()>);
 
 private:

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <plix/platform/appkit/NSButton.h>
+
+namespace plix {
+
+/// A button whose key equivalent fires when the key goes down, never a second time when it comes up.
+class PLIXButton : public NSButton {
+    PLIX_CLASS(PLIXButton, NSButton);
+
+public:
+    using NSButton::init;
+
+    // NSView:
+    bool performKeyEquivalent(NSEvent&) override;
+};
+
+}

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <plix/platform/base/Hook.h>
+
+namespace plix {
+
+class NSMenu;
+class PLIXPopUpButton;
+
+struct PLIXPopUpButtonDelegate {
+    /// Before the menu is shown; it may be changed.
+    Hook<void(PLIXPopUpButton&, NSMenu&)> willDisplayMenu;
+
+    template <typename Host> void fillFrom(Host& host) { PLIX_FILL_HOOK(willDisplayMenu); }
+};
+
+}

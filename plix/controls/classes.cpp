@@ -1,0 +1,16 @@
+#include <plix/controls/classes.h>
+
+#include <plix/controls/PLIXButton.h>
+#include <plix/controls/PLIXPopUpButton.h>
+#include <plix/controls/TQPopUpButtonCell.h>
+
+namespace plix {
+
+void registerControlClasses()
+{
+    PLIXButton::staticClass();
+    PLIXPopUpButton::staticClass();
+    TQPopUpButtonCell::staticClass();
+}
+
+}

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <plix/platform/base/Ref.h>
+
+#include <optional>
+#include <vector>
+
+namespace plix {
+
+class NSMenu;
+class NSMenuItem;
+class NSPopUpButton;
+
+/// Appends each item in order; nothing for nil.
+void addItems(NSMenu&, std::optional<std::vector<Ref<NSMenuItem>>> const&);
+/// Null for an empty menu.
+NSMenuItem* lastItem(NSMenu const&);
+
+/// Null where no item has the tag.
+NSMenuItem* itemWithTag(NSPopUpButton const&, int tag);
+/// Selects the item with the tag and answers true; answers false and leaves the selection alone where there is none.
+bool selectItemWithTag(NSPopUpButton&, int tag);
+/// Selects the item with the tag, or clears the selection where there is none.
+void selectItemWithTagOrNone(NSPopUpButton&, int tag);
+
+}

@@ -1,0 +1,236 @@
+#include <plix/platform/appkit/NSMenuItem.h>
+
+#include <plix/platform/appkit/NSApplication.h>
+#include <plix/platform/appkit/NSMenu.h>
+#include <plix/platform/appkit/event_constants.h>
+#include <plix/platform/base/utf16.h>
+#include <plix/platform/graphics/NSAttributedString.h>
+#include <plix/platform/graphics/NSImage.h>
+
+#include <algorithm>
+
+namespace plix {
+
+PLIX_DESCRIBE(NSMenuItem)
+{
+}
+
+NSMenuItem::NSMenuItem()
+    : m_keyEquivalentModifierMask(NSCommandKeyMask)
+{
+}
+
+NSMenuItem::~NSMenuItem()
+{
+    if (m_submenu)
+        m_submenu->setSupermenu(nullptr);
+}
+
+bool NSMenuItem::init()
+{
+    return true;
+}
+
+bool NSMenuItem::init(std::string_view title, Selector action, std::string_view keyEquivalent)
+{
+    m_title = validUTF8(title);
+    m_action = action;
+    m_keyEquivalent = validUTF8(keyEquivalent);
+    return true;
+}
+
+Ref<NSMenuItem> NSMenuItem::separatorItem()
+{
+    auto item = make<NSMenuItem>();
+    item->m_isSeparator = true;
+    item->m_isEnabled = false;
+    return item;
+}
+
+void NSMenuItem::changed()
+{
+    if (m_menu)
+        m_menu->itemChanged(*this);
+}
+
+void NSMenuItem::setTitle(std::string_view title)
+{
+    if (m_title == title && !m_attributedTitle)
+        return;
+    m_title = validUTF8(title);
+    m_attributedTitle = nullptr;
+    changed();
+}
+
+NSAttributedString* NSMenuItem::attributedTitle() const
+{
+    return m_attributedTitle.get();
+}
+
+void NSMenuItem::setAttributedTitle(Ref<NSAttributedString> const& title)
+{
+    m_attributedTitle = title;
+    if (title)
+        m_title = title->string();
+    changed();
+}
+
+NSImage* NSMenuItem::image() const
+{
+    return m_image.get();
+}
+
+void NSMenuItem::setImage(Ref<NSImage> const& image)
+{
+    if (m_image == image)
+        return;
+    m_image = image;
+    changed();
+}
+
+void NSMenuItem::setIndentationLevel(int level)
+{
+    m_indentationLevel = std::clamp(level, 0, 15);
+    changed();
+}
+
+void NSMenuItem::setState(int state)
+{
+    int const wanted = state > 0 ? NSOnState : state < 0 ? NSMixedState : NSOffState;
+    if (m_state == wanted)
+        return;
+    m_state = wanted;
+    changed();
+}
+
+void NSMenuItem::setEnabled(bool isEnabled)
+{
+    if (m_isEnabled == isEnabled)
+        return;
+    m_isEnabled = isEnabled;
+    changed();
+}
+
+void NSMenuItem::setHidden(bool isHidden)
+{
+    if (m_isHidden == isHidden)
+        return;
+    m_isHidden = isHidden;
+    changed();
+}
+
+NSMenu* NSMenuItem::submenu() const
+{
+    return m_submenu.get();
+}
+
+// A menu that is above itself would never end.
+void NSMenuItem::setSubmenu(Ref<NSMenu> const& submenu)
+{
+    if (m_submenu == submenu)
+        return;
+    for (auto const* above = m_menu; above; above = above->supermenu()) {
+        if (above == submenu.get())
+            return;
+    }
+    if (m_submenu)
+        m_submenu->setSupermenu(nullptr);
+    m_submenu = submenu;
+    if (m_submenu)
+        m_submenu->setSupermenu(m_menu);
+    changed();
+}
+
+void NSMenuItem::setKeyEquivalent(std::string_view key)
+{
+    m_keyEquivalent = validUTF8(key);
+    changed();
+}
+
+void NSMenuItem::setKeyEquivalentModifierMask(unsigned mask)
+{
+    m_keyEquivalentModifierMask = mask;
+    changed();
+}
+
+void NSMenuItem::setTarget(Ref<NSObject> const& target)
+{
+    m_target = Weak<NSObject>(target);
+    m_function = nullptr;
+}
+
+void NSMenuItem::setAction(Selector action)
+{
+    m_action = action;
+    m_function = nullptr;
+}
+
+void NSMenuItem::setActionFunction(Ref<NSObject> const& target, ActionFunction function)
+{
+    m_target = Weak<NSObject>(target);
+    m_action = {};
+    m_function = std::move(function);
+}
+
+bool NSMenuItem::sendAction()
+{
+    Ref<NSMenuItem> const protector(this);
+    Ref<NSObject> const target(m_target.get());
+    if (m_function) {
+        if (m_target.wasSet() && !target)
+            return false;
+        auto const function = m_function; // the call may set another
+        function(this);
+        return true;
+    }
+    if (!m_action || (m_target.wasSet() && !target))
+        return false;
+    return NSApp && NSApp->sendAction(m_action, target.get(), this);
+}
+
+bool NSMenuItem::isValid()
+{
+    if (m_isSeparator)
+        return false;
+    if (m_submenu)
+        return true;
+    if (m_target.wasSet() && !m_target)
+        return false;
+    if (m_function) {
+        auto* validation = dynamic_cast<NSMenuValidation*>(m_target.get());
+        return !validation || validation->validateMenuItem(*this);
+    }
+    if (!m_action || !NSApp)
+        return false;
+    Ref<NSObject> const receiver(NSApp->targetForAction(m_action, m_target.get(), this));
+    if (!receiver || !receiver->respondsToSelector(m_action))
+        return false;
+    auto* validation = dynamic_cast<NSMenuValidation*>(receiver.get());
+    return !validation || validation->validateMenuItem(*this);
+}
+
+void NSMenuItem::copyStateTo(NSObject& fresh) const
+{
+    Base::copyStateTo(fresh);
+    auto& other = static_cast<NSMenuItem&>(fresh);
+    other.m_title = m_title;
+    other.m_attributedTitle = m_attributedTitle;
+    other.m_image = m_image;
+    other.m_toolTip = m_toolTip;
+    other.m_keyEquivalent = m_keyEquivalent;
+    other.m_keyEquivalentModifierMask = m_keyEquivalentModifierMask;
+    other.m_indentationLevel = m_indentationLevel;
+    other.m_state = m_state;
+    other.m_tag = m_tag;
+    other.m_representedObject = m_representedObject;
+    other.m_target = m_target;
+    other.m_action = m_action;
+    other.m_function = m_function;
+    other.m_isEnabled = m_isEnabled;
+    other.m_isSeparator = m_isSeparator;
+    other.m_isHidden = m_isHidden;
+    if (m_submenu)
+        other.m_submenu = m_submenu->copy();
+}
+
+}
