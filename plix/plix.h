@@ -6,6 +6,7 @@
 #include <plix/bitstream/PLIXBitstream.h>
 #include <plix/controls/PLIXButton.h>
 #include <plix/controls/PLIXPopUpButton.h>
+#include <plix/controls/PLIXPopUpButtonDelegate.h>
 #include <plix/controls/TQPopUpButtonCell.h>
 #include <plix/drawing/PLIXShading.h>
 #include <plix/drawing/bezier_path_additions.h>
@@ -38,6 +39,7 @@
 #include <plix/platform/appkit/NSDraggingInfo.h>
 #include <plix/platform/appkit/NSEvent.h>
 #include <plix/platform/appkit/NSMenu.h>
+#include <plix/platform/appkit/NSMenuDelegate.h>
 #include <plix/platform/appkit/NSMenuItem.h>
 #include <plix/platform/appkit/NSModalSession.h>
 #include <plix/platform/appkit/NSPanel.h>

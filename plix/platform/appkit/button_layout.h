@@ -2,8 +2,8 @@
 
 #include <plix/platform/appkit/button_constants.h>
 #include <plix/platform/appkit/cell_layout.h>
-#include <plix/platform/graphics/paragraph_layout.h>
 #include <plix/platform/graphics/geometry.h>
+#include <plix/platform/graphics/paragraph_layout.h>
 
 namespace plix {
 
