@@ -69,6 +69,8 @@ public:
     void end();
     void cancelFrom(NSMenu const&);
     void menuChanged(NSMenu&);
+    /// Its view is gone, or on no screen.
+    bool isOrphan() const;
     OpenMenu const* openMenu(NSMenu const& menu) const
     {
         auto const place = std::ranges::find_if(m_menus, [&](auto const& open) { return open.menu.get() == &menu; });
@@ -100,7 +102,6 @@ private:
     std::optional<std::size_t> levelAt(Point onScreen) const;
     Point pointIn(std::size_t level, Point onScreen) const;
     NSDate nextDeadline() const;
-    bool isOrphan() const;
 
     Weak<NSView> m_view;
     bool m_hasView;
@@ -662,6 +663,12 @@ void MenuTracker::cancel(NSMenu& menu)
 {
     if (s_tracking)
         s_tracking->cancelFrom(menu);
+}
+
+void MenuTracker::viewsLeftWindow()
+{
+    if (s_tracking && s_tracking->isOrphan())
+        s_tracking->end();
 }
 
 bool MenuTracker::isOpen(NSMenu const& menu)

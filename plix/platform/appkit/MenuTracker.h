@@ -18,6 +18,8 @@ public:
     static void cancel(NSMenu&);
     static bool isOpen(NSMenu const&);
     static NSMenuItem* highlightedItem(NSMenu const&);
+    /// Dismisses the menus of a view that has no window any more.
+    static void viewsLeftWindow();
     /// Items of an open menu have changed.
     static void menuChanged(NSMenu&);
     /// The window that shows a menu now, or null.

@@ -1,5 +1,6 @@
 #include <plix/platform/appkit/NSView.h>
 
+#include <plix/platform/appkit/MenuTracker.h>
 #include <plix/platform/appkit/NSScrollView.h>
 #include <plix/platform/appkit/NSView_internal.h>
 #include <plix/platform/appkit/NSWindow.h>
@@ -182,6 +183,7 @@ void NSView::detach(bool marksSuperview)
     if (leavesWindow) {
         m_window->internals().viewGeometryChanged();
         setWindow(nullptr);
+        MenuTracker::viewsLeftWindow();
         didMoveToWindow();
     }
     viewDidMoveToSuperview();
