@@ -1,5 +1,6 @@
 #include "pages.h"
 #include "PictureView.h"
+#include "buttons_page.h"
 #include "text_page.h"
 
 #include <examples/support/example_options.h>
@@ -20,6 +21,8 @@ namespace {
 constexpr Page allPages[] {
     { "pictures", "Pictures", [] { return Ref<NSView>(make<PictureView>()); } },
     { "text", "Text", makeTextPage },
+    { "buttons", "Buttons", makeButtonsPage },
+    { "menus", "Menus", makeMenusPage },
 };
 
 Ref<NSWindow> windowFor(Page const& page)

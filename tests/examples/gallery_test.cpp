@@ -2,6 +2,7 @@
 #include <examples/gallery/picture_samples.h>
 
 #include <plix/platform/graphics/NSBitmapImageRep.h>
+#include <plix/platform/graphics/appearance.h>
 
 #include <tests/support/HeadlessTest.h>
 #include <tests/support/TestFolder.h>
@@ -15,19 +16,45 @@ namespace {
 using namespace plix;
 
 class GalleryTest : public HeadlessTest { };
-class GalleryRetinaTest : public RetinaTest { };
 
-TEST_F(GalleryTest, PagesLookAsTheirReferencesShow)
+/// The pages at one scale, light and dark.
+template <typename Test> class GalleryLooks : public Test, public testing::WithParamInterface<Appearance> {
+protected:
+    void SetUp() override
+    {
+        setCurrentAppearance(this->GetParam());
+        Test::SetUp();
+    }
+    void TearDown() override { setCurrentAppearance(Appearance::light); }
+    void checkPages(std::string const& suffix)
+    {
+        for (auto const& page : pages()) {
+            auto const look = std::string(page.name) + (this->GetParam() == Appearance::dark ? "_dark" : "");
+            EXPECT_TRUE(matchesReference(render(page), "gallery/" + look + suffix));
+        }
+    }
+};
+using GalleryPages = GalleryLooks<HeadlessTest>;
+using GalleryRetinaPages = GalleryLooks<RetinaTest>;
+
+TEST_P(GalleryPages, LookAsTheirReferencesShow)
 {
-    for (auto const& page : pages())
-        EXPECT_TRUE(matchesReference(render(page), std::string("gallery/") + page.name));
+    checkPages("");
 }
 
-TEST_F(GalleryRetinaTest, PagesLookAsTheirReferencesShow)
+TEST_P(GalleryRetinaPages, LookAsTheirReferencesShow)
 {
-    for (auto const& page : pages())
-        EXPECT_TRUE(matchesReference(render(page), std::string("gallery/") + page.name + "@2x"));
+    checkPages("@2x");
 }
+
+auto const bothAppearances = testing::Values(Appearance::light, Appearance::dark);
+std::string appearanceName(testing::TestParamInfo<Appearance> const& info)
+{
+    return info.param == Appearance::dark ? "Dark" : "Light";
+}
+
+INSTANTIATE_TEST_SUITE_P(Appearances, GalleryPages, bothAppearances, appearanceName);
+INSTANTIATE_TEST_SUITE_P(Appearances, GalleryRetinaPages, bothAppearances, appearanceName);
 
 TEST_F(GalleryTest, DumpsEveryPageAtBothScales)
 {

@@ -410,6 +410,8 @@ void NSButtonCell::drawBezelWithFrame(Rect frame, NSView& controlView)
     auto const& theme = Theme::current();
     if (m_bezelStyle == NSDisclosureBezelStyle) {
         theme.drawDisclosureTriangle(frame, state() == NSOnState, look);
+        if (look.isFocused)
+            theme.drawFocusRing(frame, FieldShape::square);
         return;
     }
     bool const isOn = state() != NSOffState && (m_showsStateBy & (NSChangeGrayCellMask | NSChangeBackgroundCellMask));
