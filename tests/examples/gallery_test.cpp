@@ -26,12 +26,15 @@ protected:
         Test::SetUp();
     }
     void TearDown() override { setCurrentAppearance(Appearance::light); }
-    void checkPages(std::string const& suffix)
+    testing::AssertionResult pagesMatch(std::string const& suffix)
     {
+        auto all = testing::AssertionSuccess();
         for (auto const& page : pages()) {
             auto const look = std::string(page.name) + (this->GetParam() == Appearance::dark ? "_dark" : "");
-            EXPECT_TRUE(matchesReference(render(page), "gallery/" + look + suffix));
+            if (auto const one = matchesReference(render(page), "gallery/" + look + suffix); !one)
+                all = (all ? testing::AssertionFailure() : all) << one.message() << '\n';
         }
+        return all;
     }
 };
 using GalleryPages = GalleryLooks<HeadlessTest>;
@@ -39,12 +42,12 @@ using GalleryRetinaPages = GalleryLooks<RetinaTest>;
 
 TEST_P(GalleryPages, LookAsTheirReferencesShow)
 {
-    checkPages("");
+    EXPECT_TRUE(pagesMatch(""));
 }
 
 TEST_P(GalleryRetinaPages, LookAsTheirReferencesShow)
 {
-    checkPages("@2x");
+    EXPECT_TRUE(pagesMatch("@2x"));
 }
 
 auto const bothAppearances = testing::Values(Appearance::light, Appearance::dark);

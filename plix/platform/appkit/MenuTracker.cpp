@@ -45,12 +45,16 @@ struct Choice {
     Ref<NSMenuItem> item;
 };
 
+class Tracking;
+Tracking* s_tracking { nullptr };
+
 class Tracking {
 public:
     Tracking(NSView* forView, NSFont* font)
         : m_view(forView)
         , m_hasView(forView != nullptr)
         , m_font(font)
+        , m_outer(std::exchange(s_tracking, this))
     {
         m_activation = NSNotificationCenter::defaultCenter().addObserver(
             [this](NSNotification const&) { end(); }, NSApplicationDidResignActiveNotification);
@@ -59,6 +63,7 @@ public:
     {
         NSNotificationCenter::defaultCenter().removeObserver(*m_activation);
         closeFrom(0);
+        s_tracking = m_outer;
     }
     Tracking(Tracking const&) = delete;
     Tracking& operator=(Tracking const&) = delete;
@@ -106,6 +111,7 @@ private:
     Weak<NSView> m_view;
     bool m_hasView;
     Ref<NSFont> m_font;
+    Tracking* m_outer;
     Ref<NSObject> m_activation;
     std::vector<OpenMenu> m_menus;
     Choice m_choice;
@@ -119,8 +125,6 @@ private:
     bool m_isEnded { false };
     TypeAhead m_typeAhead;
 };
-
-Tracking* s_tracking { nullptr };
 
 Rect screenAround(Rect place)
 {
@@ -608,11 +612,9 @@ template <typename Place> Choice track(NSMenu& menu, NSView* view, NSFont* font,
     Choice choice;
     {
         Tracking tracking(view, font);
-        auto* const outer = std::exchange(s_tracking, &tracking);
         Opening const opening = place();
         tracking.open(menu, opening.frame, opening.minimumWidth, opening.scrolled);
         choice = tracking.run(event, opening.highlighted);
-        s_tracking = outer;
     }
     // A hook may have taken the item away meanwhile.
     return choice.item && choice.item->menu() == choice.menu.get() ? choice : Choice {};
