@@ -24,7 +24,11 @@ list(APPEND PLIX_LOGIC_SOURCES
     platform/appkit/TypeAhead.cpp
     platform/appkit/key_bindings.cpp
     platform/appkit/key_names.cpp
+    platform/appkit/box_layout.cpp
+    platform/appkit/image_layout.cpp
     platform/appkit/menu_layout.cpp
+    platform/appkit/progress_layout.cpp
+    platform/appkit/split_layout.cpp
     platform/appkit/reading_order.cpp
     platform/appkit/scroll_layout.cpp
     platform/appkit/scroller_geometry.cpp

@@ -8,6 +8,7 @@
 #include <plix/controls/PLIXPopUpButton.h>
 #include <plix/controls/PLIXPopUpButtonDelegate.h>
 #include <plix/controls/TQPopUpButtonCell.h>
+#include <plix/controls/TQSplitView.h>
 #include <plix/drawing/PLIXShading.h>
 #include <plix/drawing/bezier_path_additions.h>
 #include <plix/drawing/geometry_helpers.h>
@@ -27,6 +28,7 @@
 #include <plix/platform/appkit/NSActionCell.h>
 #include <plix/platform/appkit/NSApplication.h>
 #include <plix/platform/appkit/NSApplicationDelegate.h>
+#include <plix/platform/appkit/NSBox.h>
 #include <plix/platform/appkit/NSButton.h>
 #include <plix/platform/appkit/NSButtonCell.h>
 #include <plix/platform/appkit/NSCell.h>
@@ -38,6 +40,8 @@
 #include <plix/platform/appkit/NSDocumentController.h>
 #include <plix/platform/appkit/NSDraggingInfo.h>
 #include <plix/platform/appkit/NSEvent.h>
+#include <plix/platform/appkit/NSImageCell.h>
+#include <plix/platform/appkit/NSImageView.h>
 #include <plix/platform/appkit/NSMenu.h>
 #include <plix/platform/appkit/NSMenuDelegate.h>
 #include <plix/platform/appkit/NSMenuItem.h>
@@ -46,10 +50,13 @@
 #include <plix/platform/appkit/NSPasteboard.h>
 #include <plix/platform/appkit/NSPopUpButton.h>
 #include <plix/platform/appkit/NSPopUpButtonCell.h>
+#include <plix/platform/appkit/NSProgressIndicator.h>
 #include <plix/platform/appkit/NSResponder.h>
 #include <plix/platform/appkit/NSScreen.h>
 #include <plix/platform/appkit/NSScrollView.h>
 #include <plix/platform/appkit/NSScroller.h>
+#include <plix/platform/appkit/NSSplitView.h>
+#include <plix/platform/appkit/NSSplitViewDelegate.h>
 #include <plix/platform/appkit/NSText.h>
 #include <plix/platform/appkit/NSTextDelegate.h>
 #include <plix/platform/appkit/NSTextField.h>

@@ -1,5 +1,6 @@
 #include "pages.h"
 #include "PictureView.h"
+#include "boxes_page.h"
 #include "buttons_page.h"
 #include "text_page.h"
 
@@ -23,6 +24,7 @@ constexpr Page allPages[] {
     { "text", "Text", makeTextPage },
     { "buttons", "Buttons", makeButtonsPage },
     { "menus", "Menus", makeMenusPage },
+    { "boxes", "Boxes and progress", makeBoxesPage },
 };
 
 Ref<NSWindow> windowFor(Page const& page)

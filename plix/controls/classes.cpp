@@ -3,6 +3,7 @@
 #include <plix/controls/PLIXButton.h>
 #include <plix/controls/PLIXPopUpButton.h>
 #include <plix/controls/TQPopUpButtonCell.h>
+#include <plix/controls/TQSplitView.h>
 
 namespace plix {
 
@@ -11,6 +12,7 @@ void registerControlClasses()
     PLIXButton::staticClass();
     PLIXPopUpButton::staticClass();
     TQPopUpButtonCell::staticClass();
+    TQSplitView::staticClass();
 }
 
 }

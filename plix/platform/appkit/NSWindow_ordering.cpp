@@ -1,10 +1,12 @@
 #include <plix/platform/appkit/NSApplication_internal.h>
+#include <plix/platform/appkit/NSEvent.h>
 #include <plix/platform/appkit/NSPanel.h>
 #include <plix/platform/appkit/NSScreen.h>
 #include <plix/platform/appkit/NSView_internal.h>
 #include <plix/platform/appkit/NSWindow.h>
 #include <plix/platform/appkit/NSWindow_internal.h>
 #include <plix/platform/appkit/ToolTips.h>
+#include <plix/platform/base/clock.h>
 #include <plix/platform/graphics/NSGraphicsContext.h>
 #include <plix/platform/host/Display.h>
 #include <plix/platform/host/Host.h>
@@ -143,6 +145,7 @@ void NSWindow::Internals::leaveScreen()
     auto const kept = std::exchange(keptOnScreen, nullptr);
     isOrderedIn = false;
     isMiniaturized = false;
+    bool const isFollowed = pressedView && (NSEvent::pressedMouseButtons() & 1) != 0;
     pressedView = nullptr;
     rightPressedView = nullptr;
     otherPressedView = nullptr;
@@ -151,6 +154,11 @@ void NSWindow::Internals::leaveScreen()
     if (host)
         host->hide();
     NSApp->internals().windowOrderedOut(self);
+    // Whoever still follows the mouse from a press in the window would wait for a release that never comes.
+    if (isFollowed)
+        NSApp->postEvent(*NSEvent::mouseEventWithType(NSLeftMouseUp, self.mouseLocationOutsideOfEventStream(), 0, clock().uptime(),
+                             self.windowNumber(), nullptr, 0, 1, 0),
+            false);
 }
 
 bool NSWindow::isVisible() const

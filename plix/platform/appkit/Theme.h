@@ -30,6 +30,7 @@ enum class FieldShape { square, round };
 
 enum class ButtonFace;
 enum NSBezelStyle : int;
+enum NSImageFrameStyle : int;
 
 /// How a button's face is drawn beyond its state.
 struct ButtonLook {
@@ -41,6 +42,14 @@ struct ButtonLook {
     /// Corners are square on the sides where another segment joins.
     bool joinsLeft { false };
     bool joinsRight { false };
+};
+
+struct BoxLook {
+    NSBorderType border {};
+    /// Null: as the kind of box has it.
+    NSColor* fill { nullptr };
+    /// Whether what is inside is set off by a shade.
+    bool isShaded { false };
 };
 
 struct MenuItemLook {
@@ -99,6 +108,20 @@ public:
     Ref<NSColor> const& menuKeyColor(MenuItemLook const&) const;
     /// The two arrows of a pop-up button, or the one of a pull-down button or combo box.
     void drawPopUpArrows(Rect, bool pullsDown, Ref<NSColor> const&) const;
+
+    // Images, boxes and dividers.
+    void drawImageFrame(Rect, NSImageFrameStyle, ControlLook const&) const;
+    /// The border is interrupted where the title stands. Looks alike in flipped and other coordinates.
+    void drawBox(Rect border, BoxLook const&, Rect title) const;
+    /// A line in the middle, along the longer side.
+    void drawSeparator(Rect) const;
+    void drawSplitDivider(Rect, bool isVertical, bool isPaneSplitter) const;
+
+    // Progress.
+    void drawProgressSlot(Rect, bool isBezeled) const;
+    void drawProgressBar(Rect done, ControlLook const&) const;
+    /// Faint while it stands still.
+    void drawProgressWheel(Rect, double seconds, bool turns, ControlLook const&) const;
 
     // Scrollers.
     static float scrollerWidth(NSControlSize);

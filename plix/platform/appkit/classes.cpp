@@ -2,6 +2,7 @@
 
 #include <plix/platform/appkit/NSActionCell.h>
 #include <plix/platform/appkit/NSApplication.h>
+#include <plix/platform/appkit/NSBox.h>
 #include <plix/platform/appkit/NSButton.h>
 #include <plix/platform/appkit/NSButtonCell.h>
 #include <plix/platform/appkit/NSClipView.h>
@@ -9,15 +10,19 @@
 #include <plix/platform/appkit/NSDocument.h>
 #include <plix/platform/appkit/NSDocumentController.h>
 #include <plix/platform/appkit/NSEvent.h>
+#include <plix/platform/appkit/NSImageCell.h>
+#include <plix/platform/appkit/NSImageView.h>
 #include <plix/platform/appkit/NSMenu.h>
 #include <plix/platform/appkit/NSMenuItem.h>
 #include <plix/platform/appkit/NSPanel.h>
 #include <plix/platform/appkit/NSPasteboard.h>
 #include <plix/platform/appkit/NSPopUpButton.h>
 #include <plix/platform/appkit/NSPopUpButtonCell.h>
+#include <plix/platform/appkit/NSProgressIndicator.h>
 #include <plix/platform/appkit/NSScreen.h>
 #include <plix/platform/appkit/NSScrollView.h>
 #include <plix/platform/appkit/NSScroller.h>
+#include <plix/platform/appkit/NSSplitView.h>
 #include <plix/platform/appkit/NSTextField.h>
 #include <plix/platform/appkit/NSTextFieldCell.h>
 #include <plix/platform/appkit/NSTextView.h>
@@ -52,6 +57,11 @@ void registerAppKitClasses()
     NSTextView::staticClass();
     NSPopUpButtonCell::staticClass();
     NSPopUpButton::staticClass();
+    NSImageCell::staticClass();
+    NSImageView::staticClass();
+    NSBox::staticClass();
+    NSProgressIndicator::staticClass();
+    NSSplitView::staticClass();
     NSScroller::staticClass();
     NSClipView::staticClass();
     NSScrollView::staticClass();

@@ -14,6 +14,14 @@ namespace plix {
 
 namespace {
 
+// Of an opaque color Cairo cuts the components' fractions off, while premultipliedPixel() rounds. A whole number of 255ths is the
+// same to both.
+void setSource(cairo_t* cairo, ColorComponents const& color, double alpha)
+{
+    auto const whole = [&](double component) { return alpha < 1 ? component : std::round(component * 255.0) / 255.0; };
+    cairo_set_source_rgba(cairo, whole(color.red), whole(color.green), whole(color.blue), alpha);
+}
+
 /// Beyond these Cairo's fixed-point numbers wrap around.
 constexpr double largestCoordinate = 4'000'000;
 
@@ -83,7 +91,7 @@ void paintShadow(ContextInternals& internals, Painting const& painting)
     auto const& color = state.shadow.color;
     cairo_identity_matrix(cairo);
     cairo_set_operator(cairo, CAIRO_OPERATOR_OVER);
-    cairo_set_source_rgba(cairo, color.red, color.green, color.blue, color.alpha);
+    setSource(cairo, color, color.alpha);
     cairo_mask_surface(cairo, mask.surface.get(), area.x + dx, area.y + dy);
     cairo_set_matrix(cairo, &matrix);
 }
@@ -201,7 +209,7 @@ void setSource(cairo_t* cairo, ContextInternals const& internals, Paint const& p
         return;
     }
     auto const& color = paint.components;
-    cairo_set_source_rgba(cairo, color.red, color.green, color.blue, static_cast<double>(color.alpha) * alpha);
+    setSource(cairo, color, static_cast<double>(color.alpha) * alpha);
 }
 
 void setClearingSource(cairo_t* cairo)

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <plix/platform/appkit/NSSplitView.h>
+
+namespace plix {
+
+/// A split view whose dividers are as thick as the host says: 7 points at first. The thickness is not archived.
+class TQSplitView : public NSSplitView {
+    PLIX_CLASS(TQSplitView, NSSplitView);
+
+public:
+    bool init();
+    bool init(Rect frame);
+
+    float dividerThickness() const override { return m_dividerThickness; }
+    /// Stores the value only: panes are laid out with it the next time, dividers drawn.
+    void setDividerThickness(float thickness) { m_dividerThickness = thickness; }
+
+private:
+    float m_dividerThickness { 7 };
+};
+
+}
