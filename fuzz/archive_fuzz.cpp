@@ -1,5 +1,7 @@
 #include "fuzz.h"
 
+#include <plix/controls/classes.h>
+#include <plix/platform/appkit/classes.h>
 #include <plix/platform/base/NSLog.h>
 #include <plix/platform/foundation/NSArchiver.h>
 #include <plix/platform/foundation/archive_bytes.h>
@@ -38,6 +40,12 @@ static std::vector<std::uint8_t> archiveWithBody(std::uint8_t const* data, std::
 extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size)
 {
     static auto const s_quiet = installLogSink([](std::string_view) {});
+    static bool const s_areClassesKnown = [] {
+        registerAppKitClasses();
+        registerControlClasses();
+        return true;
+    }();
+    FUZZ_CHECK(s_areClassesKnown);
     auto const bytes = archiveWithBody(data, size);
     std::string problem;
     auto const tree = archiveTree(bytes, problem);

@@ -7,6 +7,7 @@
 #include <plix/controls/PLIXButton.h>
 #include <plix/controls/PLIXPopUpButton.h>
 #include <plix/controls/PLIXPopUpButtonDelegate.h>
+#include <plix/controls/PLIXTextAttachmentCell.h>
 #include <plix/controls/TQPopUpButtonCell.h>
 #include <plix/controls/TQSplitView.h>
 #include <plix/drawing/PLIXShading.h>
@@ -58,6 +59,8 @@
 #include <plix/platform/appkit/NSSplitView.h>
 #include <plix/platform/appkit/NSSplitViewDelegate.h>
 #include <plix/platform/appkit/NSText.h>
+#include <plix/platform/appkit/NSTextAttachment.h>
+#include <plix/platform/appkit/NSTextAttachmentCell.h>
 #include <plix/platform/appkit/NSTextDelegate.h>
 #include <plix/platform/appkit/NSTextField.h>
 #include <plix/platform/appkit/NSTextFieldCell.h>

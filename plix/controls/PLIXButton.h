@@ -10,6 +10,7 @@ class PLIXButton : public NSButton {
 
 public:
     using NSButton::init;
+    bool init(NSCoder&);
 
     // NSView:
     bool performKeyEquivalent(NSEvent&) override;

@@ -5,6 +5,7 @@
 #include <plix/platform/appkit/NSMenu.h>
 #include <plix/platform/appkit/NSMenuItem.h>
 #include <plix/platform/appkit/NSWindow.h>
+#include <plix/platform/foundation/NSCoder.h>
 
 namespace plix {
 
@@ -30,6 +31,14 @@ bool PLIXPopUpButton::init()
 bool PLIXPopUpButton::init(Rect frame)
 {
     if (!Base::init(frame))
+        return false;
+    initFields();
+    return true;
+}
+
+bool PLIXPopUpButton::init(NSCoder& coder)
+{
+    if (!Base::init(coder))
         return false;
     initFields();
     return true;

@@ -24,6 +24,8 @@ public:
     /// With an empty menu called "Untitled", which enables nothing by itself.
     bool init();
     bool init(Rect frame);
+    /// With a new empty menu, whatever is archived.
+    bool init(NSCoder&);
 
     /// Held weakly.
     template <typename T> void setDelegate(Ref<T> const& delegate)

@@ -1,5 +1,6 @@
 #include <plix/controls/TQPopUpButtonCell.h>
 
+#include <plix/platform/foundation/NSCoder.h>
 #include <plix/platform/graphics/NSAttributedString.h>
 #include <plix/platform/graphics/NSColor.h>
 #include <plix/platform/graphics/NSFont.h>
@@ -27,6 +28,14 @@ bool TQPopUpButtonCell::init()
 bool TQPopUpButtonCell::init(std::string_view title, bool pullsDown)
 {
     if (!Base::init(title, pullsDown))
+        return false;
+    m_displayAttributedString = make<NSAttributedString>("");
+    return true;
+}
+
+bool TQPopUpButtonCell::init(NSCoder& coder)
+{
+    if (!Base::init(coder))
         return false;
     m_displayAttributedString = make<NSAttributedString>("");
     return true;

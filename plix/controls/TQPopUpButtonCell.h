@@ -13,6 +13,8 @@ public:
     ~TQPopUpButtonCell() override;
     bool init();
     bool init(std::string_view title, bool pullsDown);
+    /// The display string is not archived.
+    bool init(NSCoder&);
 
     /// Empty at first; null shows nothing. Copies share it.
     virtual Ref<NSAttributedString> displayAttributedString() const;

@@ -1,5 +1,7 @@
 #include <plix/controls/TQSplitView.h>
 
+#include <plix/platform/foundation/NSCoder.h>
+
 namespace plix {
 
 PLIX_DESCRIBE(TQSplitView)
@@ -14,6 +16,11 @@ bool TQSplitView::init()
 bool TQSplitView::init(Rect frame)
 {
     return Base::init(frame);
+}
+
+bool TQSplitView::init(NSCoder& coder)
+{
+    return Base::init(coder);
 }
 
 }

@@ -11,6 +11,7 @@ class TQSplitView : public NSSplitView {
 public:
     bool init();
     bool init(Rect frame);
+    bool init(NSCoder&);
 
     float dividerThickness() const override { return m_dividerThickness; }
     /// Stores the value only: panes are laid out with it the next time, dividers drawn.

@@ -2,6 +2,7 @@
 
 #include <plix/controls/PLIXButton.h>
 #include <plix/controls/PLIXPopUpButton.h>
+#include <plix/controls/PLIXTextAttachmentCell.h>
 #include <plix/controls/TQPopUpButtonCell.h>
 #include <plix/controls/TQSplitView.h>
 
@@ -13,6 +14,7 @@ void registerControlClasses()
     PLIXPopUpButton::staticClass();
     TQPopUpButtonCell::staticClass();
     TQSplitView::staticClass();
+    PLIXTextAttachmentCell::staticClass();
 }
 
 }

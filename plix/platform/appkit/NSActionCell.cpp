@@ -2,11 +2,28 @@
 
 #include <plix/platform/appkit/NSApplication.h>
 #include <plix/platform/appkit/NSControl.h>
+#include <plix/platform/foundation/NSCoder.h>
 
 namespace plix {
 
 PLIX_DESCRIBE(NSActionCell)
 {
+}
+
+bool NSActionCell::init(NSCoder& coder)
+{
+    if (!Base::init(coder))
+        return false;
+    coder.read("tag", [&](ObjectValue const& value) { m_tag = value.intValue(); });
+    coder.read("action", [&](ObjectValue const& value) { m_action = Selector(value.description()); });
+    return true;
+}
+
+void NSActionCell::encodeWithCoder(NSCoder& coder) const
+{
+    Base::encodeWithCoder(coder);
+    coder.encodeInt(m_tag, "tag");
+    coder.encodeObject(m_action.name(), "action");
 }
 
 NSActionCell::NSActionCell() = default;

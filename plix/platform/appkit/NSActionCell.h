@@ -12,6 +12,9 @@ class NSActionCell : public NSCell {
 
 public:
     using NSCell::init;
+    /// The target is not archived.
+    bool init(NSCoder&);
+    void encodeWithCoder(NSCoder&) const override;
     NSActionCell();
     ~NSActionCell() override;
 

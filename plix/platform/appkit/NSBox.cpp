@@ -2,6 +2,7 @@
 
 #include <plix/platform/appkit/NSTextFieldCell.h>
 #include <plix/platform/appkit/Theme.h>
+#include <plix/platform/foundation/NSCoder.h>
 #include <plix/platform/graphics/NSColor.h>
 #include <plix/platform/graphics/NSFont.h>
 
@@ -33,13 +34,49 @@ bool NSBox::init(Rect frame)
 {
     if (!Base::init(frame))
         return false;
+    makeTitleCell();
+    auto const content = make<NSView>(Rect {});
+    setContentView(content.get());
+    return true;
+}
+
+bool NSBox::init(NSCoder& coder)
+{
+    if (!Base::init(coder))
+        return false;
+    makeTitleCell();
+    coder.read("boxType", [&](ObjectValue const& value) { m_type = static_cast<NSBoxType>(value.intValue()); });
+    coder.read("borderType", [&](ObjectValue const& value) { m_borderType = static_cast<NSBorderType>(value.intValue()); });
+    coder.read(
+        "titlePosition", [&](ObjectValue const& value) { m_shape.titlePosition = static_cast<NSTitlePosition>(value.intValue()); });
+    coder.read("title", [&](ObjectValue const& value) { m_titleCell->setStringValue(value.description()); });
+    coder.read("titleFont", [&](ObjectValue const& value) { m_titleCell->setFont(value.as<NSFont>()); });
+    coder.read("fillColor", [&](ObjectValue const& value) { m_fillColor = value.as<NSColor>(); });
+    coder.read(
+        "contentViewMargins", [&](ObjectValue const& value) { setContentViewMargins(NSSizeFromString(value.description())); });
+    coder.read("contentView", [&](ObjectValue const& value) { setContentView(value.as<NSView>().get()); });
+    return true;
+}
+
+void NSBox::encodeWithCoder(NSCoder& coder) const
+{
+    Base::encodeWithCoder(coder);
+    coder.encodeInt(m_type, "boxType");
+    coder.encodeInt(m_borderType, "borderType");
+    coder.encodeInt(m_shape.titlePosition, "titlePosition");
+    coder.encodeObject(title(), "title");
+    coder.encodeObject(Ref<NSFont>(titleFont()), "titleFont");
+    coder.encodeObject(m_fillColor, "fillColor");
+    coder.encodeObject(NSStringFromSize(m_shape.margins), "contentViewMargins");
+    coder.encodeObject(m_contentView, "contentView");
+}
+
+void NSBox::makeTitleCell()
+{
     auto const cell = make<NSTextFieldCell>("Title");
     cell->setFont(NSFont::systemFontOfSize(titleFontSize));
     cell->setLineBreakMode(NSLineBreakByTruncatingTail);
     m_titleCell = cell;
-    auto const content = make<NSView>(Rect {});
-    setContentView(content.get());
-    return true;
 }
 
 void NSBox::setBoxType(NSBoxType type)

@@ -23,6 +23,8 @@ public:
     ~NSBox() override;
     bool init();
     bool init(Rect frame);
+    bool init(NSCoder&);
+    void encodeWithCoder(NSCoder&) const override;
 
     NSBoxType boxType() const { return m_type; }
     void setBoxType(NSBoxType);
@@ -55,7 +57,11 @@ public:
     void resizeSubviewsWithOldSize(Size) override;
     void drawRect(Rect) override;
 
+protected:
+    std::vector<Ref<NSView>> archivedSubviews() const override { return {}; }
+
 private:
+    void makeTitleCell();
     BoxShape shape() const;
     void layOut();
 

@@ -4,6 +4,7 @@
 #include <plix/platform/appkit/NSEvent.h>
 #include <plix/platform/appkit/NSWindow.h>
 #include <plix/platform/appkit/key_equivalent.h>
+#include <plix/platform/foundation/NSCoder.h>
 #include <plix/platform/graphics/NSAttributedString.h>
 #include <plix/platform/graphics/NSImage.h>
 
@@ -40,6 +41,11 @@ bool NSButton::init()
 bool NSButton::init(Rect frame)
 {
     return Base::init(frame);
+}
+
+bool NSButton::init(NSCoder& coder)
+{
+    return Base::init(coder);
 }
 
 NSButtonCell* NSButton::buttonCell() const

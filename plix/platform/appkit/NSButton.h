@@ -18,6 +18,7 @@ public:
     ~NSButton() override;
     bool init();
     bool init(Rect frame);
+    bool init(NSCoder&);
 
     static Class const* cellClass();
     /// For buttons made from now on; a class of button cells.

@@ -5,6 +5,7 @@
 #include <plix/platform/appkit/NSWindow.h>
 #include <plix/platform/appkit/Theme.h>
 #include <plix/platform/base/utf16.h>
+#include <plix/platform/foundation/NSCoder.h>
 #include <plix/platform/graphics/NSAttributedString.h>
 #include <plix/platform/graphics/NSColor.h>
 #include <plix/platform/graphics/NSFont.h>
@@ -48,6 +49,57 @@ bool NSButtonCell::init(Ref<NSImage> const& image)
     m_image = image;
     m_imagePosition = NSImageOnly;
     return true;
+}
+
+bool NSButtonCell::init(NSCoder& coder)
+{
+    if (!Base::init(coder))
+        return false;
+    coder.read("title", [&](ObjectValue const& value) { m_title = value.description(); });
+    coder.read("alternateTitle", [&](ObjectValue const& value) { m_alternateTitle = value.description(); });
+    coder.read("attributedTitle", [&](ObjectValue const& value) { m_attributedTitle = value.as<NSAttributedString>(); });
+    coder.read("image", [&](ObjectValue const& value) { m_image = value.as<NSImage>(); });
+    coder.read("alternateImage", [&](ObjectValue const& value) { m_alternateImage = value.as<NSImage>(); });
+    coder.read("backgroundColor", [&](ObjectValue const& value) { m_backgroundColor = value.as<NSColor>(); });
+    coder.read("keyEquivalent", [&](ObjectValue const& value) { m_keyEquivalent = value.description(); });
+    coder.read("keyEquivalentModifierMask",
+        [&](ObjectValue const& value) { m_keyEquivalentModifierMask = static_cast<unsigned>(value.integerValue()); });
+    coder.read("highlightsBy", [&](ObjectValue const& value) { m_highlightsBy = static_cast<unsigned>(value.integerValue()); });
+    coder.read("showsStateBy", [&](ObjectValue const& value) { m_showsStateBy = static_cast<unsigned>(value.integerValue()); });
+    coder.read("bezelStyle", [&](ObjectValue const& value) { m_bezelStyle = static_cast<NSBezelStyle>(value.intValue()); });
+    coder.read(
+        "imagePosition", [&](ObjectValue const& value) { m_imagePosition = static_cast<NSCellImagePosition>(value.intValue()); });
+    coder.read("indicator", [&](ObjectValue const& value) { m_indicator = static_cast<ButtonFace>(value.intValue()); });
+    coder.read("periodicDelay", [&](ObjectValue const& value) { m_periodicDelay = value.floatValue(); });
+    coder.read("periodicInterval", [&](ObjectValue const& value) { m_periodicInterval = value.floatValue(); });
+    coder.read("transparent", [&](ObjectValue const& value) { m_isTransparent = value.boolValue(); });
+    coder.read("showsBorderOnlyWhileMouseInside",
+        [&](ObjectValue const& value) { m_showsBorderOnlyWhileMouseInside = value.boolValue(); });
+    coder.read("imageDimsWhenDisabled", [&](ObjectValue const& value) { m_imageDimsWhenDisabled = value.boolValue(); });
+    return true;
+}
+
+void NSButtonCell::encodeWithCoder(NSCoder& coder) const
+{
+    Base::encodeWithCoder(coder);
+    coder.encodeObject(m_title, "title");
+    coder.encodeObject(m_alternateTitle, "alternateTitle");
+    coder.encodeObject(m_attributedTitle, "attributedTitle");
+    coder.encodeObject(m_image, "image");
+    coder.encodeObject(m_alternateImage, "alternateImage");
+    coder.encodeObject(m_backgroundColor, "backgroundColor");
+    coder.encodeObject(m_keyEquivalent, "keyEquivalent");
+    coder.encodeInt(m_keyEquivalentModifierMask, "keyEquivalentModifierMask");
+    coder.encodeInt(m_highlightsBy, "highlightsBy");
+    coder.encodeInt(m_showsStateBy, "showsStateBy");
+    coder.encodeInt(m_bezelStyle, "bezelStyle");
+    coder.encodeInt(m_imagePosition, "imagePosition");
+    coder.encodeInt(static_cast<int>(m_indicator), "indicator");
+    coder.encodeDouble(m_periodicDelay, "periodicDelay");
+    coder.encodeDouble(m_periodicInterval, "periodicInterval");
+    coder.encodeBool(m_isTransparent, "transparent");
+    coder.encodeBool(m_showsBorderOnlyWhileMouseInside, "showsBorderOnlyWhileMouseInside");
+    coder.encodeBool(m_imageDimsWhenDisabled, "imageDimsWhenDisabled");
 }
 
 void NSButtonCell::setButtonType(NSButtonType type)

@@ -21,6 +21,8 @@ public:
     bool init(std::string_view title);
     /// The same with an image only.
     bool init(Ref<NSImage> const& image);
+    bool init(NSCoder&);
+    void encodeWithCoder(NSCoder&) const override;
 
     /// Sets what the type stands for: how the button shows that it is pressed and on, and the check box or radio button.
     virtual void setButtonType(NSButtonType);

@@ -3,6 +3,7 @@
 #include <plix/platform/appkit/NSEvent.h>
 #include <plix/platform/appkit/NSView.h>
 #include <plix/platform/base/utf16.h>
+#include <plix/platform/foundation/NSCoder.h>
 #include <plix/platform/foundation/NSFormatter.h>
 #include <plix/platform/graphics/NSAttributedString.h>
 #include <plix/platform/graphics/NSColor.h>
@@ -43,6 +44,73 @@ bool NSCell::init(Ref<NSImage> const& image)
     m_type = image ? NSImageCellType : NSNullCellType;
     m_value = image;
     return true;
+}
+
+bool NSCell::init(NSCoder& coder)
+{
+    if (!NSCell::init())
+        return false;
+    coder.read("type", [&](ObjectValue const& value) { m_type = static_cast<NSCellType>(value.intValue()); });
+    coder.read("contents", [&](ObjectValue const& value) { m_value = value; });
+    coder.read("hasValidObjectValue", [&](ObjectValue const& value) { m_hasValidObject = value.boolValue(); });
+    if (!m_hasValidObject) {
+        m_text = coder.decodeStringForKey("text");
+        m_textIsCurrent = true;
+    }
+    coder.read("formatter", [&](ObjectValue const& value) { m_formatter = value.as<NSFormatter>(); });
+    coder.read("font", [&](ObjectValue const& value) { m_font = value.as<NSFont>(); });
+    coder.read("representedObject", [&](ObjectValue const& value) { m_representedObject = value; });
+    coder.read("state", [&](ObjectValue const& value) { m_state = value.intValue(); });
+    coder.read("alignment", [&](ObjectValue const& value) { m_alignment = static_cast<NSTextAlignment>(value.intValue()); });
+    coder.read(
+        "lineBreakMode", [&](ObjectValue const& value) { m_lineBreakMode = static_cast<NSLineBreakMode>(value.intValue()); });
+    coder.read("controlSize", [&](ObjectValue const& value) { m_controlSize = static_cast<NSControlSize>(value.intValue()); });
+    coder.read(
+        "focusRingType", [&](ObjectValue const& value) { m_focusRingType = static_cast<NSFocusRingType>(value.intValue()); });
+    coder.read("sendActionOn", [&](ObjectValue const& value) { m_actionMask = static_cast<unsigned>(value.integerValue()); });
+    coder.read("enabled", [&](ObjectValue const& value) { m_flags.enabled = value.boolValue(); });
+    coder.read("highlighted", [&](ObjectValue const& value) { m_flags.highlighted = value.boolValue(); });
+    coder.read("allowsMixedState", [&](ObjectValue const& value) { m_flags.allowsMixedState = value.boolValue(); });
+    coder.read("editable", [&](ObjectValue const& value) { m_flags.editable = value.boolValue(); });
+    coder.read("selectable", [&](ObjectValue const& value) { m_flags.selectable = value.boolValue(); });
+    coder.read(
+        "allowsEditingTextAttributes", [&](ObjectValue const& value) { m_flags.allowsEditingTextAttributes = value.boolValue(); });
+    coder.read("sendsActionOnEndEditing", [&](ObjectValue const& value) { m_flags.sendsActionOnEndEditing = value.boolValue(); });
+    coder.read("refusesFirstResponder", [&](ObjectValue const& value) { m_flags.refusesFirstResponder = value.boolValue(); });
+    coder.read("scrollable", [&](ObjectValue const& value) { m_flags.scrollable = value.boolValue(); });
+    coder.read("bordered", [&](ObjectValue const& value) { m_flags.bordered = value.boolValue(); });
+    coder.read("bezeled", [&](ObjectValue const& value) { m_flags.bezeled = value.boolValue(); });
+    return true;
+}
+
+void NSCell::encodeWithCoder(NSCoder& coder) const
+{
+    Base::encodeWithCoder(coder);
+    coder.encodeInt(m_type, "type");
+    coder.encodeObject(m_value, "contents");
+    coder.encodeBool(m_hasValidObject, "hasValidObjectValue");
+    if (!m_hasValidObject)
+        coder.encodeObject(stringValue(), "text");
+    coder.encodeObject(m_formatter, "formatter");
+    coder.encodeObject(m_font, "font");
+    coder.encodeObject(m_representedObject, "representedObject");
+    coder.encodeInt(m_state, "state");
+    coder.encodeInt(m_alignment, "alignment");
+    coder.encodeInt(m_lineBreakMode, "lineBreakMode");
+    coder.encodeInt(m_controlSize, "controlSize");
+    coder.encodeInt(static_cast<int>(m_focusRingType), "focusRingType");
+    coder.encodeInt(m_actionMask, "sendActionOn");
+    coder.encodeBool(m_flags.enabled, "enabled");
+    coder.encodeBool(m_flags.highlighted, "highlighted");
+    coder.encodeBool(m_flags.allowsMixedState, "allowsMixedState");
+    coder.encodeBool(m_flags.editable, "editable");
+    coder.encodeBool(m_flags.selectable, "selectable");
+    coder.encodeBool(m_flags.allowsEditingTextAttributes, "allowsEditingTextAttributes");
+    coder.encodeBool(m_flags.sendsActionOnEndEditing, "sendsActionOnEndEditing");
+    coder.encodeBool(m_flags.refusesFirstResponder, "refusesFirstResponder");
+    coder.encodeBool(m_flags.scrollable, "scrollable");
+    coder.encodeBool(m_flags.bordered, "bordered");
+    coder.encodeBool(m_flags.bezeled, "bezeled");
 }
 
 void NSCell::setType(NSCellType type)

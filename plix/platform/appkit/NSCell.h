@@ -45,6 +45,8 @@ public:
     bool init(std::string_view text);
     /// An image cell; null makes a cell of no type.
     bool init(Ref<NSImage> const& image);
+    bool init(NSCoder&);
+    void encodeWithCoder(NSCoder&) const override;
 
     // --- kind ---
 

@@ -5,6 +5,7 @@
 #include <plix/platform/appkit/NSWindow.h>
 #include <plix/platform/appkit/Theme.h>
 #include <plix/platform/appkit/scroll_layout.h>
+#include <plix/platform/foundation/NSCoder.h>
 #include <plix/platform/foundation/NSNotificationCenter.h>
 #include <plix/platform/graphics/NSColor.h>
 
@@ -30,6 +31,27 @@ bool NSClipView::init(Rect frame)
         return false;
     m_backgroundColor = NSColor::controlBackgroundColor();
     return true;
+}
+
+bool NSClipView::init(NSCoder& coder)
+{
+    if (!Base::init(coder))
+        return false;
+    m_backgroundColor = NSColor::controlBackgroundColor();
+    coder.read("backgroundColor", [&](ObjectValue const& value) { m_backgroundColor = value.as<NSColor>(); });
+    coder.read("drawsBackground", [&](ObjectValue const& value) { m_drawsBackground = value.boolValue(); });
+    coder.read("copiesOnScroll", [&](ObjectValue const& value) { m_copiesOnScroll = value.boolValue(); });
+    coder.read("documentView", [&](ObjectValue const& value) { setDocumentView(value.as<NSView>()); });
+    return true;
+}
+
+void NSClipView::encodeWithCoder(NSCoder& coder) const
+{
+    Base::encodeWithCoder(coder);
+    coder.encodeObject(m_backgroundColor, "backgroundColor");
+    coder.encodeBool(m_drawsBackground, "drawsBackground");
+    coder.encodeBool(m_copiesOnScroll, "copiesOnScroll");
+    coder.encodeObject(Ref<NSView>(m_documentView.get()), "documentView");
 }
 
 // MARK: the document

@@ -14,6 +14,8 @@ public:
     ~NSClipView() override;
     bool init();
     bool init(Rect frame);
+    bool init(NSCoder&);
+    void encodeWithCoder(NSCoder&) const override;
 
     NSView* documentView() const { return m_documentView.get(); }
     /// Takes the old one out; the new one starts at its origin (unflipped: at its top).
@@ -57,6 +59,9 @@ public:
     bool scrollDocumentRectToVisible(NSView& descendant, Rect) override;
     void willRemoveSubview(NSView&) override;
     bool mouseDownCanMoveWindow() const override { return false; }
+
+protected:
+    std::vector<Ref<NSView>> archivedSubviews() const override { return {}; }
 
 private:
     void documentChanged();

@@ -4,6 +4,7 @@
 #include <plix/platform/appkit/NSEvent.h>
 #include <plix/platform/appkit/NSWindow.h>
 #include <plix/platform/appkit/field_editing.h>
+#include <plix/platform/foundation/NSCoder.h>
 #include <plix/platform/graphics/FocusLock.h>
 #include <plix/platform/graphics/NSAttributedString.h>
 
@@ -37,6 +38,24 @@ bool NSControl::init(Rect frame)
     if (auto const* cellClass = ownCellClass())
         NSControl::setCell(as<NSCell>(cellClass->makeObject()));
     return true;
+}
+
+bool NSControl::init(NSCoder& coder)
+{
+    if (!Base::init(coder))
+        return false;
+    coder.read("cell", [&](ObjectValue const& value) { NSControl::setCell(value.as<NSCell>()); });
+    coder.read("ignoresMultiClick", [&](ObjectValue const& value) { m_ignoresMultiClick = value.boolValue(); });
+    if (!m_cell && ownCellClass())
+        NSControl::setCell(as<NSCell>(ownCellClass()->makeObject()));
+    return true;
+}
+
+void NSControl::encodeWithCoder(NSCoder& coder) const
+{
+    Base::encodeWithCoder(coder);
+    coder.encodeObject(m_cell, "cell");
+    coder.encodeBool(m_ignoresMultiClick, "ignoresMultiClick");
 }
 
 void NSControl::setCell(Ref<NSCell> const& cell)

@@ -19,6 +19,8 @@ public:
     bool init();
     /// With a new cell of the class that ownCellClass() answers.
     bool init(Rect frame);
+    bool init(NSCoder&);
+    void encodeWithCoder(NSCoder&) const override;
 
     /// The class of cells that new controls get; null for a control without a cell.
     static Class const* cellClass() { return nullptr; }

@@ -2,6 +2,7 @@
 
 #include <plix/platform/appkit/Theme.h>
 #include <plix/platform/appkit/cell_layout.h>
+#include <plix/platform/foundation/NSCoder.h>
 #include <plix/platform/graphics/NSImage.h>
 
 #include <algorithm>
@@ -23,6 +24,26 @@ bool NSImageCell::init(Ref<NSImage> const& image)
         return false;
     setType(NSImageCellType);
     return true;
+}
+
+bool NSImageCell::init(NSCoder& coder)
+{
+    if (!Base::init(coder))
+        return false;
+    setType(NSImageCellType);
+    coder.read("imageAlignment", [&](ObjectValue const& value) { m_alignment = static_cast<NSImageAlignment>(value.intValue()); });
+    coder.read("imageScaling", [&](ObjectValue const& value) { m_scaling = static_cast<NSImageScaling>(value.intValue()); });
+    coder.read(
+        "imageFrameStyle", [&](ObjectValue const& value) { m_frameStyle = static_cast<NSImageFrameStyle>(value.intValue()); });
+    return true;
+}
+
+void NSImageCell::encodeWithCoder(NSCoder& coder) const
+{
+    Base::encodeWithCoder(coder);
+    coder.encodeInt(m_alignment, "imageAlignment");
+    coder.encodeInt(m_scaling, "imageScaling");
+    coder.encodeInt(m_frameStyle, "imageFrameStyle");
 }
 
 void NSImageCell::setObjectValue(ObjectValue value)

@@ -12,6 +12,8 @@ class NSImageCell : public NSActionCell {
 public:
     bool init();
     bool init(Ref<NSImage> const&);
+    bool init(NSCoder&);
+    void encodeWithCoder(NSCoder&) const override;
 
     NSImageAlignment imageAlignment() const { return m_alignment; }
     void setImageAlignment(NSImageAlignment);

@@ -7,6 +7,7 @@
 #include <plix/platform/appkit/NSWindow.h>
 #include <plix/platform/appkit/key_bindings.h>
 #include <plix/platform/base/NSData.h>
+#include <plix/platform/foundation/NSCoder.h>
 #include <plix/platform/graphics/NSImage.h>
 
 namespace plix {
@@ -47,6 +48,21 @@ bool NSImageView::init()
 bool NSImageView::init(Rect frame)
 {
     return Base::init(frame);
+}
+
+bool NSImageView::init(NSCoder& coder)
+{
+    if (!Base::init(coder))
+        return false;
+    coder.read("allowsCutCopyPaste", [&](ObjectValue const& value) { m_allowsCutCopyPaste = value.boolValue(); });
+    NSImageView::setEditable(isEditable());
+    return true;
+}
+
+void NSImageView::encodeWithCoder(NSCoder& coder) const
+{
+    Base::encodeWithCoder(coder);
+    coder.encodeBool(m_allowsCutCopyPaste, "allowsCutCopyPaste");
 }
 
 Class const* NSImageView::cellClass()

@@ -15,6 +15,8 @@ class NSImageView : public NSControl {
 public:
     bool init();
     bool init(Rect frame);
+    bool init(NSCoder&);
+    void encodeWithCoder(NSCoder&) const override;
 
     static Class const* cellClass();
     Class const* ownCellClass() const override { return cellClass(); }

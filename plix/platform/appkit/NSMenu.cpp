@@ -7,6 +7,7 @@
 #include <plix/platform/appkit/key_equivalent.h>
 #include <plix/platform/base/exceptions.h>
 #include <plix/platform/base/utf16.h>
+#include <plix/platform/foundation/NSCoder.h>
 #include <plix/platform/foundation/NSNotificationCenter.h>
 #include <plix/platform/graphics/NSFont.h>
 
@@ -39,6 +40,33 @@ bool NSMenu::init(std::string_view title)
 {
     m_title = validUTF8(title);
     return true;
+}
+
+bool NSMenu::init(NSCoder& coder)
+{
+    if (!NSMenu::init())
+        return false;
+    coder.read("title", [&](ObjectValue const& value) { m_title = value.description(); });
+    coder.read("autoenablesItems", [&](ObjectValue const& value) { m_autoenablesItems = value.boolValue(); });
+    coder.read("font", [&](ObjectValue const& value) { setFont(value.as<NSFont>()); });
+    auto const items = coder.decodeObjectForKey("items");
+    for (auto const& value : items.array() ? *items.array() : ObjectValue::Array {}) {
+        if (auto const item = value.as<NSMenuItem>())
+            NSMenu::insertItem(*item, numberOfItems());
+    }
+    return true;
+}
+
+void NSMenu::encodeWithCoder(NSCoder& coder) const
+{
+    Base::encodeWithCoder(coder);
+    coder.encodeObject(m_title, "title");
+    coder.encodeBool(m_autoenablesItems, "autoenablesItems");
+    coder.encodeObject(Ref<NSFont>(font()), "font");
+    ObjectValue::Array items;
+    for (auto const& item : m_items)
+        items.emplace_back(item);
+    coder.encodeObject(std::move(items), "items");
 }
 
 void NSMenu::setTitle(std::string_view title)

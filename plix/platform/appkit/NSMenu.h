@@ -24,6 +24,8 @@ public:
     ~NSMenu() override;
     bool init();
     bool init(std::string_view title);
+    bool init(NSCoder&);
+    void encodeWithCoder(NSCoder&) const override;
 
     std::string const& title() const { return m_title; }
     void setTitle(std::string_view);

@@ -4,6 +4,7 @@
 #include <plix/platform/appkit/NSMenu.h>
 #include <plix/platform/appkit/event_constants.h>
 #include <plix/platform/base/utf16.h>
+#include <plix/platform/foundation/NSCoder.h>
 #include <plix/platform/graphics/NSAttributedString.h>
 #include <plix/platform/graphics/NSImage.h>
 
@@ -37,6 +38,49 @@ bool NSMenuItem::init(std::string_view title, Selector action, std::string_view 
     m_action = action;
     m_keyEquivalent = validUTF8(keyEquivalent);
     return true;
+}
+
+bool NSMenuItem::init(NSCoder& coder)
+{
+    if (!NSMenuItem::init())
+        return false;
+    coder.read("separator", [&](ObjectValue const& value) { m_isSeparator = value.boolValue(); });
+    coder.read("title", [&](ObjectValue const& value) { m_title = value.description(); });
+    coder.read("attributedTitle", [&](ObjectValue const& value) { setAttributedTitle(value.as<NSAttributedString>()); });
+    coder.read("image", [&](ObjectValue const& value) { setImage(value.as<NSImage>()); });
+    coder.read("toolTip", [&](ObjectValue const& value) { m_toolTip = value.description(); });
+    coder.read("indentationLevel", [&](ObjectValue const& value) { setIndentationLevel(value.intValue()); });
+    coder.read("state", [&](ObjectValue const& value) { m_state = value.intValue(); });
+    coder.read("enabled", [&](ObjectValue const& value) { m_isEnabled = value.boolValue(); });
+    coder.read("hidden", [&](ObjectValue const& value) { m_isHidden = value.boolValue(); });
+    coder.read("tag", [&](ObjectValue const& value) { m_tag = value.intValue(); });
+    coder.read("representedObject", [&](ObjectValue const& value) { m_representedObject = value; });
+    coder.read("submenu", [&](ObjectValue const& value) { setSubmenu(value.as<NSMenu>()); });
+    coder.read("keyEquivalent", [&](ObjectValue const& value) { m_keyEquivalent = value.description(); });
+    coder.read("keyEquivalentModifierMask",
+        [&](ObjectValue const& value) { m_keyEquivalentModifierMask = static_cast<unsigned>(value.integerValue()); });
+    coder.read("action", [&](ObjectValue const& value) { m_action = Selector(value.description()); });
+    return true;
+}
+
+void NSMenuItem::encodeWithCoder(NSCoder& coder) const
+{
+    Base::encodeWithCoder(coder);
+    coder.encodeBool(m_isSeparator, "separator");
+    coder.encodeObject(m_title, "title");
+    coder.encodeObject(Ref<NSAttributedString>(attributedTitle()), "attributedTitle");
+    coder.encodeObject(Ref<NSImage>(image()), "image");
+    coder.encodeObject(m_toolTip, "toolTip");
+    coder.encodeInt(m_indentationLevel, "indentationLevel");
+    coder.encodeInt(m_state, "state");
+    coder.encodeBool(m_isEnabled, "enabled");
+    coder.encodeBool(m_isHidden, "hidden");
+    coder.encodeInt(m_tag, "tag");
+    coder.encodeObject(m_representedObject, "representedObject");
+    coder.encodeObject(m_submenu, "submenu");
+    coder.encodeObject(m_keyEquivalent, "keyEquivalent");
+    coder.encodeInt(m_keyEquivalentModifierMask, "keyEquivalentModifierMask");
+    coder.encodeObject(m_action.name(), "action");
 }
 
 Ref<NSMenuItem> NSMenuItem::separatorItem()

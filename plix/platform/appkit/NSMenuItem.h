@@ -33,6 +33,9 @@ public:
     ~NSMenuItem() override;
     bool init();
     bool init(std::string_view title, Selector action = {}, std::string_view keyEquivalent = {});
+    /// The target is not archived.
+    bool init(NSCoder&);
+    void encodeWithCoder(NSCoder&) const override;
     static Ref<NSMenuItem> separatorItem();
 
     bool isSeparatorItem() const { return m_isSeparator; }

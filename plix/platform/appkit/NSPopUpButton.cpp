@@ -4,6 +4,7 @@
 #include <plix/platform/appkit/NSMenu.h>
 #include <plix/platform/appkit/NSMenuItem.h>
 #include <plix/platform/appkit/NSPopUpButtonCell.h>
+#include <plix/platform/foundation/NSCoder.h>
 
 namespace plix {
 
@@ -27,6 +28,11 @@ bool NSPopUpButton::init(Rect frame, bool pullsDown)
         return false;
     setPullsDown(pullsDown);
     return true;
+}
+
+bool NSPopUpButton::init(NSCoder& coder)
+{
+    return Base::init(coder);
 }
 
 Class const* NSPopUpButton::cellClass()

@@ -16,6 +16,7 @@ public:
     bool init();
     bool init(Rect frame);
     bool init(Rect frame, bool pullsDown);
+    bool init(NSCoder&);
 
     static Class const* cellClass();
     Class const* ownCellClass() const override { return cellClass(); }

@@ -7,6 +7,7 @@
 #include <plix/platform/appkit/Theme.h>
 #include <plix/platform/base/exceptions.h>
 #include <plix/platform/base/utf16.h>
+#include <plix/platform/foundation/NSCoder.h>
 #include <plix/platform/foundation/NSNotificationCenter.h>
 #include <plix/platform/graphics/NSFont.h>
 #include <plix/platform/graphics/NSImage.h>
@@ -46,6 +47,35 @@ bool NSPopUpButtonCell::init(std::string_view title, bool pullsDown)
     if (!title.empty())
         NSPopUpButtonCell::addItemWithTitle(title);
     return true;
+}
+
+bool NSPopUpButtonCell::init(NSCoder& coder)
+{
+    if (!Base::init(coder))
+        return false;
+    NSPopUpButtonCell::setMenu(make<NSMenu>());
+    coder.read("menu", [&](ObjectValue const& value) {
+        if (auto const items = value.as<NSMenu>())
+            NSPopUpButtonCell::setMenu(items);
+    });
+    coder.read("pullsDown", [&](ObjectValue const& value) { m_pullsDown = value.boolValue(); });
+    coder.read(
+        "arrowPosition", [&](ObjectValue const& value) { m_arrowPosition = static_cast<NSPopUpArrowPosition>(value.intValue()); });
+    coder.read("preferredEdge", [&](ObjectValue const& value) { m_preferredEdge = static_cast<NSRectEdge>(value.intValue()); });
+    coder.read("altersStateOfSelectedItem", [&](ObjectValue const& value) { m_altersState = value.boolValue(); });
+    coder.read("selectedItem", [&](ObjectValue const& value) { selectItem(itemAtIndex(value.intValue())); });
+    return true;
+}
+
+void NSPopUpButtonCell::encodeWithCoder(NSCoder& coder) const
+{
+    Base::encodeWithCoder(coder);
+    coder.encodeObject(m_menu, "menu");
+    coder.encodeBool(m_pullsDown, "pullsDown");
+    coder.encodeInt(m_arrowPosition, "arrowPosition");
+    coder.encodeInt(m_preferredEdge, "preferredEdge");
+    coder.encodeBool(m_altersState, "altersStateOfSelectedItem");
+    coder.encodeInt(indexOfSelectedItem(), "selectedItem");
 }
 
 NSMenu* NSPopUpButtonCell::menu() const

@@ -20,6 +20,8 @@ public:
     bool init();
     /// With one item of that title, unless it is empty.
     bool init(std::string_view title, bool pullsDown);
+    bool init(NSCoder&);
+    void encodeWithCoder(NSCoder&) const override;
 
     NSMenu* menu() const;
     /// Selects the first item of a menu of choices where nothing of it is selected.

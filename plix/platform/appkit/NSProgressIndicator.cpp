@@ -3,6 +3,7 @@
 #include <plix/platform/appkit/NSWindow.h>
 #include <plix/platform/appkit/Theme.h>
 #include <plix/platform/appkit/progress_layout.h>
+#include <plix/platform/foundation/NSCoder.h>
 #include <plix/platform/foundation/NSRunLoop.h>
 #include <plix/platform/foundation/NSTimer.h>
 
@@ -50,6 +51,34 @@ bool NSProgressIndicator::init()
 bool NSProgressIndicator::init(Rect frame)
 {
     return Base::init(frame);
+}
+
+bool NSProgressIndicator::init(NSCoder& coder)
+{
+    if (!Base::init(coder))
+        return false;
+    coder.read("minValue", [&](ObjectValue const& value) { m_minValue = value.floatValue(); });
+    coder.read("maxValue", [&](ObjectValue const& value) { m_maxValue = value.floatValue(); });
+    coder.read("doubleValue", [&](ObjectValue const& value) { m_value = value.floatValue(); });
+    coder.read("style", [&](ObjectValue const& value) { m_style = static_cast<NSProgressIndicatorStyle>(value.intValue()); });
+    coder.read("controlSize", [&](ObjectValue const& value) { m_controlSize = static_cast<NSControlSize>(value.intValue()); });
+    coder.read("indeterminate", [&](ObjectValue const& value) { m_isIndeterminate = value.boolValue(); });
+    coder.read("bezeled", [&](ObjectValue const& value) { m_isBezeled = value.boolValue(); });
+    coder.read("displayedWhenStopped", [&](ObjectValue const& value) { m_isDisplayedWhenStopped = value.boolValue(); });
+    return true;
+}
+
+void NSProgressIndicator::encodeWithCoder(NSCoder& coder) const
+{
+    Base::encodeWithCoder(coder);
+    coder.encodeDouble(m_minValue, "minValue");
+    coder.encodeDouble(m_maxValue, "maxValue");
+    coder.encodeDouble(m_value, "doubleValue");
+    coder.encodeInt(m_style, "style");
+    coder.encodeInt(m_controlSize, "controlSize");
+    coder.encodeBool(m_isIndeterminate, "indeterminate");
+    coder.encodeBool(m_isBezeled, "bezeled");
+    coder.encodeBool(m_isDisplayedWhenStopped, "displayedWhenStopped");
 }
 
 void NSProgressIndicator::setStyle(NSProgressIndicatorStyle style)

@@ -25,6 +25,8 @@ public:
     ~NSProgressIndicator() override;
     bool init();
     bool init(Rect frame);
+    bool init(NSCoder&);
+    void encodeWithCoder(NSCoder&) const override;
 
     NSProgressIndicatorStyle style() const { return m_style; }
     void setStyle(NSProgressIndicatorStyle);

@@ -5,6 +5,7 @@
 #include <plix/platform/appkit/ScrollHeader.h>
 #include <plix/platform/appkit/Theme.h>
 #include <plix/platform/appkit/scroll_layout.h>
+#include <plix/platform/foundation/NSCoder.h>
 #include <plix/platform/graphics/NSColor.h>
 
 namespace plix {
@@ -35,6 +36,39 @@ bool NSScrollView::init(Rect frame)
         return false;
     NSScrollView::setContentView(make<NSClipView>(Rect {}));
     return true;
+}
+
+bool NSScrollView::init(NSCoder& coder)
+{
+    if (!Base::init(coder))
+        return false;
+    NSScrollView::setContentView(make<NSClipView>(Rect {}));
+    coder.read("borderType", [&](ObjectValue const& value) { m_borderType = static_cast<NSBorderType>(value.intValue()); });
+    coder.read("hasVerticalScroller", [&](ObjectValue const& value) { setHasVerticalScroller(value.boolValue()); });
+    coder.read("hasHorizontalScroller", [&](ObjectValue const& value) { setHasHorizontalScroller(value.boolValue()); });
+    coder.read("autohidesScrollers", [&](ObjectValue const& value) { m_autohidesScrollers = value.boolValue(); });
+    coder.read("scrollsDynamically", [&](ObjectValue const& value) { m_scrollsDynamically = value.boolValue(); });
+    coder.read("lineScroll", [&](ObjectValue const& value) { m_lineScroll = NSSizeFromString(value.description()); });
+    coder.read("pageScroll", [&](ObjectValue const& value) { m_pageScroll = NSSizeFromString(value.description()); });
+    coder.read("contentView", [&](ObjectValue const& value) {
+        if (auto const clip = value.as<NSClipView>())
+            setContentView(clip);
+    });
+    tile();
+    return true;
+}
+
+void NSScrollView::encodeWithCoder(NSCoder& coder) const
+{
+    Base::encodeWithCoder(coder);
+    coder.encodeInt(m_borderType, "borderType");
+    coder.encodeBool(m_hasVerticalScroller, "hasVerticalScroller");
+    coder.encodeBool(m_hasHorizontalScroller, "hasHorizontalScroller");
+    coder.encodeBool(m_autohidesScrollers, "autohidesScrollers");
+    coder.encodeBool(m_scrollsDynamically, "scrollsDynamically");
+    coder.encodeObject(NSStringFromSize(m_lineScroll), "lineScroll");
+    coder.encodeObject(NSStringFromSize(m_pageScroll), "pageScroll");
+    coder.encodeObject(m_contentView, "contentView");
 }
 
 // MARK: parts

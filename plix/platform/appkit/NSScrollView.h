@@ -19,6 +19,8 @@ public:
     ~NSScrollView() override;
     bool init();
     bool init(Rect frame);
+    bool init(NSCoder&);
+    void encodeWithCoder(NSCoder&) const override;
 
     static Size frameSizeForContentSize(Size, bool hasHorizontalScroller, bool hasVerticalScroller, NSBorderType);
     static Size contentSizeForFrameSize(Size, bool hasHorizontalScroller, bool hasVerticalScroller, NSBorderType);
@@ -93,6 +95,9 @@ public:
     void scrollWheel(NSEvent&) override;
     void keyDown(NSEvent&) override;
     bool mouseDownCanMoveWindow() const override { return false; }
+
+protected:
+    std::vector<Ref<NSView>> archivedSubviews() const override { return {}; }
 
 private:
     enum class Axis { horizontal, vertical };

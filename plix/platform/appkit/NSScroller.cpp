@@ -4,6 +4,7 @@
 #include <plix/platform/appkit/NSEvent.h>
 #include <plix/platform/appkit/NSWindow.h>
 #include <plix/platform/appkit/Theme.h>
+#include <plix/platform/foundation/NSCoder.h>
 #include <plix/platform/foundation/NSRunLoop.h>
 
 #include <algorithm>
@@ -48,6 +49,25 @@ bool NSScroller::init(Rect frame)
         return false;
     setEnabled(false);
     return true;
+}
+
+bool NSScroller::init(NSCoder& coder)
+{
+    if (!Base::init(coder))
+        return false;
+    coder.read("floatValue", [&](ObjectValue const& value) { m_state.value = value.floatValue(); });
+    coder.read("knobProportion", [&](ObjectValue const& value) { m_state.knobProportion = value.floatValue(); });
+    coder.read("arrowsPosition",
+        [&](ObjectValue const& value) { setArrowsPosition(static_cast<NSScrollArrowPosition>(value.intValue())); });
+    return true;
+}
+
+void NSScroller::encodeWithCoder(NSCoder& coder) const
+{
+    Base::encodeWithCoder(coder);
+    coder.encodeDouble(m_state.value, "floatValue");
+    coder.encodeDouble(m_state.knobProportion, "knobProportion");
+    coder.encodeInt(m_state.arrows, "arrowsPosition");
 }
 
 float NSScroller::scrollerWidthForControlSize(NSControlSize size)

@@ -19,6 +19,8 @@ public:
     ~NSScroller() override;
     bool init();
     bool init(Rect frame);
+    bool init(NSCoder&);
+    void encodeWithCoder(NSCoder&) const override;
 
     static Class const* cellClass();
     Class const* ownCellClass() const override { return cellClass(); }

@@ -4,6 +4,7 @@
 #include <plix/platform/appkit/NSEvent.h>
 #include <plix/platform/appkit/NSWindow.h>
 #include <plix/platform/appkit/Theme.h>
+#include <plix/platform/foundation/NSCoder.h>
 #include <plix/platform/foundation/NSNotificationCenter.h>
 
 #include <algorithm>
@@ -35,6 +36,21 @@ bool NSSplitView::init()
 bool NSSplitView::init(Rect frame)
 {
     return Base::init(frame);
+}
+
+bool NSSplitView::init(NSCoder& coder)
+{
+    // Before the panes, which are laid out as they come.
+    m_isVertical = coder.decodeBoolForKey("vertical");
+    m_isPaneSplitter = coder.decodeBoolForKey("paneSplitter");
+    return Base::init(coder);
+}
+
+void NSSplitView::encodeWithCoder(NSCoder& coder) const
+{
+    Base::encodeWithCoder(coder);
+    coder.encodeBool(m_isVertical, "vertical");
+    coder.encodeBool(m_isPaneSplitter, "paneSplitter");
 }
 
 void NSSplitView::setVertical(bool isVertical)

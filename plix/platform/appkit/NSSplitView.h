@@ -19,6 +19,8 @@ public:
     ~NSSplitView() override;
     bool init();
     bool init(Rect frame);
+    bool init(NSCoder&);
+    void encodeWithCoder(NSCoder&) const override;
 
     /// Whether the dividers are vertical lines, and so the panes lie beside each other. False at first.
     bool isVertical() const { return m_isVertical; }

@@ -6,6 +6,7 @@
 #include <plix/platform/appkit/NSTextView.h>
 #include <plix/platform/appkit/NSWindow.h>
 #include <plix/platform/appkit/NSWindow_internal.h>
+#include <plix/platform/foundation/NSCoder.h>
 #include <plix/platform/graphics/NSColor.h>
 
 #include <cassert>
@@ -45,6 +46,18 @@ bool NSTextField::init(Rect frame)
     setBezeled(true);
     setDrawsBackground(true);
     setEditable(true);
+    return true;
+}
+
+bool NSTextField::init(NSCoder& coder)
+{
+    if (!Base::init(coder))
+        return false;
+    if (!coder.containsValueForKey("cell")) {
+        setBezeled(true);
+        setDrawsBackground(true);
+        setEditable(true);
+    }
     return true;
 }
 

@@ -16,6 +16,7 @@ class NSTextField : public NSControl {
 public:
     bool init();
     bool init(Rect frame);
+    bool init(NSCoder&);
     /// A label: no bezel, no background, neither editable nor selectable, on one line, as large as its text.
     static Ref<NSTextField> labelWithString(std::string_view text);
 

@@ -4,6 +4,7 @@
 #include <plix/platform/appkit/Theme.h>
 #include <plix/platform/appkit/cell_layout.h>
 #include <plix/platform/base/utf16.h>
+#include <plix/platform/foundation/NSCoder.h>
 #include <plix/platform/graphics/NSColor.h>
 #include <plix/platform/graphics/NSGraphics.h>
 #include <plix/platform/graphics/string_drawing.h>
@@ -35,6 +36,31 @@ bool NSTextFieldCell::init(std::string_view text)
     m_textColor = NSColor::controlTextColor();
     m_backgroundColor = NSColor::textBackgroundColor();
     return true;
+}
+
+bool NSTextFieldCell::init(NSCoder& coder)
+{
+    if (!Base::init(coder))
+        return false;
+    m_textColor = NSColor::controlTextColor();
+    m_backgroundColor = NSColor::textBackgroundColor();
+    coder.read("textColor", [&](ObjectValue const& value) { m_textColor = value.as<NSColor>(); });
+    coder.read("backgroundColor", [&](ObjectValue const& value) { m_backgroundColor = value.as<NSColor>(); });
+    coder.read("placeholderString", [&](ObjectValue const& value) { m_placeholder = value.description(); });
+    coder.read(
+        "bezelStyle", [&](ObjectValue const& value) { m_bezelStyle = static_cast<NSTextFieldBezelStyle>(value.intValue()); });
+    coder.read("drawsBackground", [&](ObjectValue const& value) { m_drawsBackground = value.boolValue(); });
+    return true;
+}
+
+void NSTextFieldCell::encodeWithCoder(NSCoder& coder) const
+{
+    Base::encodeWithCoder(coder);
+    coder.encodeObject(m_textColor, "textColor");
+    coder.encodeObject(m_backgroundColor, "backgroundColor");
+    coder.encodeObject(m_placeholder, "placeholderString");
+    coder.encodeInt(m_bezelStyle, "bezelStyle");
+    coder.encodeBool(m_drawsBackground, "drawsBackground");
 }
 
 void NSTextFieldCell::setTextColor(Ref<NSColor> const& color)

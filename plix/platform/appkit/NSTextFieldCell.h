@@ -18,6 +18,8 @@ public:
     bool init();
     /// A static label: neither editable nor selectable, without border and background.
     bool init(std::string_view text);
+    bool init(NSCoder&);
+    void encodeWithCoder(NSCoder&) const override;
 
     /// The named colour for control text at first. While the cell is disabled, a named colour gives way to the disabled one; a
     /// colour that the host mixed itself is drawn as it is.

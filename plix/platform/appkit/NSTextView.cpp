@@ -3,6 +3,7 @@
 #include <plix/platform/appkit/NSTextView_internal.h>
 #include <plix/platform/appkit/NSWindow.h>
 #include <plix/platform/base/utf16.h>
+#include <plix/platform/foundation/NSCoder.h>
 #include <plix/platform/foundation/NSNotificationCenter.h>
 #include <plix/platform/foundation/NSTimer.h>
 #include <plix/platform/foundation/NSUndoManager.h>
@@ -60,6 +61,41 @@ bool NSTextView::init(Rect frame)
     m_storage->addLayoutManager(m_layoutManager);
     layout().setTypingAttributes(m_typingAttributes);
     return true;
+}
+
+bool NSTextView::init(NSCoder& coder)
+{
+    if (!NSTextView::init(Rect {}) || !NSView::init(coder))
+        return false;
+    coder.read("textStorage", [&](ObjectValue const& value) {
+        if (auto const text = value.as<NSAttributedString>())
+            m_storage->setAttributedString(*text);
+    });
+    coder.read("editable", [&](ObjectValue const& value) { setEditable(value.boolValue()); });
+    coder.read("selectable", [&](ObjectValue const& value) { setSelectable(value.boolValue()); });
+    coder.read("fieldEditor", [&](ObjectValue const& value) { setFieldEditor(value.boolValue()); });
+    coder.read("allowsUndo", [&](ObjectValue const& value) { m_allowsUndo = value.boolValue(); });
+    coder.read("drawsBackground", [&](ObjectValue const& value) { setDrawsBackground(value.boolValue()); });
+    coder.read("backgroundColor", [&](ObjectValue const& value) {
+        if (auto const color = value.as<NSColor>())
+            setBackgroundColor(color);
+    });
+    coder.read(
+        "textContainerInset", [&](ObjectValue const& value) { setTextContainerInset(NSSizeFromString(value.description())); });
+    return true;
+}
+
+void NSTextView::encodeWithCoder(NSCoder& coder) const
+{
+    Base::encodeWithCoder(coder);
+    coder.encodeObject(make<NSAttributedString>(*m_storage), "textStorage");
+    coder.encodeBool(isEditable(), "editable");
+    coder.encodeBool(isSelectable(), "selectable");
+    coder.encodeBool(isFieldEditor(), "fieldEditor");
+    coder.encodeBool(m_allowsUndo, "allowsUndo");
+    coder.encodeBool(drawsBackground(), "drawsBackground");
+    coder.encodeObject(Ref<NSColor>(backgroundColor()), "backgroundColor");
+    coder.encodeObject(NSStringFromSize(m_inset), "textContainerInset");
 }
 
 NSLayoutManager* NSTextView::layoutManager() const

@@ -51,6 +51,8 @@ public:
     ~NSTextView() override;
     bool init();
     bool init(Rect frame);
+    bool init(NSCoder&);
+    void encodeWithCoder(NSCoder&) const override;
 
     NSTextStorage* textStorage() const { return m_storage.get(); }
     NSLayoutManager* layoutManager() const;

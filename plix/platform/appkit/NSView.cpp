@@ -5,6 +5,7 @@
 #include <plix/platform/appkit/NSView_internal.h>
 #include <plix/platform/appkit/NSWindow.h>
 #include <plix/platform/appkit/NSWindow_internal.h>
+#include <plix/platform/foundation/NSCoder.h>
 
 #include <algorithm>
 #include <cassert>
@@ -49,6 +50,48 @@ bool NSView::init(Rect frame)
     m_bounds = { 0, 0, frame.width, frame.height };
     m_dirty.add(m_bounds);
     return true;
+}
+
+bool NSView::init(NSCoder& coder)
+{
+    if (!NSView::init(Rect {}))
+        return false;
+    coder.read("hidden", [&](ObjectValue const& value) { setHidden(value.boolValue()); });
+    coder.read("autoresizingMask", [&](ObjectValue const& value) { m_autoresizingMask = static_cast<unsigned>(value.intValue()); });
+    coder.read("autoresizesSubviews", [&](ObjectValue const& value) { setAutoresizesSubviews(value.boolValue()); });
+    coder.read(
+        "focusRingType", [&](ObjectValue const& value) { m_focusRingType = static_cast<NSFocusRingType>(value.intValue()); });
+    coder.read("toolTip", [&](ObjectValue const& value) { setToolTip(value.description()); });
+    coder.read("frame", [&](ObjectValue const& value) { setFrame(NSRectFromString(value.description())); });
+    coder.read("bounds", [&](ObjectValue const& value) { setBounds(NSRectFromString(value.description())); });
+    auto const subviews = coder.decodeObjectForKey("subviews");
+    for (auto const& value : subviews.array() ? *subviews.array() : ObjectValue::Array {}) {
+        if (auto const view = value.as<NSView>(); view && !isDescendantOf(*view))
+            NSView::addSubview(*view);
+    }
+    coder.read("menu", [&](ObjectValue const& value) {
+        if (auto const shown = value.as<NSMenu>())
+            NSView::setMenu(shown);
+    });
+    return true;
+}
+
+void NSView::encodeWithCoder(NSCoder& coder) const
+{
+    Base::encodeWithCoder(coder);
+    coder.encodeBool(isHidden(), "hidden");
+    coder.encodeInt(m_autoresizingMask, "autoresizingMask");
+    coder.encodeBool(autoresizesSubviews(), "autoresizesSubviews");
+    coder.encodeInt(m_focusRingType, "focusRingType");
+    coder.encodeObject(toolTip(), "toolTip");
+    coder.encodeObject(NSStringFromRect(m_frame), "frame");
+    if (m_flags.hasOwnBoundsSize || m_bounds.origin() != Point {})
+        coder.encodeObject(NSStringFromRect(m_bounds), "bounds");
+    ObjectValue::Array subviews;
+    for (auto const& view : archivedSubviews())
+        subviews.emplace_back(view);
+    coder.encodeObject(std::move(subviews), "subviews");
+    coder.encodeObject(Ref<NSMenu>(NSView::menu()), "menu");
 }
 
 NSView::Extras& NSView::extras()

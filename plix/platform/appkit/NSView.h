@@ -35,6 +35,8 @@ public:
     ~NSView() override;
     bool init();
     bool init(Rect frame);
+    bool init(NSCoder&);
+    void encodeWithCoder(NSCoder&) const override;
 
     // The tree. A view is in at most one superview: adding it elsewhere takes it out first.
     NSWindow* window() const { return m_window; }
@@ -253,6 +255,8 @@ public:
     struct Access;
 
 protected:
+    /// Those that an archive holds: not what the view makes itself.
+    virtual std::vector<Ref<NSView>> archivedSubviews() const { return m_subviews; }
     /// For clip views behind a scrollRect() of the same distance: the origin of the bounds moves, and nothing is marked dirty. What
     /// was dirty is so still, at its place in the moved coordinates.
     void moveBoundsOriginWithPixels(Point);

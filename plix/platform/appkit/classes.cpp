@@ -23,6 +23,8 @@
 #include <plix/platform/appkit/NSScrollView.h>
 #include <plix/platform/appkit/NSScroller.h>
 #include <plix/platform/appkit/NSSplitView.h>
+#include <plix/platform/appkit/NSTextAttachment.h>
+#include <plix/platform/appkit/NSTextAttachmentCell.h>
 #include <plix/platform/appkit/NSTextField.h>
 #include <plix/platform/appkit/NSTextFieldCell.h>
 #include <plix/platform/appkit/NSTextView.h>
@@ -62,6 +64,8 @@ void registerAppKitClasses()
     NSBox::staticClass();
     NSProgressIndicator::staticClass();
     NSSplitView::staticClass();
+    NSTextAttachmentCell::staticClass();
+    NSTextAttachment::staticClass();
     NSScroller::staticClass();
     NSClipView::staticClass();
     NSScrollView::staticClass();

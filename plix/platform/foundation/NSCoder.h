@@ -38,6 +38,13 @@ public:
     double decodeDoubleForKey(std::string_view key) { return decodeObjectForKey(key).doubleValue(); }
     std::string decodeStringForKey(std::string_view key) { return decodeObjectForKey(key).description(); }
 
+    /// Hands over the value under the key, where there is one: what is left out stays as it was.
+    template <typename Take> void read(std::string_view key, Take const& take)
+    {
+        if (containsValueForKey(key))
+            take(decodeObjectForKey(key));
+    }
+
     /// The object under the key where it is of that class, else null.
     template <typename T> Ref<T> decodeForKey(std::string_view key) { return decodeObjectForKey(key).template as<T>(); }
     /// The next object of the sequence where it is of that class, else null.

@@ -1,6 +1,7 @@
 #include <plix/platform/foundation/NSDateFormatter.h>
 
 #include <plix/platform/foundation/NSCalendarDate.h>
+#include <plix/platform/foundation/NSCoder.h>
 #include <plix/platform/foundation/locale_values.h>
 
 namespace plix {
@@ -21,6 +22,22 @@ bool NSDateFormatter::init(std::string dateFormat, bool allowNaturalLanguage)
     m_dateFormat = std::move(dateFormat);
     m_allowsNaturalLanguage = allowNaturalLanguage;
     return true;
+}
+
+bool NSDateFormatter::init(NSCoder& coder)
+{
+    if (!NSDateFormatter::init())
+        return false;
+    coder.read("dateFormat", [&](ObjectValue const& value) { m_dateFormat = value.description(); });
+    coder.read("allowsNaturalLanguage", [&](ObjectValue const& value) { m_allowsNaturalLanguage = value.boolValue(); });
+    return true;
+}
+
+void NSDateFormatter::encodeWithCoder(NSCoder& coder) const
+{
+    Base::encodeWithCoder(coder);
+    coder.encodeObject(m_dateFormat, "dateFormat");
+    coder.encodeBool(m_allowsNaturalLanguage, "allowsNaturalLanguage");
 }
 
 void NSDateFormatter::copyStateTo(NSObject& fresh) const

@@ -15,6 +15,8 @@ public:
     /// By the user's short date format, without natural language.
     bool init();
     bool init(std::string dateFormat, bool allowNaturalLanguage);
+    bool init(NSCoder&);
+    void encodeWithCoder(NSCoder&) const override;
 
     std::string const& dateFormat() const { return m_dateFormat; }
     bool allowsNaturalLanguage() const { return m_allowsNaturalLanguage; }

@@ -2,6 +2,7 @@
 
 #include <plix/platform/base/exceptions.h>
 #include <plix/platform/base/utf16.h>
+#include <plix/platform/foundation/NSCoder.h>
 #include <plix/platform/graphics/NSMutableAttributedString.h>
 
 #include <algorithm>
@@ -58,6 +59,42 @@ bool NSAttributedString::init(NSAttributedString const& other)
     m_runs = other.m_runs;
     m_positions = other.m_positions;
     return true;
+}
+
+bool NSAttributedString::init(NSCoder& coder)
+{
+    auto const text = coder.decodeStringForKey("string");
+    init(std::string_view(text));
+    auto const runs = coder.decodeObjectForKey("runs");
+    if (m_text.empty() || !runs.array())
+        return true;
+    // Lengths and attributes in turn; what they leave uncovered has no attributes.
+    std::vector<Run> decoded;
+    long rest = length();
+    for (std::size_t i = 0; i + 1 < runs.array()->size() && rest > 0; i += 2) {
+        long const runLength = std::clamp(static_cast<long>((*runs.array())[i].integerValue()), 0L, rest);
+        auto const* attributes = (*runs.array())[i + 1].dictionary();
+        if (runLength == 0)
+            continue;
+        decoded.push_back({ runLength, attributes ? std::make_shared<Attributes const>(*attributes) : noAttributes() });
+        rest -= runLength;
+    }
+    if (rest > 0)
+        decoded.push_back({ rest, noAttributes() });
+    m_runs = std::move(decoded);
+    return true;
+}
+
+void NSAttributedString::encodeWithCoder(NSCoder& coder) const
+{
+    Base::encodeWithCoder(coder);
+    coder.encodeObject(m_text, "string");
+    ObjectValue::Array runs;
+    for (auto const& run : m_runs) {
+        runs.emplace_back(run.length);
+        runs.emplace_back(*run.attributes);
+    }
+    coder.encodeObject(std::move(runs), "runs");
 }
 
 void NSAttributedString::copyStateTo(NSObject& fresh) const

@@ -32,6 +32,8 @@ public:
     bool init(std::string_view text);
     bool init(std::string_view text, Attributes const&);
     bool init(NSAttributedString const&);
+    bool init(NSCoder&);
+    void encodeWithCoder(NSCoder&) const override;
 
     Ref<NSMutableAttributedString> mutableCopy() const;
 

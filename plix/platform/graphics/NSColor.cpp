@@ -1,6 +1,7 @@
 #include <plix/platform/graphics/NSColor.h>
 
 #include <plix/platform/base/ObjectValue.h>
+#include <plix/platform/foundation/NSCoder.h>
 #include <plix/platform/graphics/NSGraphics.h>
 #include <plix/platform/graphics/NSGraphicsContext.h>
 #include <plix/platform/graphics/NSImage.h>
@@ -89,6 +90,48 @@ Ref<NSColor> NSColor::colorWithCatalogName(std::string_view listName, std::strin
 {
     auto const index = systemColorNamed(colorName);
     return listName == "System" && index ? systemColor(*index) : nullptr;
+}
+
+bool NSColor::init(NSCoder& coder)
+{
+    int const space = coder.decodeIntForKey("space");
+    if (space < 0 || space > static_cast<int>(Space::pattern))
+        return false;
+    m_space = static_cast<Space>(space);
+    if (m_space == Space::named) {
+        auto const index = systemColorNamed(coder.decodeStringForKey("name"));
+        if (!index)
+            return false;
+        m_systemColor = *index;
+        m_name = systemColorName(*index);
+        return true;
+    }
+    if (m_space == Space::pattern) {
+        m_patternImage = coder.decodeForKey<NSImage>("image");
+        return m_patternImage != nullptr;
+    }
+    auto const part = [&](char const* key) {
+        float const value = coder.decodeFloatForKey(key);
+        return value >= 0 ? std::min(value, 1.F) : 0;
+    };
+    m_components = { part("red"), part("green"), part("blue"), part("alpha") };
+    return true;
+}
+
+void NSColor::encodeWithCoder(NSCoder& coder) const
+{
+    Base::encodeWithCoder(coder);
+    coder.encodeInt(static_cast<int>(m_space), "space");
+    if (m_space == Space::named) {
+        coder.encodeObject(m_name, "name");
+    } else if (m_space == Space::pattern) {
+        coder.encodeObject(m_patternImage, "image");
+    } else {
+        coder.encodeDouble(m_components.red, "red");
+        coder.encodeDouble(m_components.green, "green");
+        coder.encodeDouble(m_components.blue, "blue");
+        coder.encodeDouble(m_components.alpha, "alpha");
+    }
 }
 
 Ref<NSColor> NSColor::systemColor(int index)

@@ -130,6 +130,11 @@ public:
     void setStroke() const;
     void drawSwatchInRect(Rect) const;
 
+    bool init() { return true; }
+    /// A named color that is unknown is refused.
+    bool init(NSCoder&);
+    void encodeWithCoder(NSCoder&) const override;
+
     // NSObject:
     bool isEqual(NSObject const* other) const override;
     std::size_t hash() const override;

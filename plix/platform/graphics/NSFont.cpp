@@ -1,5 +1,6 @@
 #include <plix/platform/graphics/NSFont.h>
 
+#include <plix/platform/foundation/NSCoder.h>
 #include <plix/platform/graphics/FontFace.h>
 #include <plix/platform/graphics/font_table.h>
 #include <plix/platform/graphics/string_drawing.h>
@@ -96,6 +97,24 @@ Ref<NSFont> NSFont::fontWithName(std::string_view name, float size)
     if (!member)
         return nullptr;
     return FontTable::shared().font(*member, size > 0 ? size : userFontSize);
+}
+
+bool NSFont::init(NSCoder& coder)
+{
+    float const size = coder.decodeFloatForKey("size");
+    auto font = fontWithName(coder.decodeStringForKey("name"), size);
+    if (!font)
+        font = systemFontOfSize(size);
+    m_face = font->m_face;
+    m_size = font->m_size;
+    return true;
+}
+
+void NSFont::encodeWithCoder(NSCoder& coder) const
+{
+    Base::encodeWithCoder(coder);
+    coder.encodeObject(fontName(), "name");
+    coder.encodeDouble(m_size, "size");
 }
 
 std::string const& NSFont::fontName() const

@@ -76,6 +76,11 @@ public:
     /// What shapes and draws with it; lives as long as the font. For the graphics folder's own sources.
     FontFace& face() const { return *m_face; }
 
+    using NSObject::init;
+    /// The system font where there is none of that name any more.
+    bool init(NSCoder&);
+    void encodeWithCoder(NSCoder&) const override;
+
     // NSObject:
     bool isEqual(NSObject const* other) const override;
     std::size_t hash() const override;

@@ -1,6 +1,7 @@
 #include <plix/platform/graphics/NSImage.h>
 
 #include <plix/platform/base/NSData.h>
+#include <plix/platform/foundation/NSCoder.h>
 #include <plix/platform/graphics/NSBitmapImageRep.h>
 #include <plix/platform/graphics/NSColor.h>
 #include <plix/platform/graphics/NSGraphics.h>
@@ -80,6 +81,27 @@ bool NSImage::init(std::string_view path)
 {
     addRepresentations(imageRepsAtPath(std::string(path)));
     return !m_representations.empty();
+}
+
+bool NSImage::init(NSCoder& coder)
+{
+    if (auto const data = coder.decodeForKey<NSData>("TIFF"))
+        addRepresentations(NSImageRep::imageRepsWithData(*data));
+    coder.read("size", [&](ObjectValue const& value) { setSize(NSSizeFromString(value.description())); });
+    setFlipped(coder.decodeBoolForKey("flipped"));
+    setScalesWhenResized(coder.decodeBoolForKey("scalesWhenResized"));
+    setBackgroundColor(coder.decodeForKey<NSColor>("backgroundColor"));
+    return true;
+}
+
+void NSImage::encodeWithCoder(NSCoder& coder) const
+{
+    Base::encodeWithCoder(coder);
+    coder.encodeObject(NSStringFromSize(size()), "size");
+    coder.encodeBool(m_isFlipped, "flipped");
+    coder.encodeBool(m_scalesWhenResized, "scalesWhenResized");
+    coder.encodeObject(m_backgroundColor, "backgroundColor");
+    coder.encodeObject(TIFFRepresentation(), "TIFF");
 }
 
 void NSImage::setDefaultBackingScale(float scale)

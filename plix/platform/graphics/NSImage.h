@@ -37,6 +37,9 @@ public:
     bool init(NSData const& fileContents);
     /// Of a file, with "name@2x.ext" beside it where that exists.
     bool init(std::string_view path);
+    /// Holds its pictures' pixels.
+    bool init(NSCoder&);
+    void encodeWithCoder(NSCoder&) const override;
 
     /// The image of that name: one that was given the name, else one found in a registered folder, the application's or the
     /// library's resources; kept under its name from then on. With or without an extension. Null where there is none.

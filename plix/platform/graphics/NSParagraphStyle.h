@@ -20,6 +20,8 @@ public:
 
     bool init();
     bool init(NSParagraphStyle const& other);
+    bool init(NSCoder&);
+    void encodeWithCoder(NSCoder&) const override;
 
     Ref<NSMutableParagraphStyle> mutableCopy() const;
 

@@ -1,5 +1,6 @@
 #include <plix/platform/graphics/NSShadow.h>
 
+#include <plix/platform/foundation/NSCoder.h>
 #include <plix/platform/graphics/NSColor.h>
 #include <plix/platform/graphics/NSGraphicsContext.h>
 
@@ -9,6 +10,24 @@ namespace plix {
 
 PLIX_DESCRIBE(NSShadow)
 {
+}
+
+bool NSShadow::init(NSCoder& coder)
+{
+    if (!NSObject::init())
+        return false;
+    coder.read("offset", [&](ObjectValue const& value) { m_offset = NSSizeFromString(value.description()); });
+    coder.read("blurRadius", [&](ObjectValue const& value) { setShadowBlurRadius(value.floatValue()); });
+    coder.read("color", [&](ObjectValue const& value) { m_color = value.as<NSColor>(); });
+    return true;
+}
+
+void NSShadow::encodeWithCoder(NSCoder& coder) const
+{
+    Base::encodeWithCoder(coder);
+    coder.encodeObject(NSStringFromSize(m_offset), "offset");
+    coder.encodeDouble(m_blurRadius, "blurRadius");
+    coder.encodeObject(m_color, "color");
 }
 
 NSShadow::NSShadow()

@@ -12,6 +12,9 @@ class NSShadow : public NSObject {
     PLIX_CLASS(NSShadow, NSObject);
 
 public:
+    using NSObject::init;
+    bool init(NSCoder&);
+    void encodeWithCoder(NSCoder&) const override;
     NSShadow();
     ~NSShadow() override;
 
