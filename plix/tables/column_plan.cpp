@@ -24,6 +24,11 @@ std::optional<long> dividerNear(float x, std::span<float const> rightEdges)
     return best;
 }
 
+float widestInOutline(float widest, float indentation, float width)
+{
+    return widest < indentation + width ? width : widest;
+}
+
 float widthForData(float widest, DataColumn column)
 {
     double width = static_cast<double>(widest) * 1.1;

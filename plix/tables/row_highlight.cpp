@@ -1,5 +1,7 @@
 #include <plix/tables/row_highlight.h>
 
+#include <plix/drawing/geometry_helpers.h>
+
 namespace plix {
 
 namespace {
@@ -96,9 +98,7 @@ std::optional<Rect> emptyMessageRect(Rect superviewFrame, Rect superviewBounds, 
 {
     if (textHeight > superviewFrame.height)
         return std::nullopt;
-    float const width = emptyMessageWidth(superviewFrame);
-    return Rect { superviewBounds.x + (superviewBounds.width - width) * 0.5F,
-        superviewBounds.y + (superviewBounds.height - textHeight) * 0.5F, width, textHeight };
+    return PLIXRectCenterOnRect({ messageMargin, 0, emptyMessageWidth(superviewFrame), textHeight }, superviewBounds);
 }
 
 }

@@ -1,10 +1,6 @@
-#include <plix/tables/column_plan.h>
 #include <plix/tables/row_highlight.h>
 
 #include <gtest/gtest.h>
-
-#include <array>
-#include <cmath>
 
 namespace plix {
 namespace {
@@ -85,26 +81,6 @@ TEST(EmptyMessage, IsCentredAndNotShownWhereItDoesNotFit)
     EXPECT_EQ(emptyMessageRect(frame, { 0, 50, 200, 100 }, 20), (Rect { 10, 90, 180, 20 }));
     EXPECT_TRUE(emptyMessageRect(frame, frame, 100));
     EXPECT_FALSE(emptyMessageRect(frame, frame, 100.5F));
-}
-
-TEST(Divider, TheNearestWithinTenPointsAndTheLeftmostOfEquals)
-{
-    std::array<float, 3> const edges { 100, 110, 200 };
-    EXPECT_EQ(dividerNear(105, edges), 0);
-    EXPECT_EQ(dividerNear(106, edges), 1);
-    EXPECT_EQ(dividerNear(209.5F, edges), 2);
-    EXPECT_EQ(dividerNear(210, edges), std::nullopt);
-    EXPECT_EQ(dividerNear(90, edges), std::nullopt);
-    EXPECT_EQ(dividerNear(105, {}), std::nullopt);
-}
-
-TEST(WidthForData, AddsATenthAndFourAndTheTriangle)
-{
-    EXPECT_EQ(widthForData(10, DataColumn::plain), 15);
-    EXPECT_EQ(widthForData(100, DataColumn::plain), 114);
-    EXPECT_EQ(widthForData(100, DataColumn::outline), 130);
-    EXPECT_EQ(widthForData(99.5F, DataColumn::plain), 113);
-    EXPECT_EQ(widthForData(NAN, DataColumn::plain), 4);
 }
 
 }

@@ -1,0 +1,107 @@
+#include <plix/tables/PLIXImageAndTextCell.h>
+
+#include <plix/platform/appkit/NSView.h>
+#include <plix/platform/graphics/NSColor.h>
+#include <plix/platform/graphics/NSGraphics.h>
+#include <plix/platform/graphics/NSGraphicsContext.h>
+#include <plix/platform/graphics/NSImage.h>
+#include <plix/tables/image_cell_plan.h>
+
+namespace plix {
+
+PLIX_DESCRIBE(PLIXImageAndTextCell)
+{
+}
+
+PLIXImageAndTextCell::PLIXImageAndTextCell() = default;
+PLIXImageAndTextCell::~PLIXImageAndTextCell() = default;
+
+bool PLIXImageAndTextCell::init()
+{
+    return PLIXImageAndTextCell::init(std::string_view {});
+}
+
+bool PLIXImageAndTextCell::init(std::string_view text)
+{
+    if (!Base::init(text))
+        return false;
+    m_image = nullptr;
+    setImageScaling(0);
+    float const side = cellSize().height - 4.0F;
+    setImageSize({ side, side });
+    return true;
+}
+
+void PLIXImageAndTextCell::setImage(Ref<NSImage> const& image)
+{
+    m_image = image;
+}
+
+float PLIXImageAndTextCell::imageWidth() const
+{
+    return m_image ? m_image->size().width : 0.0F;
+}
+
+Rect PLIXImageAndTextCell::imageFrameForCellFrame(Rect cellFrame) const
+{
+    return m_image ? imageBoxInCell(cellFrame, m_imageSize) : Rect {};
+}
+
+Size PLIXImageAndTextCell::cellSize() const
+{
+    return cellSizeWithImage(Base::cellSize(), imageWidth());
+}
+
+void PLIXImageAndTextCell::editWithFrame(Rect frame, NSView& controlView, NSText& editor, NSObject* delegate, NSEvent& event)
+{
+    Base::editWithFrame(editorBesideImage(frame, imageWidth()), controlView, editor, delegate, event);
+}
+
+void PLIXImageAndTextCell::selectWithFrame(
+    Rect frame, NSView& controlView, NSText& editor, NSObject* delegate, long start, long length)
+{
+    Base::selectWithFrame(editorBesideImage(frame, imageWidth()), controlView, editor, delegate, start, length);
+}
+
+void PLIXImageAndTextCell::drawWithFrame(Rect frame, NSView& controlView)
+{
+    if (!m_image) {
+        Base::drawWithFrame(frame, controlView);
+        return;
+    }
+    Rect const box = imageFrameForCellFrame(frame);
+    if (drawsBackground() && backgroundColor()) {
+        backgroundColor()->set();
+        NSRectFill(box);
+    }
+    drawImage(box);
+    Base::drawWithFrame(textBesideImageBox(frame, box.size()), controlView);
+}
+
+// In a flipped view the picture is mirrored about its own middle, so that it stands upright.
+void PLIXImageAndTextCell::drawImage(Rect box) const
+{
+    auto const context = NSGraphicsContext::currentContext();
+    if (!context)
+        return;
+    auto const [source, destination] = cellImagePlacement(m_image->size(), box, m_imageScaling);
+    GraphicsState const saved(context);
+    context->setImageInterpolation(NSImageInterpolationHigh);
+    auto const* focus = NSView::focusView();
+    if (focus ? focus->isFlipped() : context->isFlipped()) {
+        context->translateBy(0, 2.0 * destination.y + destination.height);
+        context->scaleBy(1, -1);
+    }
+    m_image->drawInRect(destination, source, NSCompositeSourceOver, 1.0F);
+}
+
+void PLIXImageAndTextCell::copyStateTo(NSObject& fresh) const
+{
+    Base::copyStateTo(fresh);
+    auto& other = static_cast<PLIXImageAndTextCell&>(fresh);
+    other.m_image = m_image;
+    other.m_imageScaling = m_imageScaling;
+    other.setImageSize(m_imageSize);
+}
+
+}
