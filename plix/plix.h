@@ -135,3 +135,6 @@
 #include <plix/system/name_comparison.h>
 #include <plix/system/unique_names.h>
 #include <plix/system/xml_path.h>
+#include <plix/tables/PLIXImageAndTextCell.h>
+#include <plix/tables/row_highlight.h>
+#include <plix/tables/table_shadows.h>

@@ -1,6 +1,7 @@
 #include <plix/tables/PLIXImageAndTextCell.h>
 
 #include <plix/platform/appkit/NSView.h>
+#include <plix/platform/foundation/NSCoder.h>
 #include <plix/platform/graphics/NSColor.h>
 #include <plix/platform/graphics/NSGraphics.h>
 #include <plix/platform/graphics/NSGraphicsContext.h>
@@ -27,9 +28,33 @@ bool PLIXImageAndTextCell::init(std::string_view text)
         return false;
     m_image = nullptr;
     setImageScaling(0);
+    sizeBoxByFont();
+    return true;
+}
+
+bool PLIXImageAndTextCell::init(NSCoder& coder)
+{
+    if (!Base::init(coder))
+        return false;
+    sizeBoxByFont();
+    coder.read("image", [&](ObjectValue const& value) { m_image = value.as<NSImage>(); });
+    coder.read("imageScaling", [&](ObjectValue const& value) { m_imageScaling = value.intValue(); });
+    coder.read("imageSize", [&](ObjectValue const& value) { setImageSize(NSSizeFromString(value.description())); });
+    return true;
+}
+
+void PLIXImageAndTextCell::encodeWithCoder(NSCoder& coder) const
+{
+    Base::encodeWithCoder(coder);
+    coder.encodeObject(m_image, "image");
+    coder.encodeInt(m_imageScaling, "imageScaling");
+    coder.encodeObject(NSStringFromSize(m_imageSize), "imageSize");
+}
+
+void PLIXImageAndTextCell::sizeBoxByFont()
+{
     float const side = cellSize().height - 4.0F;
     setImageSize({ side, side });
-    return true;
 }
 
 void PLIXImageAndTextCell::setImage(Ref<NSImage> const& image)

@@ -19,6 +19,8 @@ public:
     bool init();
     /// Without image; the box is a square, four points less than the cell is high in its font.
     bool init(std::string_view text);
+    bool init(NSCoder&);
+    void encodeWithCoder(NSCoder&) const override;
 
     /// Copies share it. Null for none. A plain store without redisplay.
     NSImage* image() const override { return m_image.get(); }
@@ -44,6 +46,7 @@ protected:
     void copyStateTo(NSObject& fresh) const override;
 
 private:
+    void sizeBoxByFont();
     float imageWidth() const;
     void drawImage(Rect box) const;
 

@@ -3,6 +3,7 @@
 
 #include <plix/platform/appkit/NSTextView.h>
 #include <plix/platform/appkit/button_constants.h>
+#include <plix/platform/foundation/NSArchiver.h>
 #include <plix/platform/graphics/NSColor.h>
 #include <plix/platform/graphics/NSFont.h>
 #include <plix/platform/graphics/NSGraphics.h>
@@ -114,6 +115,22 @@ TEST(PLIXImageAndTextCell, ACopySharesTheImageAndKeepsScalingAndBox)
     EXPECT_EQ(copy->stringValue(), "Name");
     copy->setImage(nullptr);
     EXPECT_EQ(cell->image(), image.get());
+}
+
+TEST(PLIXImageAndTextCell, IsReadFromAnArchive)
+{
+    registerTableClasses();
+    auto const cell = cellWith(imageOfDistinctPixels(5, 4));
+    cell->setImageScaling(2);
+    cell->setImageSize({ 9.5F, 11 });
+    auto const data = NSArchiver::archivedDataWithRootObject(cell);
+    auto const read = NSUnarchiver::unarchiveObjectWithData(*data)->as<PLIXImageAndTextCell>();
+    ASSERT_TRUE(read);
+    EXPECT_EQ(read->stringValue(), "Name");
+    EXPECT_EQ(read->imageScaling(), 2);
+    EXPECT_EQ(read->imageSize(), (Size { 9.5F, 11 }));
+    ASSERT_TRUE(read->image());
+    EXPECT_EQ(countDifferences(*read->image(), *cell->image()), 0);
 }
 
 class CellView : public NSView {
