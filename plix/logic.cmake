@@ -28,6 +28,7 @@ list(APPEND PLIX_LOGIC_SOURCES
     platform/appkit/image_layout.cpp
     platform/appkit/menu_layout.cpp
     platform/appkit/progress_layout.cpp
+    platform/appkit/segment_layout.cpp
     platform/appkit/split_layout.cpp
     platform/appkit/reading_order.cpp
     platform/appkit/scroll_layout.cpp

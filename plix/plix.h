@@ -56,6 +56,8 @@
 #include <plix/platform/appkit/NSScreen.h>
 #include <plix/platform/appkit/NSScrollView.h>
 #include <plix/platform/appkit/NSScroller.h>
+#include <plix/platform/appkit/NSSegmentedCell.h>
+#include <plix/platform/appkit/NSSegmentedControl.h>
 #include <plix/platform/appkit/NSSplitView.h>
 #include <plix/platform/appkit/NSSplitViewDelegate.h>
 #include <plix/platform/appkit/NSText.h>

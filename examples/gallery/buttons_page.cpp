@@ -6,6 +6,7 @@
 #include <plix/platform/appkit/NSButtonCell.h>
 #include <plix/platform/appkit/NSMenuItem.h>
 #include <plix/platform/appkit/NSPopUpButton.h>
+#include <plix/platform/appkit/NSSegmentedControl.h>
 #include <plix/platform/graphics/NSFont.h>
 
 namespace gallery {
@@ -87,6 +88,17 @@ Ref<NSControl> menuButton()
     return button;
 }
 
+Ref<NSControl> segments(long selected)
+{
+    auto const control = make<NSSegmentedControl>(Rect { 0, 0, 116, 24 });
+    control->setSegmentCount(3);
+    char const* const labels[] { "One", "Two", "Six" };
+    for (long i = 0; i < 3; ++i)
+        control->setLabel(labels[i], i);
+    control->setSelectedSegment(selected);
+    return control;
+}
+
 }
 
 Ref<NSView> makeButtonsPage()
@@ -102,6 +114,9 @@ Ref<NSView> makeButtonsPage()
     sheet->addRow("Small", [] { return popUp(false, NSSmallControlSize, 22); });
     sheet->addRow("Pull-down", [] { return popUp(true, NSRegularControlSize, 26); });
     sheet->addRow("With a menu", menuButton);
+    sheet->addHeading("Segments");
+    sheet->addRow("None selected", [] { return segments(-1); });
+    sheet->addRow("One selected", [] { return segments(1); });
     sheet->sizeToRows();
     return sheet;
 }

@@ -22,6 +22,8 @@
 #include <plix/platform/appkit/NSScreen.h>
 #include <plix/platform/appkit/NSScrollView.h>
 #include <plix/platform/appkit/NSScroller.h>
+#include <plix/platform/appkit/NSSegmentedControl.h>
+#include <plix/platform/appkit/NSSegmentedCell.h>
 #include <plix/platform/appkit/NSSplitView.h>
 #include <plix/platform/appkit/NSTextAttachment.h>
 #include <plix/platform/appkit/NSTextAttachmentCell.h>
@@ -63,6 +65,8 @@ void registerAppKitClasses()
     NSImageView::staticClass();
     NSBox::staticClass();
     NSProgressIndicator::staticClass();
+    NSSegmentedControl::staticClass();
+    NSSegmentedCell::staticClass();
     NSSplitView::staticClass();
     NSTextAttachmentCell::staticClass();
     NSTextAttachment::staticClass();

@@ -1,6 +1,7 @@
 #include <plix/platform/appkit/box_layout.h>
 #include <plix/platform/appkit/image_layout.h>
 #include <plix/platform/appkit/progress_layout.h>
+#include <plix/platform/appkit/segment_layout.h>
 #include <plix/platform/appkit/split_layout.h>
 
 #include <gtest/gtest.h>
@@ -139,6 +140,31 @@ TEST(SplitLayout, ACollapsedPaneComesBackOnTheWay)
     panes = splitPanesDragged(panes, 0, 80, 10, limits);
     EXPECT_FALSE(panes[0].isCollapsed);
     EXPECT_EQ(shownLengths(panes), (Lengths { 80, 120 }));
+}
+
+// MARK: segments
+
+TEST(SegmentLayout, FlexibleSegmentsShareWhatIsLeft)
+{
+    struct Case {
+        std::vector<SegmentWidth> segments;
+        float length;
+        Lengths expected;
+    };
+    Case const cases[] {
+        { { { 0, 20 }, { 0, 20 }, { 0, 20 } }, 90, { 30, 30, 30 } },
+        { { { 0, 20 }, { 0, 20 }, { 0, 20 } }, 91, { 30, 30, 31 } },
+        { { { 50, 0 }, { 0, 20 } }, 100, { 50, 50 } },
+        { { { 50, 0 }, { 40, 0 } }, 100, { 50, 40 } },
+        { { { 0, 60 }, { 0, 20 } }, 60, { 50, 10 } },
+        { { { 0, 60 }, { 0, 5 } }, 20, { 20, 0 } },
+        { { { 50, 0 }, { 40, 0 } }, 60, { 50, 10 } },
+        { { { 0, 20.3F } }, 30, { 30 } },
+        { { { 0, 20 }, { 0, 20 } }, 0, { 0, 0 } },
+        { {}, 50, {} },
+    };
+    for (auto const& test : cases)
+        EXPECT_EQ(segmentWidths(test.segments, test.length), test.expected) << test.length;
 }
 
 // MARK: images
