@@ -8,6 +8,7 @@
 #include <plix/controls/PLIXPopUpButton.h>
 #include <plix/controls/PLIXPopUpButtonDelegate.h>
 #include <plix/controls/PLIXTextAttachmentCell.h>
+#include <plix/controls/TQComboBoxCell.h>
 #include <plix/controls/TQPopUpButtonCell.h>
 #include <plix/controls/TQSplitView.h>
 #include <plix/drawing/PLIXShading.h>
@@ -34,6 +35,9 @@
 #include <plix/platform/appkit/NSButtonCell.h>
 #include <plix/platform/appkit/NSCell.h>
 #include <plix/platform/appkit/NSClipView.h>
+#include <plix/platform/appkit/NSComboBox.h>
+#include <plix/platform/appkit/NSComboBoxCell.h>
+#include <plix/platform/appkit/NSComboBoxDataSource.h>
 #include <plix/platform/appkit/NSControl.h>
 #include <plix/platform/appkit/NSControlTextEditingDelegate.h>
 #include <plix/platform/appkit/NSCursor.h>

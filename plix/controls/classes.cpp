@@ -1,3 +1,4 @@
+#include <plix/controls/TQComboBoxCell.h>
 #include <plix/controls/classes.h>
 
 #include <plix/controls/PLIXButton.h>
@@ -13,6 +14,7 @@ void registerControlClasses()
     PLIXButton::staticClass();
     PLIXPopUpButton::staticClass();
     TQPopUpButtonCell::staticClass();
+    TQComboBoxCell::staticClass();
     TQSplitView::staticClass();
     PLIXTextAttachmentCell::staticClass();
 }

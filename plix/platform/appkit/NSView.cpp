@@ -1,5 +1,6 @@
 #include <plix/platform/appkit/NSView.h>
 
+#include <plix/platform/appkit/ComboList.h>
 #include <plix/platform/appkit/MenuTracker.h>
 #include <plix/platform/appkit/NSScrollView.h>
 #include <plix/platform/appkit/NSView_internal.h>
@@ -227,6 +228,7 @@ void NSView::detach(bool marksSuperview)
         m_window->internals().viewGeometryChanged();
         setWindow(nullptr);
         MenuTracker::viewsLeftWindow();
+        ComboList::viewsLeftWindow();
         didMoveToWindow();
     }
     viewDidMoveToSuperview();

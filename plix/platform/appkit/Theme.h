@@ -123,6 +123,10 @@ public:
     /// Faint while it stands still.
     void drawProgressWheel(Rect, double seconds, bool turns, ControlLook const&) const;
 
+    // Combo boxes.
+    /// At the right end of a field, inside its border.
+    void drawComboButton(Rect, ButtonLook const&, bool isBordered, bool isPressed) const;
+
     // Scrollers.
     static float scrollerWidth(NSControlSize);
     static ScrollerMetrics scrollerMetrics(NSControlSize);

@@ -1,3 +1,5 @@
+#include <plix/platform/appkit/NSComboBox.h>
+#include <plix/platform/appkit/NSComboBoxCell.h>
 #include <plix/platform/appkit/classes.h>
 
 #include <plix/platform/appkit/NSActionCell.h>
@@ -22,8 +24,8 @@
 #include <plix/platform/appkit/NSScreen.h>
 #include <plix/platform/appkit/NSScrollView.h>
 #include <plix/platform/appkit/NSScroller.h>
-#include <plix/platform/appkit/NSSegmentedControl.h>
 #include <plix/platform/appkit/NSSegmentedCell.h>
+#include <plix/platform/appkit/NSSegmentedControl.h>
 #include <plix/platform/appkit/NSSplitView.h>
 #include <plix/platform/appkit/NSTextAttachment.h>
 #include <plix/platform/appkit/NSTextAttachmentCell.h>
@@ -67,6 +69,8 @@ void registerAppKitClasses()
     NSProgressIndicator::staticClass();
     NSSegmentedControl::staticClass();
     NSSegmentedCell::staticClass();
+    NSComboBox::staticClass();
+    NSComboBoxCell::staticClass();
     NSSplitView::staticClass();
     NSTextAttachmentCell::staticClass();
     NSTextAttachment::staticClass();

@@ -1,4 +1,5 @@
 #include <plix/platform/appkit/box_layout.h>
+#include <plix/platform/appkit/combo_layout.h>
 #include <plix/platform/appkit/image_layout.h>
 #include <plix/platform/appkit/progress_layout.h>
 #include <plix/platform/appkit/segment_layout.h>
@@ -165,6 +166,41 @@ TEST(SegmentLayout, FlexibleSegmentsShareWhatIsLeft)
     };
     for (auto const& test : cases)
         EXPECT_EQ(segmentWidths(test.segments, test.length), test.expected) << test.length;
+}
+
+// MARK: combo boxes
+
+TEST(ComboLayout, TheListGoesBelowUnlessThereIsMoreRoomAbove)
+{
+    struct Case {
+        Rect field;
+        ComboListShape shape;
+        Rect expected;
+    };
+    Rect const screen { 0, 0, 1000, 800 };
+    Case const cases[] {
+        { { 100, 400, 160, 22 }, { 7, 5, 20 }, { 100, 298, 160, 102 } },
+        { { 100, 400, 160, 22 }, { 3, 5, 20 }, { 100, 338, 160, 62 } },
+        { { 100, 50, 160, 22 }, { 7, 5, 20 }, { 100, 72, 160, 102 } },
+        { { 100, 400, 160, 22 }, { 1000, 1000, 20 }, { 100, 18, 160, 382 } },
+        { { -50, 400, 160, 22 }, { 3, 5, 20 }, { 0, 338, 160, 62 } },
+        { { 900, 400, 160, 22 }, { 3, 5, 20 }, { 840, 338, 160, 62 } },
+        { { 100, 400, 160, 22 }, { 0, 0, 20 }, { 100, 378, 160, 22 } },
+    };
+    for (auto const& test : cases)
+        EXPECT_EQ(comboListFrame(test.field, test.shape, screen), test.expected) << test.field.x;
+}
+
+TEST(ComboLayout, KeysMoveWithinTheItems)
+{
+    EXPECT_EQ(comboItemAfterStep(-1, 1, 5), 0);
+    EXPECT_EQ(comboItemAfterStep(-1, -1, 5), 4);
+    EXPECT_EQ(comboItemAfterStep(-1, 3, 5), 2);
+    EXPECT_EQ(comboItemAfterStep(4, 1, 5), 4);
+    EXPECT_EQ(comboItemAfterStep(0, -10, 5), 0);
+    EXPECT_EQ(comboItemAfterStep(2, 1, 0), -1);
+    EXPECT_EQ(comboButtonRect({ 10, 0, 100, 22 }, 20), (Rect { 90, 0, 20, 22 }));
+    EXPECT_EQ(comboButtonRect({ 10, 0, 15, 22 }, 20), (Rect { 10, 0, 15, 22 }));
 }
 
 // MARK: images

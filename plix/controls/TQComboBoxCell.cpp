@@ -1,0 +1,68 @@
+#include <plix/controls/TQComboBoxCell.h>
+
+#include <plix/drawing/geometry_helpers.h>
+#include <plix/drawing/image_additions.h>
+#include <plix/platform/appkit/NSView.h>
+#include <plix/platform/graphics/NSAffineTransform.h>
+#include <plix/platform/graphics/NSImage.h>
+
+namespace plix {
+
+namespace {
+
+constexpr float knobRoom = 10;
+
+}
+
+PLIX_DESCRIBE(TQComboBoxCell)
+{
+    description.bundle("plix");
+}
+
+bool TQComboBoxCell::init()
+{
+    return Base::init();
+}
+
+bool TQComboBoxCell::init(std::string_view text)
+{
+    return Base::init(text);
+}
+
+bool TQComboBoxCell::init(NSCoder& coder)
+{
+    return Base::init(coder);
+}
+
+Rect TQComboBoxCell::buttonRectForBounds(Rect bounds) const
+{
+    Rect slice;
+    Rect rest;
+    NSDivideRect(bounds, slice, rest, knobRoom, NSMaxXEdge);
+    return slice;
+}
+
+void TQComboBoxCell::drawWithFrame(Rect frame, NSView& controlView)
+{
+    setControlView(&controlView);
+    Rect slice;
+    Rect rest;
+    NSDivideRect(frame, slice, rest, knobRoom, NSMaxXEdge);
+    drawInteriorWithFrame(rest, controlView);
+    auto const image = imageNamed("popupknob_small", &describedClass());
+    if (!image)
+        return;
+    Rect const knob = PLIXNormalizedRect(PLIXRectCenterOnRect(PLIXMakeRectWithSize(image->size()), slice));
+    auto const* focus = NSView::focusView();
+    bool const mirrors = focus && focus->isFlipped() != image->isFlipped();
+    auto const mirror = make<NSAffineTransform>(AffineTransform { 1, 0, 0, -1, 0, 2 * knob.y + knob.height });
+    if (mirrors)
+        mirror->concat();
+    image->drawInRect(knob, rectWith({}, image->size()), NSCompositeSourceOver, 1);
+    if (mirrors) {
+        mirror->invert();
+        mirror->concat();
+    }
+}
+
+}
