@@ -1,6 +1,6 @@
 #include "image_peers.h"
+#include "qt_application.h"
 
-#include <QGuiApplication>
 #include <QImage>
 #include <QLinearGradient>
 #include <QMargins>
@@ -17,18 +17,6 @@ namespace {
 
 constexpr auto format = QImage::Format_ARGB32_Premultiplied;
 
-/// Its pixmaps need an application, if only one without a display.
-void makeApplication()
-{
-    if (QGuiApplication::instance())
-        return;
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    static int count = 1;
-    static char name[] = "plix_bench";
-    static char* arguments[] = { name, nullptr };
-    new QGuiApplication(count, arguments);
-}
-
 QImage imageOf(PeerPixels const& picture)
 {
     QImage image(picture.width, picture.height, format);
@@ -41,7 +29,7 @@ QImage imageOf(PeerPixels const& picture)
 /// The quickest of the ways to paint a silhouette: a copy filled through it, or a filled picture cut by it.
 std::function<void()> recolor(PeerPixels const& picture)
 {
-    makeApplication();
+    makeQtApplication();
     auto const source = imageOf(picture);
     QColor const color(230, 51, 26);
     std::vector<std::function<void()>> ways;
@@ -80,7 +68,7 @@ std::function<void()> recolor(PeerPixels const& picture)
 
 std::function<void()> nineSlice(PeerPixels const& picture, int width, int height)
 {
-    makeApplication();
+    makeQtApplication();
     auto const pixmap = QPixmap::fromImage(imageOf(picture));
     QMargins const margins(picture.width / 3, picture.height / 3, picture.width / 3, picture.height / 3);
     return [pixmap, margins, width, height] {
@@ -94,7 +82,7 @@ std::function<void()> nineSlice(PeerPixels const& picture, int width, int height
 
 std::function<void()> compose(std::vector<PeerPixels> const& pictures)
 {
-    makeApplication();
+    makeQtApplication();
     std::vector<QImage> sources;
     for (auto const& picture : pictures)
         sources.push_back(imageOf(picture));
@@ -109,7 +97,7 @@ std::function<void()> compose(std::vector<PeerPixels> const& pictures)
 
 std::function<void()> part(PeerPixels const& picture)
 {
-    makeApplication();
+    makeQtApplication();
     auto const source = imageOf(picture);
     auto const target = std::make_shared<QImage>(256, 256, format);
     target->fill(Qt::transparent);
@@ -123,7 +111,7 @@ std::function<void()> part(PeerPixels const& picture)
 
 std::function<void()> axial(int width, int height)
 {
-    makeApplication();
+    makeQtApplication();
     auto const target = std::make_shared<QImage>(width, height, format);
     return [target, height] {
         QLinearGradient gradient(0, 0, 0, height);
