@@ -1,9 +1,9 @@
-#include <plix/controls/TQComboBoxCell.h>
 #include <plix/controls/classes.h>
 
 #include <plix/controls/PLIXButton.h>
 #include <plix/controls/PLIXPopUpButton.h>
 #include <plix/controls/PLIXTextAttachmentCell.h>
+#include <plix/controls/TQComboBoxCell.h>
 #include <plix/controls/TQPopUpButtonCell.h>
 #include <plix/controls/TQSplitView.h>
 

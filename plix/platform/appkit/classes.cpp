@@ -1,5 +1,3 @@
-#include <plix/platform/appkit/NSComboBox.h>
-#include <plix/platform/appkit/NSComboBoxCell.h>
 #include <plix/platform/appkit/classes.h>
 
 #include <plix/platform/appkit/NSActionCell.h>
@@ -8,6 +6,8 @@
 #include <plix/platform/appkit/NSButton.h>
 #include <plix/platform/appkit/NSButtonCell.h>
 #include <plix/platform/appkit/NSClipView.h>
+#include <plix/platform/appkit/NSComboBox.h>
+#include <plix/platform/appkit/NSComboBoxCell.h>
 #include <plix/platform/appkit/NSCursor.h>
 #include <plix/platform/appkit/NSDocument.h>
 #include <plix/platform/appkit/NSDocumentController.h>
