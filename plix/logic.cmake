@@ -26,6 +26,7 @@ list(APPEND PLIX_LOGIC_SOURCES
     platform/appkit/key_names.cpp
     platform/appkit/box_layout.cpp
     platform/appkit/combo_layout.cpp
+    platform/appkit/date_fields.cpp
     platform/appkit/image_layout.cpp
     platform/appkit/menu_layout.cpp
     platform/appkit/progress_layout.cpp

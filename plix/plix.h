@@ -41,6 +41,8 @@
 #include <plix/platform/appkit/NSControl.h>
 #include <plix/platform/appkit/NSControlTextEditingDelegate.h>
 #include <plix/platform/appkit/NSCursor.h>
+#include <plix/platform/appkit/NSDatePicker.h>
+#include <plix/platform/appkit/NSDatePickerCell.h>
 #include <plix/platform/appkit/NSDocument.h>
 #include <plix/platform/appkit/NSDocumentController.h>
 #include <plix/platform/appkit/NSDraggingInfo.h>

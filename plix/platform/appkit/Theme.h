@@ -123,9 +123,12 @@ public:
     /// Faint while it stands still.
     void drawProgressWheel(Rect, double seconds, bool turns, ControlLook const&) const;
 
-    // Combo boxes.
+    // Combo boxes and steppers.
     /// At the right end of a field, inside its border.
     void drawComboButton(Rect, ButtonLook const&, bool isBordered, bool isPressed) const;
+
+    /// Two halves, up above down; the pressed one is 1 for up, -1 for down.
+    void drawStepper(Rect, ControlLook const&, int pressedHalf) const;
 
     // Scrollers.
     static float scrollerWidth(NSControlSize);

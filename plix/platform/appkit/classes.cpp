@@ -9,6 +9,8 @@
 #include <plix/platform/appkit/NSComboBox.h>
 #include <plix/platform/appkit/NSComboBoxCell.h>
 #include <plix/platform/appkit/NSCursor.h>
+#include <plix/platform/appkit/NSDatePicker.h>
+#include <plix/platform/appkit/NSDatePickerCell.h>
 #include <plix/platform/appkit/NSDocument.h>
 #include <plix/platform/appkit/NSDocumentController.h>
 #include <plix/platform/appkit/NSEvent.h>
@@ -71,6 +73,8 @@ void registerAppKitClasses()
     NSSegmentedCell::staticClass();
     NSComboBox::staticClass();
     NSComboBoxCell::staticClass();
+    NSDatePicker::staticClass();
+    NSDatePickerCell::staticClass();
     NSSplitView::staticClass();
     NSTextAttachmentCell::staticClass();
     NSTextAttachment::staticClass();

@@ -1,0 +1,525 @@
+#include <plix/platform/appkit/NSDatePickerCell.h>
+
+#include <plix/platform/appkit/NSEvent.h>
+#include <plix/platform/appkit/NSView.h>
+#include <plix/platform/appkit/NSWindow.h>
+#include <plix/platform/appkit/Theme.h>
+#include <plix/platform/appkit/button_constants.h>
+#include <plix/platform/appkit/cell_layout.h>
+#include <plix/platform/foundation/NSCoder.h>
+#include <plix/platform/foundation/NSRunLoop.h>
+#include <plix/platform/foundation/NSTimeZone.h>
+#include <plix/platform/foundation/locale_values.h>
+#include <plix/platform/graphics/NSColor.h>
+#include <plix/platform/graphics/NSFont.h>
+#include <plix/platform/graphics/text_line.h>
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace plix {
+
+namespace {
+
+constexpr float stepperWidth = 17;
+constexpr float textPadding = 3;
+constexpr double firstRepeat = 0.4;
+constexpr double nextRepeat = 0.1;
+
+DateHalves currentHalves()
+{
+    auto const names = currentDateNames();
+    return { names->amPm[0], names->amPm[1] };
+}
+
+}
+
+struct NSDatePickerCell::Placed {
+    DateField field;
+    Rect rect;
+    std::string text;
+};
+
+PLIX_DESCRIBE(NSDatePickerCell)
+{
+    description.hookOutlet("delegate", &NSDatePickerCell::takeHooks);
+}
+
+NSDatePickerCell::NSDatePickerCell() = default;
+NSDatePickerCell::~NSDatePickerCell() = default;
+
+bool NSDatePickerCell::init()
+{
+    if (!Base::init(std::string_view {}))
+        return false;
+    m_date = NSDate::date();
+    m_textColor = NSColor::controlTextColor();
+    m_backgroundColor = NSColor::textBackgroundColor();
+    setBezeled(true);
+    return true;
+}
+
+bool NSDatePickerCell::init(NSCoder& coder)
+{
+    if (!Base::init(coder))
+        return false;
+    m_date = NSDate::date();
+    m_textColor = NSColor::controlTextColor();
+    m_backgroundColor = NSColor::textBackgroundColor();
+    coder.read("datePickerStyle",
+        [&](ObjectValue const& value) { m_style = static_cast<NSDatePickerStyle>(std::clamp(value.intValue(), 0, 2)); });
+    coder.read("datePickerElements", [&](ObjectValue const& value) { m_elements = static_cast<unsigned>(value.integerValue()); });
+    auto const dateUnder = [&](char const* key) -> std::optional<NSDate> {
+        auto const value = coder.decodeObjectForKey(key);
+        return value.date() ? std::optional(*value.date()) : std::nullopt;
+    };
+    m_minDate = dateUnder("minDate");
+    m_maxDate = dateUnder("maxDate");
+    m_date = limited(dateUnder("date").value_or(m_date));
+    coder.read("textColor", [&](ObjectValue const& value) { m_textColor = value.as<NSColor>(); });
+    coder.read("backgroundColor", [&](ObjectValue const& value) { m_backgroundColor = value.as<NSColor>(); });
+    coder.read("drawsBackground", [&](ObjectValue const& value) { m_drawsBackground = value.boolValue(); });
+    return true;
+}
+
+void NSDatePickerCell::encodeWithCoder(NSCoder& coder) const
+{
+    Base::encodeWithCoder(coder);
+    coder.encodeInt(m_style, "datePickerStyle");
+    coder.encodeInt(m_elements, "datePickerElements");
+    coder.encodeObject(m_date, "date");
+    coder.encodeObject(m_minDate ? ObjectValue(*m_minDate) : ObjectValue(), "minDate");
+    coder.encodeObject(m_maxDate ? ObjectValue(*m_maxDate) : ObjectValue(), "maxDate");
+    coder.encodeObject(m_textColor, "textColor");
+    coder.encodeObject(m_backgroundColor, "backgroundColor");
+    coder.encodeBool(m_drawsBackground, "drawsBackground");
+}
+
+void NSDatePickerCell::takeHooks(HookSource const& source)
+{
+    m_hooks = source.hooks<NSDatePickerCellDelegate>();
+}
+
+void NSDatePickerCell::setDatePickerStyle(NSDatePickerStyle style)
+{
+    m_style = style;
+    looksChanged();
+}
+
+void NSDatePickerCell::setDatePickerElements(unsigned flags)
+{
+    m_elements = flags;
+    selectField(m_selected);
+    looksChanged();
+}
+
+void NSDatePickerCell::setTextColor(Ref<NSColor> const& color)
+{
+    m_textColor = color;
+    looksChanged();
+}
+
+void NSDatePickerCell::setBackgroundColor(Ref<NSColor> const& color)
+{
+    m_backgroundColor = color;
+    looksChanged();
+}
+
+void NSDatePickerCell::setDrawsBackground(bool draws)
+{
+    m_drawsBackground = draws;
+    looksChanged();
+}
+
+// MARK: the date
+
+NSDate NSDatePickerCell::limited(NSDate date) const
+{
+    if (m_maxDate && date > *m_maxDate)
+        date = *m_maxDate;
+    return m_minDate && date < *m_minDate ? *m_minDate : date;
+}
+
+void NSDatePickerCell::setDateValue(NSDate date)
+{
+    auto const taken = limited(date);
+    m_typed = {};
+    if (taken == m_date)
+        return;
+    m_date = taken;
+    looksChanged();
+}
+
+void NSDatePickerCell::setMinDate(std::optional<NSDate> date)
+{
+    m_minDate = date;
+    setDateValue(m_date);
+}
+
+void NSDatePickerCell::setMaxDate(std::optional<NSDate> date)
+{
+    m_maxDate = date;
+    setDateValue(m_date);
+}
+
+NSTimeZone NSDatePickerCell::timeZone() const
+{
+    return m_timeZone ? *m_timeZone : NSTimeZone::localTimeZone();
+}
+
+void NSDatePickerCell::setTimeZone(std::optional<NSTimeZone> zone)
+{
+    m_timeZone = zone ? std::make_unique<NSTimeZone>(*zone) : nullptr;
+    looksChanged();
+}
+
+CalendarFields NSDatePickerCell::reading() const
+{
+    return timeZone().fieldsForDate(m_date);
+}
+
+// A person's change: the delegate has the last word.
+void NSDatePickerCell::change(CalendarFields const& fields)
+{
+    Ref<NSDatePickerCell> const protector(this);
+    auto proposed = limited(timeZone().dateForFields(fields));
+    NSTimeInterval interval = 0;
+    if (m_hooks.validateProposedDateValue)
+        m_hooks.validateProposedDateValue(*this, proposed, interval);
+    auto const typed = m_typed;
+    if (proposed == m_date)
+        return;
+    setDateValue(proposed);
+    m_typed = typed;
+    sendAction();
+}
+
+ObjectValue const& NSDatePickerCell::objectValue() const
+{
+    m_dateValue = m_date;
+    return m_dateValue;
+}
+
+void NSDatePickerCell::setObjectValue(ObjectValue value)
+{
+    if (auto const* date = value.date())
+        setDateValue(*date);
+}
+
+std::string const& NSDatePickerCell::stringValue() const
+{
+    m_shownText.clear();
+    auto const date = reading();
+    auto const halves = currentHalves();
+    for (auto const& field : fields())
+        m_shownText += textOfDateField(field, date, halves);
+    return m_shownText;
+}
+
+// MARK: fields
+
+std::vector<DateField> NSDatePickerCell::fields() const
+{
+    auto const names = currentDateNames();
+    DateFieldChoice const choice {
+        .showsYearAndMonth = (m_elements & NSYearMonthDatePickerElementFlag) == NSYearMonthDatePickerElementFlag,
+        .showsDay = (m_elements & NSYearMonthDayDatePickerElementFlag) == NSYearMonthDayDatePickerElementFlag,
+        .showsHourAndMinute = (m_elements & NSHourMinuteDatePickerElementFlag) == NSHourMinuteDatePickerElementFlag,
+        .showsSecond = (m_elements & NSHourMinuteSecondDatePickerElementFlag) == NSHourMinuteSecondDatePickerElementFlag,
+    };
+    return dateFields(names->shortDateFormat, names->timeFormat, choice);
+}
+
+long NSDatePickerCell::numberOfFields() const
+{
+    auto const all = fields();
+    return std::ranges::count_if(all, [](DateField const& field) { return field.kind != DateFieldKind::literal; });
+}
+
+DateFieldKind NSDatePickerCell::kindOfField(long index) const
+{
+    for (auto const& field : fields()) {
+        if (field.kind != DateFieldKind::literal && index-- == 0)
+            return field.kind;
+    }
+    return DateFieldKind::literal;
+}
+
+void NSDatePickerCell::selectField(long index)
+{
+    commitTyping();
+    index = std::clamp(index, 0L, std::max(0L, numberOfFields() - 1));
+    if (m_selected == index)
+        return;
+    m_selected = index;
+    looksChanged();
+}
+
+void NSDatePickerCell::commitTyping()
+{
+    auto const typed = std::exchange(m_typed, {});
+    if (typed.count == 0 || kindOfField(m_selected) != DateFieldKind::year)
+        return;
+    auto fields = reading();
+    // Two digits are a year of the century that is shown.
+    fields.year = typed.count <= 2 ? fields.year / 100 * 100 + typed.value : std::max(1, typed.value);
+    fields.day = std::min(fields.day, daysInMonth(fields.year, fields.month));
+    change(fields);
+    looksChanged();
+}
+
+void NSDatePickerCell::step(int by)
+{
+    commitTyping();
+    if (kindOfField(m_selected) == DateFieldKind::half)
+        by = 1;
+    change(dateByStepping(reading(), kindOfField(m_selected), by));
+}
+
+bool NSDatePickerCell::takeKey(NSEvent& event)
+{
+    Ref<NSDatePickerCell> const protector(this);
+    if (!isEnabled() || event.hasShortcutModifier() || numberOfFields() == 0)
+        return false;
+    auto const key = event.characterIgnoringModifiers();
+    auto const kind = kindOfField(m_selected);
+    switch (key) {
+    case NSUpArrowFunctionKey:
+        step(1);
+        return true;
+    case NSDownArrowFunctionKey:
+        step(-1);
+        return true;
+    case NSRightArrowFunctionKey:
+        selectField(m_selected + 1);
+        return true;
+    case NSLeftArrowFunctionKey:
+        selectField(m_selected - 1);
+        return true;
+    case NSTabCharacter:
+        if (m_selected + 1 >= numberOfFields())
+            return false;
+        selectField(m_selected + 1);
+        return true;
+    case NSBackTabCharacter:
+        if (m_selected == 0)
+            return false;
+        selectField(m_selected - 1);
+        return true;
+    default:
+        break;
+    }
+    if (key >= U'0' && key <= U'9' && kind != DateFieldKind::half) {
+        auto const typed = dateByTyping(reading(), kind, m_typed, static_cast<int>(key - U'0'));
+        m_typed = typed.isDone ? TypedDigits {} : typed.digits;
+        // A year counts when it is whole: its first digits would be another age.
+        if (kind != DateFieldKind::year || typed.isDone)
+            change(typed.date);
+        else
+            looksChanged();
+        if (typed.isDone)
+            selectField(m_selected + 1);
+        return true;
+    }
+    if (kind == DateFieldKind::half && key < 0x80 && key > 0x20) {
+        auto const halves = currentHalves();
+        auto const begins
+            = [&](std::string const& text) { return !text.empty() && (static_cast<char32_t>(text[0]) | 0x20U) == (key | 0x20U); };
+        bool const isAfternoon = valueOfDateField(kind, reading()) == 1;
+        if ((begins(halves.morning) && isAfternoon) || (begins(halves.afternoon) && !isAfternoon))
+            step(1);
+        return begins(halves.morning) || begins(halves.afternoon);
+    }
+    // Separators go on to the next field.
+    if (key == U'/' || key == U'.' || key == U'-' || key == U':' || key == U',' || key == U' ') {
+        selectField(m_selected + 1);
+        return true;
+    }
+    return false;
+}
+
+// MARK: geometry
+
+Rect NSDatePickerCell::stepperRect(Rect frame) const
+{
+    if (m_style != NSTextFieldAndStepperDatePickerStyle)
+        return {};
+    float const width = std::min(stepperWidth, std::max(0.F, frame.width));
+    return { frame.maxX() - width + 2, frame.y, width - 2, frame.height };
+}
+
+std::vector<NSDatePickerCell::Placed> NSDatePickerCell::placedFields(Rect frame) const
+{
+    frame.width -= stepperRect(frame).isEmpty() ? 0 : stepperWidth;
+    auto const room = drawingRectForBounds(frame);
+    Ref<NSFont> const textFont = font() ? Ref<NSFont>(font()) : NSFont::systemFontOfSize(0);
+    float const height = textFont->defaultLineHeightForFont();
+    float const digit = widthOfTextLine("0", *textFont);
+    auto const date = reading();
+    auto const halves = currentHalves();
+    std::vector<Placed> placed;
+    long index = 0;
+    float x = room.x + textPadding;
+    for (auto const& field : fields()) {
+        bool const isTyped = field.kind == DateFieldKind::year && m_typed.count > 0 && index == m_selected;
+        index += field.kind == DateFieldKind::literal ? 0 : 1;
+        Placed part { field, {}, isTyped ? std::to_string(m_typed.value) : textOfDateField(field, date, halves) };
+        float width = widthOfTextLine(part.text, *textFont);
+        // Fields stay where they are while their digits change.
+        if (field.kind == DateFieldKind::half)
+            width = std::max(widthOfTextLine(halves.morning, *textFont), widthOfTextLine(halves.afternoon, *textFont));
+        else if (field.kind != DateFieldKind::literal)
+            width = std::max(width, digit * static_cast<float>(field.kind == DateFieldKind::year ? 4 : 2));
+        width = std::ceil(width) + (field.kind == DateFieldKind::literal ? 0 : 2);
+        part.rect = { x, room.y + std::floor((room.height - height) / 2), width, height };
+        x += width;
+        placed.push_back(std::move(part));
+    }
+    return placed;
+}
+
+Rect NSDatePickerCell::rectOfField(long index, Rect frame) const
+{
+    for (auto const& part : placedFields(frame)) {
+        if (part.field.kind != DateFieldKind::literal && index-- == 0)
+            return part.rect;
+    }
+    return {};
+}
+
+Size NSDatePickerCell::cellSizeForBounds(Rect bounds) const
+{
+    auto const placed = placedFields({ 0, 0, 10000, 100 });
+    float const text = placed.empty() ? 0 : placed.back().rect.maxX() - placed.front().rect.x;
+    auto const insets = frameInsets();
+    float const stepper = m_style == NSTextFieldAndStepperDatePickerStyle ? stepperWidth : 0;
+    Ref<NSFont> const textFont = font() ? Ref<NSFont>(font()) : NSFont::systemFontOfSize(0);
+    Size const size { text + 2 * textPadding + insets.left + insets.right + stepper,
+        textFont->defaultLineHeightForFont() + insets.top + insets.bottom };
+    return { std::min(size.width, std::max(0.F, bounds.width)), size.height };
+}
+
+// MARK: mouse
+
+bool NSDatePickerCell::trackMouse(NSEvent& event, Rect frame, NSView& controlView, bool)
+{
+    setControlView(&controlView);
+    if (!isEnabled())
+        return true;
+    Ref<NSDatePickerCell> const protector(this);
+    Point const point = controlView.convertPointFromView(event.locationInWindow(), nullptr);
+    if (controlView.mouseInRect(point, stepperRect(frame))) {
+        trackStepper(event, frame, controlView);
+        return true;
+    }
+    long index = 0;
+    long nearest = 0;
+    for (auto const& part : placedFields(frame)) {
+        if (part.field.kind == DateFieldKind::literal)
+            continue;
+        if (point.x >= part.rect.x)
+            nearest = index;
+        ++index;
+    }
+    selectField(nearest);
+    return true;
+}
+
+// Held down it goes on stepping.
+void NSDatePickerCell::trackStepper(NSEvent& event, Rect frame, NSView& controlView)
+{
+    Ref<NSView> const view(controlView);
+    auto const rect = stepperRect(frame);
+    auto const halfAt = [&](Point inWindow) {
+        Point const point = view->convertPointFromView(inWindow, nullptr);
+        return !view->mouseInRect(point, rect) ? 0 : point.y < rect.midY() ? 1 : -1;
+    };
+    int const pressed = halfAt(event.locationInWindow());
+    auto const show = [&](int half) {
+        if (m_pressedStep == half)
+            return;
+        m_pressedStep = half;
+        looksChanged();
+    };
+    show(pressed);
+    step(pressed);
+    auto next = NSDate::dateWithTimeIntervalSinceNow(firstRepeat);
+    while (Ref<NSWindow> const window = view->window()) {
+        auto const moved
+            = window->nextEventMatchingMask(NSLeftMouseUpMask | NSLeftMouseDraggedMask, next, NSEventTrackingRunLoopMode, true);
+        if (moved && moved->type() == NSLeftMouseUp)
+            break;
+        if (moved) {
+            show(halfAt(moved->locationInWindow()) == pressed ? pressed : 0);
+            continue;
+        }
+        if (m_pressedStep == pressed)
+            step(pressed);
+        next = NSDate::dateWithTimeIntervalSinceNow(nextRepeat);
+    }
+    show(0);
+}
+
+// MARK: drawing
+
+void NSDatePickerCell::drawWithFrame(Rect frame, NSView& controlView)
+{
+    setControlView(&controlView);
+    auto const& theme = Theme::current();
+    auto const look = lookInView(controlView);
+    auto const stepper = stepperRect(frame);
+    Rect field = frame;
+    field.width -= stepper.isEmpty() ? 0 : stepperWidth;
+    Ref<NSColor> const background = m_drawsBackground ? m_backgroundColor : nullptr;
+    if (isBezeled())
+        theme.drawFieldBezel(field, FieldShape::square, look, background.get());
+    else if (background)
+        theme.fill(field, *background);
+    if (isBordered())
+        theme.drawBorder(NSLineBorder, field);
+    drawInteriorWithFrame(frame, controlView);
+    if (!stepper.isEmpty())
+        theme.drawStepper(stepper, look, m_pressedStep);
+    if (drawsFocusRing(controlView))
+        theme.drawFocusRing(field, FieldShape::square);
+}
+
+void NSDatePickerCell::drawInteriorWithFrame(Rect frame, NSView& controlView)
+{
+    setControlView(&controlView);
+    auto const& theme = Theme::current();
+    bool const isNamed = m_textColor && m_textColor->colorSpaceName() == NSNamedColorSpace;
+    Ref<NSColor> const color = !m_textColor || (isNamed && !isEnabled()) ? Base::colorForText() : m_textColor;
+    Ref<NSFont> const textFont = font() ? Ref<NSFont>(font()) : NSFont::systemFontOfSize(0);
+    bool const showsSelection = drawsFocusRing(controlView) && isEnabled();
+    long index = 0;
+    for (auto const& part : placedFields(frame)) {
+        bool const isField = part.field.kind != DateFieldKind::literal;
+        bool const isSelected = isField && showsSelection && index == m_selected;
+        if (isSelected)
+            theme.fill(NSInsetRect(part.rect, -1, 0), *NSColor::alternateSelectedControlColor());
+        Ref<NSColor> const ink = isSelected ? NSColor::alternateSelectedControlTextColor() : color;
+        auto const alignment = isField ? NSCenterTextAlignment : NSLeftTextAlignment;
+        drawTextLine(part.text, part.rect, { *textFont, ink.get(), alignment, NSLineBreakByClipping });
+        index += isField ? 1 : 0;
+    }
+}
+
+void NSDatePickerCell::copyStateTo(NSObject& fresh) const
+{
+    Base::copyStateTo(fresh);
+    auto& other = static_cast<NSDatePickerCell&>(fresh);
+    other.m_date = m_date;
+    other.m_minDate = m_minDate;
+    other.m_maxDate = m_maxDate;
+    other.m_timeZone = m_timeZone ? std::make_unique<NSTimeZone>(*m_timeZone) : nullptr;
+    other.m_textColor = m_textColor;
+    other.m_backgroundColor = m_backgroundColor;
+    other.m_hooks = m_hooks;
+    other.m_elements = m_elements;
+    other.m_style = m_style;
+    other.m_drawsBackground = m_drawsBackground;
+}
+
+}

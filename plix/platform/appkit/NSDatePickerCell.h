@@ -1,0 +1,138 @@
+#pragma once
+
+#include <plix/platform/appkit/NSActionCell.h>
+#include <plix/platform/appkit/date_fields.h>
+#include <plix/platform/base/Hook.h>
+#include <plix/platform/base/HookSource.h>
+#include <plix/platform/base/NSDate.h>
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace plix {
+
+class NSDatePickerCell;
+class NSTimeZone;
+
+enum NSDatePickerStyle : int {
+    NSTextFieldAndStepperDatePickerStyle = 0,
+    NSClockAndCalendarDatePickerStyle = 1, ///< looks like a field here
+    NSTextFieldDatePickerStyle = 2,
+};
+
+enum NSDatePickerElementFlags : unsigned {
+    NSHourMinuteDatePickerElementFlag = 0x000C,
+    NSHourMinuteSecondDatePickerElementFlag = 0x000E,
+    NSTimeZoneDatePickerElementFlag = 0x0010, ///< not shown here
+    NSYearMonthDatePickerElementFlag = 0x00C0,
+    NSYearMonthDayDatePickerElementFlag = 0x00E0,
+    NSEraDatePickerElementFlag = 0x0100, ///< not shown here
+};
+
+struct NSDatePickerCellDelegate {
+    /// Before a person's change: the date may be made another one.
+    Hook<void(NSDatePickerCell&, NSDate& proposed, NSTimeInterval& interval)> validateProposedDateValue;
+
+    template <typename Host> void fillFrom(Host& host) { PLIX_FILL_HOOK(validateProposedDateValue); }
+};
+
+/// A date as a row of fields, each changed by itself: by digits, the up and down arrows or the stepper. In the order of the user's
+/// short date and time. The wheel changes nothing.
+class NSDatePickerCell : public NSActionCell {
+    PLIX_CLASS(NSDatePickerCell, NSActionCell);
+
+public:
+    NSDatePickerCell();
+    ~NSDatePickerCell() override;
+    /// Now, with year, month, day, hour and minute and a stepper.
+    bool init();
+    bool init(NSCoder&);
+    void encodeWithCoder(NSCoder&) const override;
+
+    NSDatePickerStyle datePickerStyle() const { return m_style; }
+    void setDatePickerStyle(NSDatePickerStyle);
+    unsigned datePickerElements() const { return m_elements; }
+    void setDatePickerElements(unsigned flags);
+    NSDate dateValue() const { return m_date; }
+    /// Taken into the limits.
+    virtual void setDateValue(NSDate);
+    std::optional<NSDate> minDate() const { return m_minDate; }
+    void setMinDate(std::optional<NSDate>);
+    std::optional<NSDate> maxDate() const { return m_maxDate; }
+    void setMaxDate(std::optional<NSDate>);
+    /// In which the date is read; the local one unless set.
+    NSTimeZone timeZone() const;
+    void setTimeZone(std::optional<NSTimeZone>);
+    NSColor* textColor() const { return m_textColor.get(); }
+    void setTextColor(Ref<NSColor> const&);
+    NSColor* backgroundColor() const { return m_backgroundColor.get(); }
+    void setBackgroundColor(Ref<NSColor> const&);
+    bool drawsBackground() const { return m_drawsBackground; }
+    void setDrawsBackground(bool);
+
+    template <typename T> void setDelegate(Ref<T> const& delegate)
+    {
+        takeHooks(HookSource::pack<NSDatePickerCellDelegate>(delegate));
+    }
+    void setDelegate(std::nullptr_t) { takeHooks(HookSource {}); }
+    void takeHooks(HookSource const&);
+
+    // Fields: those that can be changed count from 0.
+    long numberOfFields() const;
+    long selectedField() const { return m_selected; }
+    void selectField(long);
+    DateFieldKind kindOfField(long) const;
+    /// In the control view's coordinates, when the cell has that frame.
+    Rect rectOfField(long, Rect frame) const;
+    Rect stepperRect(Rect frame) const;
+    /// What a key does to the selected field; false for a key that the picker has no use for.
+    bool takeKey(NSEvent&);
+    /// Takes a year over of which not all digits were typed; two of them are a year of the century.
+    void commitTyping();
+    /// The selected field, one more or less.
+    void step(int by);
+
+    // NSCell:
+    ObjectValue const& objectValue() const override;
+    void setObjectValue(ObjectValue) override;
+    std::string const& stringValue() const override;
+    Size cellSizeForBounds(Rect bounds) const override;
+    void drawWithFrame(Rect frame, NSView& controlView) override;
+    void drawInteriorWithFrame(Rect frame, NSView& controlView) override;
+    bool trackMouse(NSEvent&, Rect frame, NSView& controlView, bool untilMouseUp) override;
+    static bool prefersTrackingUntilMouseUp() { return true; }
+    bool ownPrefersTrackingUntilMouseUp() const override { return prefersTrackingUntilMouseUp(); }
+
+protected:
+    void copyStateTo(NSObject& fresh) const override;
+
+private:
+    struct Placed;
+
+    std::vector<DateField> fields() const;
+    std::vector<Placed> placedFields(Rect frame) const;
+    CalendarFields reading() const;
+    NSDate limited(NSDate) const;
+    void change(CalendarFields const&);
+    void trackStepper(NSEvent&, Rect frame, NSView&);
+
+    NSDate m_date;
+    std::optional<NSDate> m_minDate;
+    std::optional<NSDate> m_maxDate;
+    std::unique_ptr<NSTimeZone> m_timeZone;
+    Ref<NSColor> m_textColor;
+    Ref<NSColor> m_backgroundColor;
+    NSDatePickerCellDelegate m_hooks;
+    mutable ObjectValue m_dateValue;
+    mutable std::string m_shownText;
+    unsigned m_elements { NSYearMonthDayDatePickerElementFlag | NSHourMinuteDatePickerElementFlag };
+    NSDatePickerStyle m_style { NSTextFieldAndStepperDatePickerStyle };
+    long m_selected { 0 };
+    TypedDigits m_typed;
+    /// Which half of the stepper is pressed: 1 up, -1 down.
+    int m_pressedStep { 0 };
+    bool m_drawsBackground { true };
+};
+
+}
