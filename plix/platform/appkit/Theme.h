@@ -24,6 +24,7 @@ struct ControlLook {
     bool isFocused { false };
     /// The window takes the keyboard, or has a sheet that does.
     bool isWindowActive { true };
+    friend bool operator==(ControlLook const&, ControlLook const&) = default;
 };
 
 enum class FieldShape { square, round };
@@ -42,6 +43,7 @@ struct ButtonLook {
     /// Corners are square on the sides where another segment joins.
     bool joinsLeft { false };
     bool joinsRight { false };
+    friend bool operator==(ButtonLook const&, ButtonLook const&) = default;
 };
 
 struct BoxLook {

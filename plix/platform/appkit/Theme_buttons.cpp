@@ -2,6 +2,7 @@
 
 #include <plix/platform/appkit/button_layout.h>
 #include <plix/platform/appkit/cell_constants.h>
+#include <plix/platform/appkit/theme_pictures.h>
 #include <plix/platform/graphics/NSBezierPath.h>
 #include <plix/platform/graphics/NSColor.h>
 #include <plix/platform/graphics/NSGraphics.h>
@@ -120,6 +121,51 @@ void drawCheckMark(Rect rect, NSColor const& color)
     mark->stroke();
 }
 
+void drawFace(Theme const& theme, Rect rect, ButtonLook const& look)
+{
+    auto const colors = faceColors(look);
+    float const radius = cornerRadius(look.style, rect);
+    GraphicsState const saved;
+    {
+        GraphicsState const clipped;
+        facePath(rect, radius, look)->addClip();
+        fillVertically(rect, *theme.color(colors.top), *theme.color(colors.bottom));
+        // The lower edge is darker, as if light came from above.
+        if (colors.edge != colors.border && radius < rect.height / 2)
+            theme.fill({ rect.x, rect.maxY() - 1, rect.width, 1 }, colors.edge);
+    }
+    auto const outline = facePath(NSInsetRect(rect, 0.5F, 0.5F), std::max(0.F, radius - 0.5F), look);
+    outline->setLineWidth(1);
+    theme.color(colors.border)->setStroke();
+    outline->stroke();
+}
+
+void drawFaceFocus(Rect rect, ButtonLook const& look)
+{
+    GraphicsState const saved;
+    float const radius = cornerRadius(look.style, rect);
+    auto const ring = facePath(NSInsetRect(rect, 1, 1), std::max(0.F, radius - 1), look);
+    ring->setLineWidth(2);
+    NSColor::alternateSelectedControlColor()->colorWithAlphaComponent(look.isOn || look.isDefault ? 0.9F : 0.75F)->setStroke();
+    if (look.isOn || look.isDefault)
+        NSColor::colorWithCalibratedWhite(1, 0.75F)->setStroke();
+    ring->stroke();
+}
+
+void drawIndicatorMark(Rect rect, ButtonFace face, int state, NSColor const& ink)
+{
+    GraphicsState const saved;
+    ink.setFill();
+    if (state == NSMixedState) {
+        Theme::roundedRect({ rect.x + 3, std::round(rect.midY()) - 1, rect.width - 6, 2 }, 1)->fill();
+    } else if (face == ButtonFace::radio) {
+        float const inset = std::round(rect.width * 0.32F);
+        NSBezierPath::bezierPathWithOvalInRect(NSInsetRect(rect, inset, inset))->fill();
+    } else {
+        drawCheckMark(rect, ink);
+    }
+}
+
 }
 
 void Theme::drawButtonBezel(Rect frame, ButtonLook const& look) const
@@ -127,29 +173,13 @@ void Theme::drawButtonBezel(Rect frame, ButtonLook const& look) const
     Rect const rect = bezelRect(look.style, frame);
     if (rect.isEmpty())
         return;
-    auto const colors = faceColors(look);
-    float const radius = cornerRadius(look.style, rect);
-    GraphicsState const saved;
-    {
-        GraphicsState const clipped;
-        facePath(rect, radius, look)->addClip();
-        fillVertically(rect, *color(colors.top), *color(colors.bottom));
-        // The lower edge is darker, as if light came from above.
-        if (colors.edge != colors.border && radius < rect.height / 2)
-            fill({ rect.x, rect.maxY() - 1, rect.width, 1 }, colors.edge);
-    }
-    auto const outline = facePath(NSInsetRect(rect, 0.5F, 0.5F), std::max(0.F, radius - 0.5F), look);
-    outline->setLineWidth(1);
-    color(colors.border)->setStroke();
-    outline->stroke();
-    if (look.control.isFocused && look.control.isWindowActive) {
-        auto const ring = facePath(NSInsetRect(rect, 1, 1), std::max(0.F, radius - 1), look);
-        ring->setLineWidth(2);
-        NSColor::alternateSelectedControlColor()->colorWithAlphaComponent(look.isOn || look.isDefault ? 0.9F : 0.75F)->setStroke();
-        if (look.isOn || look.isDefault)
-            NSColor::colorWithCalibratedWhite(1, 0.75F)->setStroke();
-        ring->stroke();
-    }
+    // The ring is drawn over the face, which looks the same without it.
+    ButtonLook face = look;
+    face.control.isFocused = false;
+    if (!drawThemePicture(rect, { .look = face }, [&](Rect place) { drawFace(*this, place, face); }))
+        drawFace(*this, rect, face);
+    if (look.control.isFocused && look.control.isWindowActive)
+        drawFaceFocus(rect, look);
 }
 
 Ref<NSColor> const& Theme::buttonTextColor(ButtonLook const& look) const
@@ -169,18 +199,11 @@ void Theme::drawIndicator(Rect rect, ButtonFace face, int state, ButtonLook cons
     drawButtonBezel(rect, look);
     if (state == NSOffState)
         return;
-    GraphicsState const saved;
-    auto const& ink = buttonTextColor(look);
-    if (state == NSMixedState) {
-        ink->setFill();
-        roundedRect({ rect.x + 3, std::round(rect.midY()) - 1, rect.width - 6, 2 }, 1)->fill();
-    } else if (face == ButtonFace::radio) {
-        ink->setFill();
-        float const inset = std::round(rect.width * 0.32F);
-        NSBezierPath::bezierPathWithOvalInRect(NSInsetRect(rect, inset, inset))->fill();
-    } else {
-        drawCheckMark(rect, *ink);
-    }
+    look.control.isFocused = false;
+    auto const& ink = *buttonTextColor(look);
+    if (!drawThemePicture(
+            rect, { .look = look, .face = face, .state = state }, [&](Rect place) { drawIndicatorMark(place, face, state, ink); }))
+        drawIndicatorMark(rect, face, state, ink);
 }
 
 void Theme::drawDisclosureTriangle(Rect rect, bool isOpen, ControlLook const& look) const
