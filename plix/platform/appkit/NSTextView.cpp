@@ -1,5 +1,6 @@
 #include <plix/platform/appkit/NSTextView.h>
 
+#include <plix/platform/appkit/NSMenu.h>
 #include <plix/platform/appkit/NSTextView_internal.h>
 #include <plix/platform/appkit/NSWindow.h>
 #include <plix/platform/base/utf16.h>

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <plix/platform/appkit/NSMenuItem.h>
 #include <plix/platform/appkit/NSText.h>
 #include <plix/platform/appkit/NSTextDelegate.h>
 #include <plix/platform/graphics/NSTextContainer.h>
@@ -43,7 +44,7 @@ enum NSSelectionGranularity : int { NSSelectByCharacter = 0, NSSelectByWord = 1,
 /// Text that a person edits with keyboard, mouse and input methods. Flipped. As a field editor it is what stands in a window's
 /// fields while they are edited; else it is a view of its own, mostly in a scroll view. Only what has changed is laid out and
 /// drawn.
-class NSTextView : public NSText {
+class NSTextView : public NSText, public NSMenuValidation {
     PLIX_CLASS(NSTextView, NSText);
 
 public:
@@ -172,6 +173,12 @@ public:
     void undo(NSObject*);
     void redo(NSObject*);
 
+    // The context menu: undo, redo, cut, copy, paste, delete, select all, as far as they make sense now.
+    static Ref<NSMenu> defaultMenu();
+    NSMenu* menuForEvent(NSEvent&) override;
+    void rightMouseDown(NSEvent&) override;
+    bool validateMenuItem(NSMenuItem&) override;
+
     // NSText:
     std::string const& string() const override;
     void setString(std::string_view) override;
@@ -297,6 +304,7 @@ private:
     NSTextMovement m_movement { NSOtherTextMovement };
     bool m_isHorizontallyResizable { false };
     bool m_isVerticallyResizable { true };
+    Ref<NSMenu> m_menu;
     bool m_allowsUndo { false };
     bool m_hasBegun { false };
     bool m_isResigning { false };
