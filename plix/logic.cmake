@@ -32,6 +32,9 @@ list(APPEND PLIX_LOGIC_SOURCES
     platform/appkit/progress_layout.cpp
     platform/appkit/segment_layout.cpp
     platform/appkit/split_layout.cpp
+    platform/appkit/column_layout.cpp
+    platform/appkit/row_layout.cpp
+    platform/appkit/row_selection.cpp
     platform/appkit/reading_order.cpp
     platform/appkit/scroll_layout.cpp
     platform/appkit/scroller_geometry.cpp

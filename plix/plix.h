@@ -66,6 +66,12 @@
 #include <plix/platform/appkit/NSSegmentedControl.h>
 #include <plix/platform/appkit/NSSplitView.h>
 #include <plix/platform/appkit/NSSplitViewDelegate.h>
+#include <plix/platform/appkit/NSTableColumn.h>
+#include <plix/platform/appkit/NSTableHeaderCell.h>
+#include <plix/platform/appkit/NSTableHeaderView.h>
+#include <plix/platform/appkit/NSTableView.h>
+#include <plix/platform/appkit/NSTableViewDataSource.h>
+#include <plix/platform/appkit/NSTableViewDelegate.h>
 #include <plix/platform/appkit/NSText.h>
 #include <plix/platform/appkit/NSTextAttachment.h>
 #include <plix/platform/appkit/NSTextAttachmentCell.h>

@@ -1,5 +1,6 @@
 #include <plix/platform/appkit/NSClipView.h>
 
+#include <plix/platform/appkit/LongDocument.h>
 #include <plix/platform/appkit/NSCursor.h>
 #include <plix/platform/appkit/NSEvent.h>
 #include <plix/platform/appkit/NSWindow.h>
@@ -236,6 +237,8 @@ bool NSClipView::scrollTo(Point proposed)
     scrollToPoint(constrainScrollPoint(proposed));
     if (bounds().origin() == before)
         return false;
+    if (auto* whole = dynamic_cast<LongDocument*>(m_documentView.get()))
+        whole->documentScrolled();
     if (auto* above = superview())
         above->reflectScrolledClipView(*this);
     return true;

@@ -1,5 +1,6 @@
 #include <plix/platform/appkit/NSScrollView.h>
 
+#include <plix/platform/appkit/LongDocument.h>
 #include <plix/platform/appkit/NSClipView.h>
 #include <plix/platform/appkit/NSScroller.h>
 #include <plix/platform/appkit/ScrollHeader.h>
@@ -387,7 +388,11 @@ void NSScrollView::reflect(NSScroller* scroller, Axis axis)
     Rect const document = m_contentView->documentRect();
     Rect const visible = m_contentView->bounds();
     auto const direction = m_contentView->isFlipped() ? ScrollDirection::fromStart : ScrollDirection::fromEnd;
-    auto const reading = axis == Axis::vertical
+    auto const* whole = axis == Axis::vertical ? dynamic_cast<LongDocument const*>(documentView()) : nullptr;
+    bool const isStretch = whole && whole->documentLength() > static_cast<double>(document.height);
+    auto const reading = isStretch ? scrollerReading(0, whole->documentLength(),
+                             whole->documentOffset() + static_cast<double>(visible.y), visible.height, direction)
+        : axis == Axis::vertical
         ? scrollerReading(document.y, document.height, visible.y, visible.height, direction)
         : scrollerReading(document.x, document.width, visible.x, visible.width, ScrollDirection::fromStart);
     scroller->setEnabled(reading.isScrollable);

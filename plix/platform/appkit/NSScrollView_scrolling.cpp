@@ -1,5 +1,6 @@
 #include <plix/platform/appkit/NSScrollView.h>
 
+#include <plix/platform/appkit/LongDocument.h>
 #include <plix/platform/appkit/NSClipView.h>
 #include <plix/platform/appkit/NSEvent.h>
 #include <plix/platform/appkit/NSScroller.h>
@@ -64,10 +65,16 @@ void NSScrollView::scrollToScrollerValue(NSScroller const& scroller, Axis axis)
     float const value = scroller.floatValue();
     Point target = visible.origin();
     auto const direction = m_contentView->isFlipped() ? ScrollDirection::fromStart : ScrollDirection::fromEnd;
+    if (auto* whole = axis == Axis::vertical ? dynamic_cast<LongDocument*>(documentView()) : nullptr) {
+        whole->scrollDocumentTo(
+            clipStartForScrollerValue(0, whole->documentLength(), visible.height, value, ScrollDirection::fromStart));
+        return;
+    }
     if (axis == Axis::vertical)
-        target.y = clipStartForScrollerValue(document.y, document.height, visible.height, value, direction);
+        target.y = static_cast<float>(clipStartForScrollerValue(document.y, document.height, visible.height, value, direction));
     else
-        target.x = clipStartForScrollerValue(document.x, document.width, visible.width, value, ScrollDirection::fromStart);
+        target.x = static_cast<float>(
+            clipStartForScrollerValue(document.x, document.width, visible.width, value, ScrollDirection::fromStart));
     m_contentView->scrollTo(target);
 }
 
@@ -119,12 +126,18 @@ void NSScrollView::scrollPageDown(NSObject*)
 
 void NSScrollView::scrollToBeginningOfDocument(NSObject*)
 {
-    scrollBy(0, -m_contentView->documentRect().height);
+    if (auto* whole = dynamic_cast<LongDocument*>(documentView()))
+        whole->scrollDocumentTo(0);
+    else
+        scrollBy(0, -m_contentView->documentRect().height);
 }
 
 void NSScrollView::scrollToEndOfDocument(NSObject*)
 {
-    scrollBy(0, m_contentView->documentRect().height);
+    if (auto* whole = dynamic_cast<LongDocument*>(documentView()))
+        whole->scrollDocumentTo(whole->documentLength());
+    else
+        scrollBy(0, m_contentView->documentRect().height);
 }
 
 void NSScrollView::keyDown(NSEvent& event)

@@ -1,6 +1,7 @@
 #include <plix/platform/appkit/NSTextFieldCell.h>
 
 #include <plix/platform/appkit/NSText.h>
+#include <plix/platform/appkit/NSTableView.h>
 #include <plix/platform/appkit/Theme.h>
 #include <plix/platform/appkit/cell_layout.h>
 #include <plix/platform/base/utf16.h>
@@ -154,6 +155,11 @@ NSText& NSTextFieldCell::setUpFieldEditorAttributes(NSText& editor)
 Ref<NSColor> NSTextFieldCell::colorForText() const
 {
     bool const isNamed = m_textColor && m_textColor->colorSpaceName() == NSNamedColorSpace;
+    // On a row's selection.
+    if (isHighlighted() && isEnabled() && (isNamed || !m_textColor)) {
+        if (auto const* table = dynamic_cast<NSTableView const*>(controlView()))
+            return Theme::current().selectionTextColor(table->selectionLook());
+    }
     if (!m_textColor || (isNamed && !isEnabled()))
         return Base::colorForText();
     return m_textColor;

@@ -30,6 +30,7 @@ struct ControlLook {
 enum class FieldShape { square, round };
 
 enum class ButtonFace;
+enum class HeaderShade;
 enum NSBezelStyle : int;
 enum NSImageFrameStyle : int;
 
@@ -145,6 +146,14 @@ public:
     void drawHeaderBackground(Rect) const;
     /// A line at the right edge of a column's header.
     void drawHeaderDivider(Rect column) const;
+    /// Background and divider of one column's header.
+    void drawHeaderCell(Rect, HeaderShade) const;
+
+    // Rows that something is dragged over.
+    void drawRowDropHighlight(Rect row) const;
+    void drawTableDropHighlight(Rect visible) const;
+    /// A line from x to endX with a ring at its start, where something would go between rows.
+    void drawDropMarker(float x, float endX, float y) const;
 
 private:
     Theme();

@@ -29,6 +29,10 @@
 #include <plix/platform/appkit/NSSegmentedCell.h>
 #include <plix/platform/appkit/NSSegmentedControl.h>
 #include <plix/platform/appkit/NSSplitView.h>
+#include <plix/platform/appkit/NSTableColumn.h>
+#include <plix/platform/appkit/NSTableHeaderCell.h>
+#include <plix/platform/appkit/NSTableHeaderView.h>
+#include <plix/platform/appkit/NSTableView.h>
 #include <plix/platform/appkit/NSTextAttachment.h>
 #include <plix/platform/appkit/NSTextAttachmentCell.h>
 #include <plix/platform/appkit/NSTextField.h>
@@ -76,6 +80,11 @@ void registerAppKitClasses()
     NSDatePicker::staticClass();
     NSDatePickerCell::staticClass();
     NSSplitView::staticClass();
+    NSTableColumn::staticClass();
+    NSTableCornerView::staticClass();
+    NSTableHeaderCell::staticClass();
+    NSTableHeaderView::staticClass();
+    NSTableView::staticClass();
     NSTextAttachmentCell::staticClass();
     NSTextAttachment::staticClass();
     NSScroller::staticClass();

@@ -125,20 +125,21 @@ std::vector<Rect> exposedStrips(Rect before, Rect now)
 }
 
 ScrollerReading scrollerReading(
-    float documentStart, float documentLength, float visibleStart, float visibleLength, ScrollDirection direction)
+    double documentStart, double documentLength, double visibleStart, double visibleLength, ScrollDirection direction)
 {
-    float const hidden = documentLength - visibleLength;
+    double const hidden = documentLength - visibleLength;
     if (!(hidden > 0))
         return {};
-    float const share = nearestIn((visibleStart - documentStart) / hidden, 0, 1);
-    return { direction == ScrollDirection::fromStart ? share : 1 - share, visibleLength / documentLength, true };
+    float const share = nearestIn(static_cast<float>((visibleStart - documentStart) / hidden), 0, 1);
+    float const proportion = static_cast<float>(visibleLength / documentLength);
+    return { direction == ScrollDirection::fromStart ? share : 1 - share, proportion, true };
 }
 
-float clipStartForScrollerValue(
-    float documentStart, float documentLength, float visibleLength, float value, ScrollDirection direction)
+double clipStartForScrollerValue(
+    double documentStart, double documentLength, double visibleLength, float value, ScrollDirection direction)
 {
-    float const hidden = std::max(0.F, documentLength - visibleLength);
-    float const share = nearestIn(value, 0, 1);
+    double const hidden = std::max(0.0, documentLength - visibleLength);
+    auto const share = static_cast<double>(nearestIn(value, 0, 1));
     return documentStart + hidden * (direction == ScrollDirection::fromStart ? share : 1 - share);
 }
 

@@ -65,9 +65,9 @@ enum class ScrollDirection { fromStart, fromEnd };
 /// What a scroller shows for a clip that starts at `visibleStart` and is `visibleLength` long, over a document. From the end: in an
 /// unflipped document the scroller's top is the document's end.
 ScrollerReading scrollerReading(
-    float documentStart, float documentLength, float visibleStart, float visibleLength, ScrollDirection);
+    double documentStart, double documentLength, double visibleStart, double visibleLength, ScrollDirection);
 /// The way back: where the clip starts for a scroller's value.
-float clipStartForScrollerValue(float documentStart, float documentLength, float visibleLength, float value, ScrollDirection);
+double clipStartForScrollerValue(double documentStart, double documentLength, double visibleLength, float value, ScrollDirection);
 
 /// How far a page goes: what is seen, less the overlap that stays in view, but never less than half of what is seen.
 float pageScrollDistance(float visibleLength, float overlap);

@@ -31,6 +31,8 @@ constexpr std::array<RoleColors, themeRoleCount> palette { {
     { ThemeRole::headerBackground, gray(0.965F), gray(0.21F) },
     { ThemeRole::headerDivider, gray(0.83F), gray(0.31F) },
     { ThemeRole::headerText, gray(0.27F), gray(0.78F) },
+    { ThemeRole::headerChosen, { 0, 0.25F, 0.6F, 0.10F }, { 0.35F, 0.6F, 1, 0.20F } },
+    { ThemeRole::headerPressed, { 0, 0, 0, 0.12F }, { 1, 1, 1, 0.14F } },
     { ThemeRole::barBackground, gray(0.93F), gray(0.18F) },
     { ThemeRole::scrollerSlot, gray(0.965F), gray(0.16F) },
     { ThemeRole::scrollerEdge, gray(0.89F), gray(0.23F) },

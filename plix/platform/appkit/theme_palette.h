@@ -20,6 +20,8 @@ enum class ThemeRole {
     headerBackground,
     headerDivider,
     headerText,
+    headerChosen, ///< over the background of the column that is sorted by
+    headerPressed,
     barBackground, ///< of status and path bars
     scrollerSlot,
     scrollerEdge,
