@@ -2,6 +2,7 @@
 #include "PictureView.h"
 #include "boxes_page.h"
 #include "buttons_page.h"
+#include "combos_page.h"
 #include "text_page.h"
 
 #include <examples/support/example_options.h>
@@ -24,6 +25,7 @@ constexpr Page allPages[] {
     { "text", "Text", makeTextPage },
     { "buttons", "Buttons", makeButtonsPage },
     { "menus", "Menus", makeMenusPage },
+    { "combos", "Combo boxes and dates", makeCombosPage },
     { "boxes", "Boxes and progress", makeBoxesPage },
 };
 
