@@ -72,6 +72,7 @@ list(APPEND PLIX_LOGIC_SOURCES
     system/identity_text.cpp
     system/unique_path.cpp
     tables/column_plan.cpp
+    tables/disclosure_plan.cpp
     tables/image_cell_plan.cpp
     tables/row_highlight.cpp
     tables/selection_colors.cpp

@@ -150,5 +150,11 @@
 #include <plix/system/unique_names.h>
 #include <plix/system/xml_path.h>
 #include <plix/tables/PLIXImageAndTextCell.h>
+#include <plix/tables/PLIXNSTableHeaderView.h>
+#include <plix/tables/PLIXTableView.h>
+#include <plix/tables/PLIXTableViewDataSource.h>
+#include <plix/tables/PLIXTableViewDelegate.h>
 #include <plix/tables/row_highlight.h>
+#include <plix/tables/table_column_additions.h>
 #include <plix/tables/table_shadows.h>
+#include <plix/tables/table_view_additions.h>

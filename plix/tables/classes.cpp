@@ -1,12 +1,16 @@
 #include <plix/tables/classes.h>
 
 #include <plix/tables/PLIXImageAndTextCell.h>
+#include <plix/tables/PLIXNSTableHeaderView.h>
+#include <plix/tables/PLIXTableView.h>
 
 namespace plix {
 
 void registerTableClasses()
 {
     PLIXImageAndTextCell::staticClass();
+    PLIXNSTableHeaderView::staticClass();
+    PLIXTableView::staticClass();
 }
 
 }

@@ -14,59 +14,86 @@ namespace {
 
 constexpr float dropLineWidth = 2.0F;
 
-void setColor(ColorComponents const& color)
+Ref<NSColor> deviceColor(ColorComponents const& color)
 {
-    NSColor::colorWithDeviceRed(color.red, color.green, color.blue, color.alpha)->set();
+    return NSColor::colorWithDeviceRed(color.red, color.green, color.blue, color.alpha);
 }
 
-Ref<NSBezierPath> outline(RowHighlight const& highlight)
-{
-    return highlight.cornerRadius ? bezierPathWithRoundedRect(highlight.rect, *highlight.cornerRadius)
-                                  : NSBezierPath::bezierPathWithRect(highlight.rect);
-}
-
-void drawInside(NSBezierPath const& path, Rect rect, NSImage const& image)
+void drawClipped(NSBezierPath const& path, Size size, NSImage const& image)
 {
     GraphicsState const saved;
     path.addClip();
-    image.drawInRect(rect, PLIXMakeRectWithSize(image.size()), NSCompositeSourceOver, 1.0F);
+    image.drawInRect(PLIXMakeRectWithSize(size), PLIXMakeRectWithSize(image.size()), NSCompositeSourceOver, 1.0F);
 }
 
 }
 
-void drawRowHighlight(RowHighlight const& highlight, HighlightPaint const& paint)
+HighlightPainter::HighlightPainter() = default;
+HighlightPainter::~HighlightPainter() = default;
+
+HighlightPaint const& HighlightPainter::paintFor(ColorComponents const& fill)
 {
-    auto const path = outline(highlight);
-    setColor(paint.edge);
-    path->setLineWidth(1.0F);
-    path->stroke();
+    if (!m_paint.fill || m_fill != fill) {
+        m_fill = fill;
+        m_paint = { deviceColor(fill), deviceColor(selectionEdge(fill)), nullptr };
+    }
+    return m_paint;
+}
+
+NSBezierPath& HighlightPainter::outlineAtOrigin(RowHighlight const& highlight)
+{
+    if (!m_outline || m_size != highlight.rect.size() || m_cornerRadius != highlight.cornerRadius) {
+        m_size = highlight.rect.size();
+        m_cornerRadius = highlight.cornerRadius;
+        Rect const rect = PLIXMakeRectWithSize(m_size);
+        m_outline = m_cornerRadius ? bezierPathWithRoundedRect(rect, *m_cornerRadius) : NSBezierPath::bezierPathWithRect(rect);
+        m_outline->setLineWidth(1.0F);
+    }
+    return *m_outline;
+}
+
+void HighlightPainter::drawRow(RowHighlight const& highlight, HighlightPaint const& paint)
+{
+    auto const context = NSGraphicsContext::currentContext();
+    if (!context)
+        return;
+    GraphicsState const saved(context);
+    context->translateBy(highlight.rect.x, highlight.rect.y);
+    auto const& outline = outlineAtOrigin(highlight);
+    paint.edge->set();
+    outline.stroke();
     if (paint.gradient) {
-        drawInside(*path, highlight.rect, *paint.gradient);
+        drawClipped(outline, highlight.rect.size(), *paint.gradient);
         return;
     }
-    setColor(paint.fill);
-    path->fill();
+    paint.fill->set();
+    outline.fill();
 }
 
-void drawRowImage(RowHighlight const& highlight, NSImage const& image)
+void HighlightPainter::drawRowImage(RowHighlight const& highlight, NSImage const& image)
 {
-    drawInside(*outline(highlight), highlight.rect, image);
+    auto const context = NSGraphicsContext::currentContext();
+    if (!context)
+        return;
+    GraphicsState const saved(context);
+    context->translateBy(highlight.rect.x, highlight.rect.y);
+    drawClipped(outlineAtOrigin(highlight), highlight.rect.size(), image);
 }
 
 void drawDropHighlight(Rect rect, HighlightPaint const& paint, DropTarget target)
 {
     if (target == DropTarget::unselected) {
-        setColor(dropWash(paint.fill));
+        deviceColor(dropWash(paint.fill->components()))->set();
         bezierPathWithRoundedRect(rect, dropHighlightCornerRadius)->fill();
     }
-    setColor(target == DropTarget::unselected ? dropLine(paint.edge) : paint.edge);
+    (target == DropTarget::unselected ? deviceColor(dropLine(paint.edge->components())) : paint.edge)->set();
     NSBezierPath::setDefaultLineWidth(dropLineWidth); // for the process and not put back, which is meant
     bezierPathWithRoundedRect(rect, dropHighlightCornerRadius)->stroke();
 }
 
 void drawDropFrame(Rect bounds, HighlightPaint const& paint)
 {
-    setColor(dropLine(paint.edge));
+    deviceColor(dropLine(paint.edge->components()))->set();
     NSFrameRectWithWidth(bounds, dropLineWidth);
 }
 
@@ -74,7 +101,7 @@ void drawInsertionMarker(InsertionMarker const& marker, HighlightPaint const& pa
 {
     NSColor::whiteColor()->set();
     NSBezierPath::bezierPathWithOvalInRect(marker.ring)->fill();
-    setColor(paint.edge);
+    paint.edge->set();
     NSBezierPath::setDefaultLineWidth(dropLineWidth); // for the process and not put back, which is meant
     NSBezierPath::strokeLineFromPoint(marker.lineStart, marker.lineEnd);
     NSBezierPath::bezierPathWithOvalInRect(marker.ring)->stroke();

@@ -1,26 +1,47 @@
 #pragma once
 
+#include <plix/platform/base/Ref.h>
+#include <plix/platform/graphics/Forward.h>
 #include <plix/tables/row_highlight.h>
 #include <plix/tables/selection_colors.h>
 
-namespace plix {
+#include <optional>
 
-class NSImage;
+namespace plix {
 
 /// Carries the plans of row_highlight.h out in the current context, whose coordinates are the table's.
 
 /// What selected rows of a view are painted in now.
 struct HighlightPaint {
-    ColorComponents fill;
-    ColorComponents edge;
+    Ref<NSColor> fill;
+    Ref<NSColor> edge;
     /// In the fill's place; null for none.
-    NSImage const* gradient { nullptr };
+    Ref<NSImage> gradient;
 };
 
-/// The edge first, so that the fill covers its inner half.
-void drawRowHighlight(RowHighlight const&, HighlightPaint const&);
-/// A custom image stretched over the highlight, and nothing else.
-void drawRowImage(RowHighlight const&, NSImage const&);
+/// Draws the highlights of rows that are much alike: keeps the outline of the last one.
+class HighlightPainter {
+public:
+    HighlightPainter();
+    ~HighlightPainter();
+
+    /// The colours for this fill; the same objects as long as that stays.
+    HighlightPaint const& paintFor(ColorComponents const& fill);
+
+    /// The edge first, so that the fill covers its inner half.
+    void drawRow(RowHighlight const&, HighlightPaint const&);
+    /// A custom image stretched over the highlight, and nothing else.
+    void drawRowImage(RowHighlight const&, NSImage const&);
+
+private:
+    NSBezierPath& outlineAtOrigin(RowHighlight const&);
+
+    ColorComponents m_fill;
+    HighlightPaint m_paint;
+    Size m_size;
+    std::optional<float> m_cornerRadius;
+    Ref<NSBezierPath> m_outline;
+};
 
 enum class DropTarget { unselected, selected };
 /// Leaves the default line width of paths at 2 points, for the process.

@@ -73,6 +73,13 @@ InsertionMarker insertionMarker(InsertionPlace const& place, float offset)
     return { { x, y }, { reference.maxX(), y }, { x - ringSize, y - ringSize / 2, ringSize, ringSize } };
 }
 
+ColumnPlace columnPlace(long column, long numberOfColumns)
+{
+    if (column == 0)
+        return numberOfColumns == 1 ? ColumnPlace::only : ColumnPlace::first;
+    return column == numberOfColumns - 1 ? ColumnPlace::last : ColumnPlace::middle;
+}
+
 Rect textRoom(Rect cellFrame, std::uint32_t style, ColumnPlace place, FirstColumn first)
 {
     if (style != PLIXHighlightCapsule && style != PLIXHighlightRounded)

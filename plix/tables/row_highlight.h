@@ -61,6 +61,7 @@ struct InsertionPlace {
 InsertionMarker insertionMarker(InsertionPlace const&, float offset);
 
 enum class ColumnPlace { only, first, middle, last };
+ColumnPlace columnPlace(long column, long numberOfColumns);
 enum class FirstColumn { plain, indented };
 
 /// The cell's frame with room for the highlight's rounded ends; an indented first column needs none at its start.

@@ -13,9 +13,23 @@
 namespace plix {
 namespace {
 
-constexpr HighlightPaint redOnBlack { colors::red, colors::black, nullptr };
+HighlightPaint paint(ColorComponents const& fill, ColorComponents const& edge, Ref<NSImage> const& gradient = nullptr)
+{
+    return { NSColor::colorWithDeviceRed(fill.red, fill.green, fill.blue, fill.alpha),
+        NSColor::colorWithDeviceRed(edge.red, edge.green, edge.blue, edge.alpha), gradient };
+}
 
-Ref<NSBitmapImageRep> highlight(std::uint32_t style, HighlightPaint const& paint = redOnBlack, float scale = 1)
+HighlightPaint redOnBlack()
+{
+    return paint(colors::red, colors::black);
+}
+
+void drawRowHighlight(RowHighlight const& plan, HighlightPaint const& paint)
+{
+    HighlightPainter().drawRow(plan, paint);
+}
+
+Ref<NSBitmapImageRep> highlight(std::uint32_t style, HighlightPaint const& paint = redOnBlack(), float scale = 1)
 {
     auto const plan = rowHighlight({ 0, 0, 60, 20 }, style, HighlightImage::none, 0);
     return renderBitmap(
@@ -38,7 +52,7 @@ TEST(RowHighlightDrawing, StandsOnWholePixelsWithItsEdgeAround)
 
 TEST(RowHighlightDrawing, TheFillCoversTheEdgesInnerHalf)
 {
-    auto const drawn = highlight(PLIXHighlightRectangle, redOnBlack, 2);
+    auto const drawn = highlight(PLIXHighlightRectangle, redOnBlack(), 2);
     EXPECT_TRUE(areaNear(drawn, { 0, 39, 120, 1 }, colors::black));
     EXPECT_TRUE(areaNear(drawn, { 1, 38, 118, 1 }, colors::red));
 }
@@ -60,7 +74,7 @@ TEST(RowHighlightDrawing, RoundsTheEndsByStyle)
 TEST(RowHighlightDrawing, AGradientTakesTheFillsPlace)
 {
     auto const gradient = imageOfColor({ 64, 20 }, colors::green);
-    auto const drawn = highlight(PLIXHighlightCapsule, { colors::red, colors::black, gradient.get() });
+    auto const drawn = highlight(PLIXHighlightCapsule, paint(colors::red, colors::black, gradient));
     EXPECT_TRUE(areaNear(drawn, { 12, 4, 36, 13 }, colors::green));
     EXPECT_EQ(countPixels(drawn, colors::red), 0);
     EXPECT_TRUE(pixelNear(drawn, 2, 2, colors::white));
@@ -72,7 +86,7 @@ TEST(RowHighlightDrawing, ACustomImageIsStretchedAndClippedAndHasNoEdge)
     auto const draw = [&](std::uint32_t style) {
         auto const plan = rowHighlight({ 0, 0, 60, 20 }, style, HighlightImage::custom, 10);
         return renderBitmap(
-            { 60, 20 }, 1, [&] { drawRowImage(plan, *image); }, colors::white);
+            { 60, 20 }, 1, [&] { HighlightPainter().drawRowImage(plan, *image); }, colors::white);
     };
     auto const plain = draw(PLIXHighlightRectangle);
     EXPECT_TRUE(areaNear(plain, { 10, 0, 50, 20 }, colors::blue));
@@ -97,17 +111,17 @@ TEST(RowHighlightDrawing, LooksAsItsReferenceShows)
                 float y = 106;
                 for (std::uint32_t const style : { 0U, 1U, 2U }) {
                     auto const plan = [&](float x) { return rowHighlight({ x, y, 100, 20 }, style, HighlightImage::none, 0); };
-                    drawRowHighlight(plan(5), { fill, selectionEdge(fill), image.get() });
+                    drawRowHighlight(plan(5), paint(fill, selectionEdge(fill), image));
                     auto const grey = selectionFill(base, ViewFocus::inactive, ViewState::enabled);
-                    drawRowHighlight(plan(115), { grey, selectionEdge(grey) });
+                    drawRowHighlight(plan(115), paint(grey, selectionEdge(grey)));
                     y -= 24;
                 }
-                drawDropHighlight(dropHighlightRect({ 5, y, 100, 20 }, HighlightImage::none), { fill, selectionEdge(fill) },
+                drawDropHighlight(dropHighlightRect({ 5, y, 100, 20 }, HighlightImage::none), paint(fill, selectionEdge(fill)),
                     DropTarget::unselected);
-                drawDropHighlight(dropHighlightRect({ 115, y, 100, 20 }, HighlightImage::none), { fill, selectionEdge(fill) },
+                drawDropHighlight(dropHighlightRect({ 115, y, 100, 20 }, HighlightImage::none), paint(fill, selectionEdge(fill)),
                     DropTarget::selected);
                 drawInsertionMarker(
-                    insertionMarker({ 0, 1, 4, {}, { 5, y - 12, 210, 20 }, {} }, 12), { fill, selectionEdge(fill) });
+                    insertionMarker({ 0, 1, 4, {}, { 5, y - 12, 210, 20 }, {} }, 12), paint(fill, selectionEdge(fill)));
             },
             colors::white);
         NSBezierPath::setDefaultLineWidth(1);
@@ -121,7 +135,7 @@ TEST(DropHighlightDrawing, WashesOnlyRowsThatAreNotSelected)
         auto drawn = renderBitmap(
             { 40, 20 }, 1,
             [&] {
-                drawDropHighlight({ 4, 4, 32, 12 }, redOnBlack, target);
+                drawDropHighlight({ 4, 4, 32, 12 }, redOnBlack(), target);
             },
             colors::white);
         NSBezierPath::setDefaultLineWidth(1);
@@ -139,10 +153,10 @@ TEST(DropHighlightDrawing, WashesOnlyRowsThatAreNotSelected)
 TEST(DropHighlightDrawing, LeavesTheDefaultLineWidthAtTwo)
 {
     NSBezierPath::setDefaultLineWidth(1);
-    renderBitmap({ 40, 20 }, 1, [] { drawDropHighlight({ 4, 4, 32, 12 }, redOnBlack, DropTarget::selected); });
+    renderBitmap({ 40, 20 }, 1, [] { drawDropHighlight({ 4, 4, 32, 12 }, redOnBlack(), DropTarget::selected); });
     EXPECT_EQ(NSBezierPath::defaultLineWidth(), 2);
     NSBezierPath::setDefaultLineWidth(1);
-    renderBitmap({ 40, 20 }, 1, [] { drawInsertionMarker({ { 4, 4 }, { 30, 4 }, { 0, 0, 6, 6 } }, redOnBlack); });
+    renderBitmap({ 40, 20 }, 1, [] { drawInsertionMarker({ { 4, 4 }, { 30, 4 }, { 0, 0, 6, 6 } }, redOnBlack()); });
     EXPECT_EQ(NSBezierPath::defaultLineWidth(), 2);
     NSBezierPath::setDefaultLineWidth(1);
 }
@@ -152,7 +166,7 @@ TEST(DropHighlightDrawing, FramesAWholeViewTwoPointsWide)
     auto const drawn = renderBitmap(
         { 30, 20 }, 1,
         [] {
-            drawDropFrame({ 0, 0, 30, 20 }, redOnBlack);
+            drawDropFrame({ 0, 0, 30, 20 }, redOnBlack());
         },
         colors::white);
     constexpr ColorComponents line { 0, 0, 0, 0.9F }; // in place of what was there
@@ -164,7 +178,7 @@ TEST(DropHighlightDrawing, FramesAWholeViewTwoPointsWide)
 TEST(InsertionMarkerDrawing, IsALineBehindAWhiteRing)
 {
     auto const marker = insertionMarker({ 0, 1, 4, {}, { 9, 10, 50, 20 }, {} }, 0);
-    auto const drawn = renderBitmap({ 60, 20 }, 1, [&] { drawInsertionMarker(marker, redOnBlack); }, { 0.5F, 0.5F, 0.5F, 1 });
+    auto const drawn = renderBitmap({ 60, 20 }, 1, [&] { drawInsertionMarker(marker, redOnBlack()); }, { 0.5F, 0.5F, 0.5F, 1 });
     NSBezierPath::setDefaultLineWidth(1);
     EXPECT_TRUE(areaNear(drawn, { 12, 9, 46, 2 }, colors::black));
     EXPECT_TRUE(areaNear(drawn, { 6, 9, 2, 2 }, colors::white));

@@ -314,6 +314,9 @@ public:
     virtual bool shouldChangeTextInRange(NSTextView&, NSRange, std::string_view replacement);
     virtual bool textViewDoCommandBySelector(NSTextView&, Selector);
 
+    /// What the data source has for a row in this column, nil where it has none; not kept.
+    virtual ObjectValue objectValueForCell(NSTableColumn&, long row);
+
     // For columns and headers:
     void columnLooksChanged(NSTableColumn&);
     void columnWidthChanged(NSTableColumn&, float oldWidth);
@@ -327,7 +330,6 @@ protected:
     // What outlines answer from items instead of row numbers. Each asks the data source or delegate, and answers what holds where
     // that has no such hook.
     virtual long countOfRows();
-    virtual ObjectValue objectValueForCell(NSTableColumn&, long row);
     virtual void takeObjectValue(ObjectValue, NSTableColumn&, long row);
     virtual void tellWillDisplayCell(NSCell&, NSTableColumn&, long row);
     virtual bool mayEdit(NSTableColumn&, long row);

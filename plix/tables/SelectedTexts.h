@@ -1,0 +1,29 @@
+#pragma once
+
+#include <plix/platform/base/Ref.h>
+
+#include <cstddef>
+#include <memory>
+
+namespace plix {
+
+class NSAttributedString;
+class NSTextFieldCell;
+
+/// What the text of selected rows looks like: white, with the shadow, and on newer systems bold. Kept for plain texts, so that
+/// drawing a row again makes nothing.
+class SelectedTexts {
+public:
+    SelectedTexts();
+    ~SelectedTexts();
+
+    /// The cell's value as it is drawn in a selected row; null where it is empty.
+    Ref<NSAttributedString> textOf(NSTextFieldCell const&);
+    std::size_t count() const;
+
+private:
+    struct Entries;
+    std::unique_ptr<Entries> m_entries;
+};
+
+}

@@ -1,0 +1,693 @@
+#include <tests/support/StyledTableTest.h>
+#include <tests/support/images.h>
+
+#include <plix/controls/TQPopUpButtonCell.h>
+#include <plix/platform/appkit/NSClipView.h>
+#include <plix/platform/foundation/machine_identity.h>
+#include <plix/platform/graphics/NSBezierPath.h>
+#include <plix/platform/graphics/NSGraphicsContext.h>
+#include <plix/platform/graphics/NSMutableAttributedString.h>
+#include <plix/tables/selection_colors.h>
+#include <plix/tables/table_view_additions.h>
+
+#include <gmock/gmock.h>
+
+namespace plix {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+/// Notes with what it is drawn.
+class NotingCell : public NSTextFieldCell {
+    PLIX_CLASS(NotingCell, NSTextFieldCell);
+
+public:
+    using NSTextFieldCell::init;
+    struct Drawing {
+        Rect frame;
+        bool isHighlighted { true };
+        Ref<NSAttributedString> text;
+    };
+    void drawWithFrame(Rect frame, NSView&) override { drawings.push_back({ frame, isHighlighted(), attributedStringValue() }); }
+    static std::vector<Drawing> drawings;
+};
+
+std::vector<NotingCell::Drawing> NotingCell::drawings;
+
+PLIX_DESCRIBE(NotingCell)
+{
+}
+
+class TableDrawing : public StyledTableTest {
+protected:
+    void SetUp() override
+    {
+        StyledTableTest::SetUp();
+        NotingCell::drawings.clear();
+    }
+    void TearDown() override { NSBezierPath::setDefaultLineWidth(1); }
+    void noteCells()
+    {
+        for (auto const& column : table->tableColumns()) {
+            auto const cell = make<NotingCell>("");
+            cell->setFont(NSFont::systemFontOfSize(13));
+            column->setDataCell(cell);
+        }
+    }
+    /// The row drawn by itself, outside the window's drawing.
+    std::vector<NotingCell::Drawing> const& drawRow(long row, Rect clip = {})
+    {
+        NotingCell::drawings.clear();
+        renderBitmap({ 300, 200 }, 1, [&] { table->drawRow(row, clip); });
+        return NotingCell::drawings;
+    }
+    void activate()
+    {
+        window->makeKeyWindow();
+        window->makeFirstResponder(table.get());
+    }
+    ColorComponents colorAt(Ref<NSBitmapImageRep> const& shown, Point point) const
+    {
+        auto const place = inWindow(*table, { point.x, point.y, 1, 1 });
+        return Pixels(shown).colorAt(place.x, place.y);
+    }
+    void hideTexts()
+    {
+        source->value = [](NSTableColumn&, long) { return ObjectValue(""); };
+        table->reloadData();
+    }
+};
+
+testing::AssertionResult near(ColorComponents const& a, ColorComponents const& b, float tolerance = 0.02F)
+{
+    bool const isNear
+        = std::abs(a.red - b.red) < tolerance && std::abs(a.green - b.green) < tolerance && std::abs(a.blue - b.blue) < tolerance;
+    return isNear ? testing::AssertionSuccess()
+                  : testing::AssertionFailure()
+            << a.red << " " << a.green << " " << a.blue << " instead of " << b.red << " " << b.green << " " << b.blue;
+}
+
+// MARK: the selection
+
+TEST_F(TableDrawing, ActiveRowsHaveTheGradientWithinTheirEdge)
+{
+    hideTexts();
+    table->selectRow(1, false);
+    activate();
+    auto const shown = picture();
+    auto const base = NSColor::alternateSelectedControlColor()->components();
+    auto const gradient = highlightGradientColors(base);
+    auto const row = table->rectOfRow(1);
+    EXPECT_TRUE(near(colorAt(shown, { 50, row.y + 2 }), gradient.top, 0.12F));
+    EXPECT_TRUE(near(colorAt(shown, { 50, row.maxY() - 4 }), gradient.bottom, 0.12F));
+    EXPECT_GT(colorAt(shown, { 50, row.y + 2 }).blue, colorAt(shown, { 50, row.maxY() - 4 }).blue);
+    EXPECT_TRUE(near(colorAt(shown, { 50, row.maxY() - 0.5F }), colors::white));
+    EXPECT_TRUE(near(colorAt(shown, { 50, row.y - 2 }), colors::white));
+}
+
+TEST_F(TableDrawing, InactiveRowsAreGrey)
+{
+    hideTexts();
+    table->selectRow(1, false);
+    activate();
+    auto const row = table->rectOfRow(1);
+    constexpr ColorComponents gray { 0.7F, 0.7F, 0.7F, 1 };
+    EXPECT_FALSE(near(colorAt(picture(), { 50, row.midY() }), gray));
+    person().focusNothing();
+    EXPECT_TRUE(near(colorAt(picture(), { 50, row.midY() }), gray));
+}
+
+TEST_F(TableDrawing, StylesRoundTheCorners)
+{
+    hideTexts();
+    table->selectRow(1, false);
+    auto const row = table->rectOfRow(1);
+    struct Row {
+        std::uint32_t style;
+        bool fillsCorner;
+    };
+    for (auto const& each : { Row { 0, true }, Row { 1, false }, Row { 2, false }, Row { 3, true } }) {
+        table->setHighlightStyle(each.style);
+        table->setNeedsDisplay(true);
+        bool const isWhite = bool(near(colorAt(picture(), { 0.5F, row.y + 0.5F }), colors::white, 0.05F));
+        EXPECT_EQ(!isWhite, each.fillsCorner) << each.style;
+        EXPECT_FALSE(near(colorAt(picture(), { 50, row.midY() }), colors::white)) << each.style;
+    }
+}
+
+TEST_F(TableDrawing, NothingSelectedDrawsNothing)
+{
+    hideTexts();
+    activate();
+    auto const shown = picture();
+    EXPECT_TRUE(areaNear(shown, inWindow(*table, table->rectOfRow(1)), colors::white));
+}
+
+TEST_F(TableDrawing, EverySelectedRowInViewIsHighlighted)
+{
+    hideTexts();
+    source->count = 1000000;
+    table->reloadData();
+    table->selectAll(nullptr);
+    window->makeFirstResponder(nullptr);
+    auto const shown = picture();
+    for (long row = 0; row < 5; ++row)
+        EXPECT_TRUE(near(colorAt(shown, { 50, table->rectOfRow(row).midY() }), { 0.7F, 0.7F, 0.7F, 1 })) << row;
+}
+
+class Painter : public NSObject {
+public:
+    Ref<NSImage> customHighlightImageForRow(NSTableView&, long row)
+    {
+        asked.push_back(row);
+        return row == 1 ? imageOfColor({ 4, 4 }, colors::green) : nullptr;
+    }
+    std::vector<long> asked;
+};
+
+TEST_F(TableDrawing, TheDelegateMayPaintARow)
+{
+    hideTexts();
+    auto const painter = make<Painter>();
+    table->setDelegate(painter);
+    table->selectRowIndexes({ 1, 2 }, false);
+    window->makeFirstResponder(nullptr);
+    auto const shown = picture();
+    EXPECT_TRUE(areaNear(shown, inWindow(*table, table->rectOfRow(1)), colors::green));
+    EXPECT_TRUE(near(colorAt(shown, { 50, table->rectOfRow(2).midY() }), { 0.7F, 0.7F, 0.7F, 1 }));
+    EXPECT_THAT(painter->asked, ElementsAre(1, 2));
+}
+
+// MARK: rows
+
+TEST_F(TableDrawing, EveryCellIsDrawnUnhighlightedWhateverTheClip)
+{
+    noteCells();
+    table->selectRow(2, false);
+    auto const& drawn = drawRow(2, { 0, 0, 1, 1 });
+    ASSERT_EQ(drawn.size(), 3U);
+    for (long column = 0; column < 3; ++column) {
+        auto const& each = drawn[static_cast<std::size_t>(column)];
+        EXPECT_EQ(each.frame, table->frameOfCellAtColumn(column, 2));
+        EXPECT_FALSE(each.isHighlighted);
+    }
+    EXPECT_EQ(drawn[1].text->string(), "b 2");
+}
+
+TEST_F(TableDrawing, RoundStylesLeaveTheTextRoom)
+{
+    noteCells();
+    // 18 points: a quarter is 4.5, cut to 4.
+    for (std::uint32_t const style : { 1U, 2U }) {
+        table->setHighlightStyle(style);
+        auto const& drawn = drawRow(0);
+        ASSERT_EQ(drawn.size(), 3U);
+        auto const first = table->frameOfCellAtColumn(0, 0);
+        auto const last = table->frameOfCellAtColumn(2, 0);
+        EXPECT_EQ(drawn[0].frame, (Rect { first.x + 4, first.y, first.width - 4, first.height }));
+        EXPECT_EQ(drawn[1].frame, table->frameOfCellAtColumn(1, 0));
+        EXPECT_EQ(drawn[2].frame, (Rect { last.x, last.y, last.width - 4, last.height }));
+    }
+}
+
+TEST_F(TableDrawing, SelectedTextIsBoldAndWhiteWithTheShadow)
+{
+    noteCells();
+    table->selectRow(1, false);
+    auto const text = drawRow(1)[0].text;
+    ASSERT_TRUE(text);
+    EXPECT_EQ(text->string(), "a 1");
+    EXPECT_EQ(text->attribute(NSFontAttributeName, 0).as<NSFont>()->fontName(), NSFont::boldSystemFontOfSize(13)->fontName());
+    EXPECT_EQ(text->attribute(NSForegroundColorAttributeName, 0).as<NSColor>()->components(), colors::white);
+    EXPECT_EQ(text->attribute(NSShadowAttributeName, 2).object(), PLIXTableView::standardShadow().get());
+    EXPECT_EQ(text->runs().size(), 1U);
+}
+
+TEST_F(TableDrawing, OtherTextStaysAsItIs)
+{
+    noteCells();
+    table->selectRow(1, false);
+    auto const text = drawRow(0)[0].text;
+    EXPECT_EQ(text->attribute(NSShadowAttributeName, 0).object(), nullptr);
+    EXPECT_EQ(text->attribute(NSFontAttributeName, 0).as<NSFont>()->fontName(), NSFont::systemFontOfSize(13)->fontName());
+}
+
+TEST_F(TableDrawing, TheCellGetsItsFontAndColorBack)
+{
+    noteCells();
+    auto* cell = static_cast<NSTextFieldCell*>(table->tableColumns()[0]->dataCell());
+    auto const font = NSFont::systemFontOfSize(11);
+    auto const color = NSColor::redColor();
+    cell->setFont(font);
+    cell->setTextColor(color);
+    table->selectRow(1, false);
+    auto const text = drawRow(1)[0].text;
+    EXPECT_EQ(text->attribute(NSFontAttributeName, 0).as<NSFont>()->pointSize(), 11);
+    EXPECT_EQ(cell->font(), font.get());
+    EXPECT_EQ(cell->textColor(), color.get());
+}
+
+TEST_F(TableDrawing, AttributedTextKeepsWhatTheSelectionDoesNotTouch)
+{
+    noteCells();
+    auto const text = make<NSMutableAttributedString>("two parts");
+    text->addAttribute(NSFontAttributeName, NSFont::userFixedPitchFontOfSize(9), { 0, 9 });
+    text->addAttribute(NSUnderlineStyleAttributeName, NSUnderlineStyleSingle, { 4, 5 });
+    text->addAttribute(NSForegroundColorAttributeName, NSColor::redColor(), { 0, 3 });
+    source->value = [&](NSTableColumn&, long) { return ObjectValue(text); };
+    table->selectRow(0, false);
+    auto const drawn = drawRow(0)[0].text;
+    EXPECT_EQ(drawn->attribute(NSUnderlineStyleAttributeName, 5).intValue(), NSUnderlineStyleSingle);
+    EXPECT_EQ(drawn->attribute(NSForegroundColorAttributeName, 0).as<NSColor>()->components(), colors::white);
+    EXPECT_EQ(drawn->attribute(NSFontAttributeName, 0).as<NSFont>()->pointSize(), 9);
+    EXPECT_EQ(text->attribute(NSForegroundColorAttributeName, 0).as<NSColor>()->components(), colors::red);
+}
+
+TEST_F(TableDrawing, EmptyTextIsLeftAlone)
+{
+    noteCells();
+    source->value = [](NSTableColumn&, long) { return ObjectValue(""); };
+    table->selectRow(0, false);
+    EXPECT_EQ(drawRow(0)[0].text->length(), 0);
+    EXPECT_EQ(table->tableColumns()[0]->dataCell()->objectValue(), ObjectValue(""));
+}
+
+class SystemVersion {
+public:
+    explicit SystemVersion(std::uint32_t version) { machineIdentity().setSystemVersion(version); }
+    ~SystemVersion() { machineIdentity().setSystemVersion(m_before); }
+
+private:
+    std::uint32_t m_before { machineIdentity().systemVersion() };
+};
+
+TEST_F(TableDrawing, OnOldSystemsSelectedTextKeepsItsWeight)
+{
+    noteCells();
+    table->selectRow(0, false);
+    struct Row {
+        std::uint32_t version;
+        bool isBold;
+    };
+    for (auto const& row : { Row { 0x1028, false }, Row { 0x103F, false }, Row { 0x1040, true }, Row { 0x1049, true } }) {
+        SystemVersion const system(row.version);
+        auto const text = drawRow(0)[0].text;
+        EXPECT_EQ(text->attribute(NSFontAttributeName, 0).as<NSFont>()->fontName() == NSFont::boldSystemFontOfSize(13)->fontName(),
+            row.isBold)
+            << row.version;
+        EXPECT_EQ(text->attribute(NSForegroundColorAttributeName, 0).as<NSColor>()->components(), colors::white) << row.version;
+        EXPECT_EQ(text->attribute(NSShadowAttributeName, 0).object(), PLIXTableView::standardShadow().get()) << row.version;
+    }
+}
+
+class PreparingTable : public PLIXTableView {
+    PLIX_CLASS(PreparingTable, PLIXTableView);
+
+public:
+    using PLIXTableView::init;
+    NSCell* preparedCellAtColumn(long column, long row) override
+    {
+        ++asked;
+        return PLIXTableView::preparedCellAtColumn(column, row);
+    }
+    int asked { 0 };
+};
+
+PLIX_DESCRIBE(PreparingTable)
+{
+}
+
+TEST_F(TableDrawing, OnNewSystemsCellsArePrepared)
+{
+    auto const preparing = make<PreparingTable>(Rect { 0, 0, 300, 100 });
+    prepare(*preparing);
+    preparing->setDataSource(source);
+    show(*preparing);
+    auto const asked = [&](std::uint32_t version) {
+        SystemVersion const system(version);
+        preparing->asked = 0;
+        renderBitmap({ 300, 100 }, 1, [&] { preparing->drawRow(0, {}); });
+        return preparing->asked;
+    };
+    EXPECT_EQ(asked(0x1049), 0);
+    EXPECT_EQ(asked(0x104F), 0);
+    EXPECT_EQ(asked(0x1050), 3);
+}
+
+TEST_F(TableDrawing, PopUpCellsShowTheirItemsTitle)
+{
+    auto const cell = make<TQPopUpButtonCell>("", false);
+    cell->addItemWithTitle("First");
+    cell->addItemWithTitle("Second");
+    table->tableColumns()[1]->setDataCell(cell);
+    source->value = [](NSTableColumn&, long row) { return ObjectValue(row); };
+    table->selectRow(1, false);
+    drawRow(0);
+    auto const plain = cell->displayAttributedString();
+    ASSERT_TRUE(plain);
+    EXPECT_EQ(plain->string(), "First");
+    EXPECT_EQ(plain->attribute(NSForegroundColorAttributeName, 0).as<NSColor>()->components(), colors::black);
+    EXPECT_EQ(plain->attribute(NSFontAttributeName, 0).as<NSFont>(), NSFont::systemFontOfSize(11));
+    drawRow(1);
+    auto const selected = cell->displayAttributedString();
+    EXPECT_EQ(selected->string(), "Second");
+    EXPECT_EQ(selected->attribute(NSForegroundColorAttributeName, 0).as<NSColor>()->components(), colors::white);
+    EXPECT_EQ(selected->attribute(NSFontAttributeName, 0).as<NSFont>()->fontName(), NSFont::boldSystemFontOfSize(11)->fontName());
+    EXPECT_EQ(selected->attribute(NSShadowAttributeName, 0).object(), PLIXTableView::standardShadow().get());
+    SystemVersion const system(0x103F);
+    drawRow(1);
+    auto const old = cell->displayAttributedString();
+    EXPECT_EQ(old->attribute(NSForegroundColorAttributeName, 0).as<NSColor>()->components(), colors::white);
+    EXPECT_EQ(old->attribute(NSFontAttributeName, 0).as<NSFont>(), NSFont::systemFontOfSize(11));
+    EXPECT_EQ(old->attribute(NSShadowAttributeName, 0).object(), nullptr);
+}
+
+TEST_F(TableDrawing, APopUpCellWithoutItemsShowsNothing)
+{
+    auto const cell = make<TQPopUpButtonCell>("", false);
+    cell->removeAllItems();
+    table->tableColumns()[1]->setDataCell(cell);
+    drawRow(0);
+    ASSERT_TRUE(cell->displayAttributedString());
+    EXPECT_EQ(cell->displayAttributedString()->length(), 0);
+}
+
+class CellWatcher : public NSObject {
+public:
+    void willDisplayCell(NSTableView&, NSCell& cell, NSTableColumn& column, long row)
+    {
+        calls.push_back(column.identifier().description() + std::to_string(row) + "=" + cell.stringValue());
+        if (onCall)
+            onCall(row);
+    }
+    Strings calls;
+    std::function<void(long row)> onCall;
+};
+
+TEST_F(TableDrawing, TheDelegateSeesEachCellWithItsValue)
+{
+    auto const watcher = make<CellWatcher>();
+    table->setDelegate(watcher);
+    drawRow(1);
+    EXPECT_THAT(watcher->calls, ElementsAre("a1=a 1", "b1=b 1", "c1=c 1"));
+}
+
+TEST_F(TableDrawing, WithoutDataSourceTheCellsKeepTheirValues)
+{
+    noteCells();
+    table->setDataSource(nullptr);
+    table->tableColumns()[0]->dataCell()->setObjectValue("kept");
+    drawRow(0);
+    EXPECT_EQ(table->tableColumns()[0]->dataCell()->stringValue(), "kept");
+}
+
+// MARK: what hooks may do while it draws
+
+TEST_F(TableDrawing, HooksMayTakeRowsColumnsAndTheTableAway)
+{
+    auto const watcher = make<CellWatcher>();
+    struct Deed {
+        char const* name;
+        std::function<void()> act;
+    };
+    Weak<PLIXTableView> const watched(table);
+    for (auto const& deed : std::vector<Deed> {
+             { "shrinks",
+                 [&] {
+                     source->count = 1;
+                     watched->reloadData();
+                 } },
+             { "hides columns",
+                 [&] {
+                     while (watched->numberOfColumns() > 0)
+                         watched->hideColumn(0);
+                 } },
+             { "lets go of the data source", [&] { watched->setDataSource(nullptr); } },
+             { "lets go of the delegate", [&] { watched->setDelegate(nullptr); } },
+             { "closes the window", [&] { window->close(); } },
+             { "destroys the table",
+                 [&] {
+                     scrollView->setDocumentView(nullptr);
+                     table = nullptr;
+                 } },
+         }) {
+        source = make<NumberedRows>();
+        table = make<PLIXTableView>(Rect { 0, 0, 300, 180 });
+        const_cast<Weak<PLIXTableView>&>(watched) = table;
+        prepare(*table);
+        table->setDataSource(source);
+        show(*table);
+        bool isDone = false;
+        watcher->onCall = [&](long row) {
+            if (row == 2 && !isDone) {
+                isDone = true;
+                deed.act();
+            }
+        };
+        table->setDelegate(watcher);
+        table->selectRowIndexes({ 1, 2, 3 }, false);
+        table->setNeedsDisplay(true);
+        pump();
+        EXPECT_TRUE(isDone) << deed.name;
+        pump();
+    }
+}
+
+TEST_F(TableDrawing, TheWrongKindsOfValuesAreDrawnSomehow)
+{
+    std::vector<ObjectValue> const values { {}, 17, 2.5, true, ObjectValue(make<Painter>()), std::string(1000000, 'x'),
+        "line\nfeed", "\xFF\xFE" };
+    source->count = static_cast<long>(values.size());
+    source->value = [&](NSTableColumn&, long row) { return values[static_cast<std::size_t>(row)]; };
+    table->reloadData();
+    table->selectAll(nullptr);
+    activate();
+    auto const shown = picture();
+    EXPECT_TRUE(hasInk(shown, inWindow(*table, table->rectOfRow(0)), colors::white));
+}
+
+// MARK: the empty table
+
+class EmptyTable : public TableDrawing {
+protected:
+    void SetUp() override
+    {
+        TableDrawing::SetUp();
+        source->count = 0;
+        table->reloadData();
+    }
+    /// Of what is drawn in the visible part of the table.
+    PixelRect ink()
+    {
+        auto const shown = picture();
+        auto const clip = inWindow(*scrollView->contentView(), scrollView->contentView()->bounds());
+        int left = clip.x + clip.width;
+        int top = clip.y + clip.height;
+        int right = clip.x;
+        int bottom = clip.y;
+        Pixels const pixels(shown);
+        for (int y = clip.y; y < clip.y + clip.height; ++y) {
+            for (int x = clip.x; x < clip.x + clip.width; ++x) {
+                if (!pixelNear(pixels, x, y, colors::white, 0.1F)) {
+                    left = std::min(left, x);
+                    right = std::max(right, x + 1);
+                    top = std::min(top, y);
+                    bottom = std::max(bottom, y + 1);
+                }
+            }
+        }
+        return right > left ? PixelRect { left, top, right - left, bottom - top } : PixelRect {};
+    }
+    PixelRect visible() const { return inWindow(*scrollView->contentView(), scrollView->contentView()->bounds()); }
+    void redraw() { table->setNeedsDisplay(true); }
+};
+
+TEST_F(EmptyTable, WithoutMessageShowsNothing)
+{
+    EXPECT_EQ(ink().width, 0);
+}
+
+TEST_F(EmptyTable, ShowsItsMessageInTheMiddle)
+{
+    table->setEmptyString("Nothing here");
+    redraw();
+    auto const drawn = ink();
+    ASSERT_GT(drawn.width, 60);
+    EXPECT_NEAR(drawn.x + drawn.width / 2.0, visible().x + visible().width / 2.0, 3);
+    EXPECT_NEAR(drawn.y + drawn.height / 2.0, visible().y + visible().height / 2.0, 4);
+    auto const shown = picture();
+    int const gray = countPixels(shown, drawn, { 0.5F, 0.5F, 0.5F, 1 }, 0.03F);
+    EXPECT_GT(gray, 20);
+    EXPECT_EQ(countPixels(shown, drawn, colors::black, 0.3F), 0);
+}
+
+TEST_F(EmptyTable, PrefersTheAttributedMessage)
+{
+    table->setEmptyString("Nothing here");
+    Attributes const red { { NSForegroundColorAttributeName, NSColor::redColor() },
+        { NSFontAttributeName, NSFont::systemFontOfSize(20) } };
+    table->setEmptyAttributedString(make<NSAttributedString>("Red", red));
+    redraw();
+    auto const drawn = ink();
+    EXPECT_GT(countPixels(picture(), drawn, colors::red, 0.1F), 10);
+    EXPECT_LT(drawn.x, visible().x + 20);
+}
+
+TEST_F(EmptyTable, ATallMessageIsNotShown)
+{
+    std::string lines;
+    for (int i = 0; i < 40; ++i)
+        lines += "Nothing\n";
+    table->setEmptyString(lines);
+    redraw();
+    EXPECT_EQ(ink().width, 0);
+}
+
+TEST_F(EmptyTable, ShowsTheMessageOnlyWithoutRows)
+{
+    hideTexts();
+    table->setEmptyString("Nothing here");
+    source->count = 1;
+    table->reloadData();
+    EXPECT_EQ(ink().width, 0);
+}
+
+TEST_F(EmptyTable, TellsTheDelegateBeforeItDraws)
+{
+    class Teller : public NSObject {
+    public:
+        void willDrawRect(NSTableView& table, Rect rect)
+        {
+            rects.push_back(rect);
+            told = &table;
+        }
+        std::vector<Rect> rects;
+        NSTableView* told { nullptr };
+    };
+    auto const teller = make<Teller>();
+    table->setDelegate(teller);
+    pump();
+    teller->rects.clear();
+    table->setNeedsDisplayInRect({ 10, 20, 30, 40 });
+    pump();
+    EXPECT_THAT(teller->rects, ElementsAre(Rect { 10, 20, 30, 40 }));
+    EXPECT_EQ(teller->told, table.get());
+}
+
+// MARK: drops
+
+class DropDrawing : public TableDrawing {
+protected:
+    void SetUp() override
+    {
+        TableDrawing::SetUp();
+        hideTexts();
+    }
+    /// Drawn by itself over white, in the table's coordinates.
+    Ref<NSBitmapImageRep> drawn(std::function<void()> const& draw)
+    {
+        return renderBitmap(
+            { 300, 120 }, 1,
+            [&] {
+                auto const context = NSGraphicsContext::currentContext();
+                context->translateBy(0, 120);
+                context->scaleBy(1, -1);
+                context->setFlipped(true);
+                draw();
+            },
+            colors::white);
+    }
+    ColorComponents edge() { return selectionOutlineColor(*table)->components(); }
+};
+
+TEST_F(DropDrawing, ARowIsOutlinedAndWashed)
+{
+    auto const shown = drawn([&] { table->_drawDropHighlightOnRow(1); });
+    auto const row = table->rectOfRow(1);
+    int const middle = static_cast<int>(row.midY());
+    EXPECT_TRUE(pixelNear(shown, 100, middle, blended(colors::white, selectionColor(*table)->components(), 0.15F), 0.02F));
+    EXPECT_TRUE(pixelNear(shown, 1, middle, blended(colors::white, edge(), 0.9F), 0.02F));
+    EXPECT_TRUE(pixelNear(shown, 100, static_cast<int>(row.maxY()) + 1, colors::white));
+    EXPECT_EQ(NSBezierPath::defaultLineWidth(), 2);
+}
+
+TEST_F(DropDrawing, ASelectedRowIsOutlinedOnly)
+{
+    table->selectRow(1, false);
+    auto const shown = drawn([&] { table->_drawDropHighlightOnRow(1); });
+    int const middle = static_cast<int>(table->rectOfRow(1).midY());
+    EXPECT_TRUE(pixelNear(shown, 100, middle, colors::white));
+    EXPECT_TRUE(pixelNear(shown, 1, middle, edge(), 0.02F));
+}
+
+TEST_F(DropDrawing, BelowTheFirstRowTheWholeTableIsFramed)
+{
+    auto const shown = drawn([&] { table->_drawDropHighlightOnRow(-1); });
+    EXPECT_FALSE(pixelNear(shown, 0, 60, colors::white, 0.1F));
+    EXPECT_FALSE(pixelNear(shown, 1, 60, colors::white, 0.1F));
+    EXPECT_TRUE(pixelNear(shown, 2, 60, colors::white));
+    EXPECT_TRUE(pixelNear(shown, 100, 30, colors::white));
+}
+
+TEST_F(DropDrawing, ARowThatIsNotThereIsNotDrawn)
+{
+    auto const shown = drawn([&] { table->_drawDropHighlightOnRow(5); });
+    EXPECT_TRUE(areaNear(shown, { 0, 0, 300, 120 }, colors::white));
+}
+
+class ItemPainter : public NSObject {
+public:
+    Ref<NSImage> customHighlightImageForItem(NSTableView&, NSObject* item)
+    {
+        ++asked;
+        wasNull = item == nullptr;
+        return answers ? imageOfColor({ 4, 4 }, colors::green) : nullptr;
+    }
+    int asked { 0 };
+    bool wasNull { false };
+    bool answers { true };
+};
+
+TEST_F(DropDrawing, ACustomImageDecidesTheRectangleAndIsNotDrawn)
+{
+    auto const painter = make<ItemPainter>();
+    table->setDelegate(painter);
+    auto const row = table->rectOfRow(1);
+    auto const whole = drawn([&] { table->_drawDropHighlightOnRow(1); });
+    EXPECT_EQ(painter->asked, 1);
+    EXPECT_TRUE(painter->wasNull);
+    EXPECT_EQ(countPixels(whole, colors::green), 0);
+    int const above = static_cast<int>(row.y) - 1;
+    EXPECT_FALSE(pixelNear(whole, 100, above, colors::white, 0.05F));
+    painter->answers = false;
+    auto const inset = drawn([&] { table->_drawDropHighlightOnRow(1); });
+    EXPECT_TRUE(pixelNear(inset, 100, above, colors::white, 0.05F));
+}
+
+TEST_F(DropDrawing, TheMarkerStandsBetweenRows)
+{
+    auto const shown = drawn([&] { table->_drawDropHighlightBetweenUpperRow(0, 1, 10); });
+    int const y = static_cast<int>(table->rectOfRow(1).y);
+    EXPECT_TRUE(areaNear(shown, { 20, y - 1, 100, 2 }, edge(), 0.02F));
+    EXPECT_TRUE(areaNear(shown, { 20, y + 2, 100, 4 }, colors::white));
+    EXPECT_TRUE(pixelNear(shown, 8, y, colors::white, 0.02F));
+    EXPECT_FALSE(pixelNear(shown, 5, y, colors::white, 0.1F));
+}
+
+TEST_F(DropDrawing, TheMarkerStandsBelowTheLastRow)
+{
+    auto const shown = drawn([&] { table->_drawDropHighlightBetweenUpperRow(4, 5, 0); });
+    int const y = static_cast<int>(table->rectOfRow(4).maxY()) - 1;
+    EXPECT_TRUE(areaNear(shown, { 20, y - 1, 100, 2 }, edge(), 0.02F));
+}
+
+TEST_F(DropDrawing, AMarkerBetweenNoNeighboursStandsAtTheOriginMovedByTheOffset)
+{
+    auto const shown = drawn([&] { table->_drawDropHighlightBetweenUpperRow(7, 3, 12); });
+    EXPECT_FALSE(areaNear(shown, { 6, 0, 6, 3 }, colors::white, 0.1F));
+    EXPECT_TRUE(areaNear(shown, { 20, 0, 280, 120 }, colors::white));
+}
+
+}
+}
