@@ -3,6 +3,7 @@
 #include "boxes_page.h"
 #include "buttons_page.h"
 #include "combos_page.h"
+#include "tables_page.h"
 #include "text_page.h"
 
 #include <examples/support/example_options.h>
@@ -27,6 +28,7 @@ constexpr Page allPages[] {
     { "menus", "Menus", makeMenusPage },
     { "combos", "Combo boxes and dates", makeCombosPage },
     { "boxes", "Boxes and progress", makeBoxesPage },
+    { "tables", "Tables and outlines", makeTablesPage },
 };
 
 Ref<NSWindow> windowFor(Page const& page)

@@ -314,11 +314,20 @@ void StyledTable<Platform>::_drawDropHighlightBetweenUpperRow(long upperRow, lon
 template <typename Platform> void StyledTable<Platform>::drawRow(long row, Rect)
 {
     Ref<StyledTable> const protector(this);
-    for (long column = 0; column < this->numberOfColumns() && row < this->numberOfRows(); ++column)
-        drawCellOfRow(column, row);
+    auto const isSeen = [this](long column) { return !this->tableColumns()[static_cast<std::size_t>(column)]->isHidden(); };
+    long seenBefore = 0;
+    for (long column = 0; column < this->numberOfColumns() && row < this->numberOfRows(); ++column) {
+        if (!isSeen(column))
+            continue;
+        long next = column + 1;
+        while (next < this->numberOfColumns() && !isSeen(next))
+            ++next;
+        drawCellOfRow(column, row, columnPlace(seenBefore, seenBefore + (next < this->numberOfColumns() ? 2 : 1)));
+        ++seenBefore;
+    }
 }
 
-template <typename Platform> void StyledTable<Platform>::drawCellOfRow(long index, long row)
+template <typename Platform> void StyledTable<Platform>::drawCellOfRow(long index, long row, ColumnPlace place)
 {
     Ref<NSTableColumn> const column = this->tableColumns()[static_cast<std::size_t>(index)];
     Ref<NSCell> cell(column->dataCellForRow(row));
@@ -328,7 +337,7 @@ template <typename Platform> void StyledTable<Platform>::drawCellOfRow(long inde
     auto frame = this->frameOfCellAtColumn(index, row);
     bool const isText = dynamic_cast<NSTextFieldCell*>(cell.get());
     if (isText)
-        frame = textRoom(frame, m_highlightStyle, columnPlace(index, this->numberOfColumns()), firstColumn());
+        frame = textRoom(frame, m_highlightStyle, place, firstColumn());
     if (this->dataSource() || this->dataSourceHooks().objectValueForTableColumn)
         cell->setObjectValue(this->objectValueForCell(*column, row));
     this->tellWillDisplayCell(*cell, *column, row);

@@ -109,7 +109,7 @@ private:
     void setUp();
     void installHeader();
     void drawSelectedRow(long row);
-    void drawCellOfRow(long column, long row);
+    void drawCellOfRow(long column, long row, ColumnPlace);
     HighlightPaint highlightPaint();
 
     HighlightPainter m_painter;

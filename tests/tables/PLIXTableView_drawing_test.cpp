@@ -7,6 +7,7 @@
 #include <plix/platform/graphics/NSBezierPath.h>
 #include <plix/platform/graphics/NSGraphicsContext.h>
 #include <plix/platform/graphics/NSMutableAttributedString.h>
+#include <plix/platform/graphics/NSParagraphStyle.h>
 #include <plix/tables/selection_colors.h>
 #include <plix/tables/table_view_additions.h>
 
@@ -211,6 +212,38 @@ TEST_F(TableDrawing, RoundStylesLeaveTheTextRoom)
     }
 }
 
+TEST_F(TableDrawing, ColumnsThatAreNotSeenAreNotDrawnAndTakeNoEnds)
+{
+    noteCells();
+    table->setHighlightStyle(PLIXHighlightCapsule);
+    table->tableColumns()[0]->setHidden(true);
+    auto const& drawn = drawRow(0);
+    ASSERT_EQ(drawn.size(), 2U);
+    auto const first = table->frameOfCellAtColumn(1, 0);
+    EXPECT_EQ(drawn[0].frame, (Rect { first.x + 4, first.y, first.width - 4, first.height }));
+    table->tableColumns()[2]->setHidden(true);
+    auto const& only = drawRow(0);
+    ASSERT_EQ(only.size(), 1U);
+    auto const alone = table->frameOfCellAtColumn(1, 0);
+    EXPECT_EQ(only[0].frame, (Rect { alone.x + 4, alone.y, alone.width - 8, alone.height }));
+}
+
+TEST_F(TableDrawing, TheTextOfAnEditedCellIsTheEditors)
+{
+    noteCells();
+    for (auto const& column : table->tableColumns())
+        column->dataCell()->setEditable(true);
+    table->selectRow(1, false);
+    activate();
+    table->editColumn(1, 1, nullptr, true);
+    ASSERT_EQ(table->editedRow(), 1);
+    auto const drawn = drawRow(1);
+    ASSERT_EQ(drawn.size(), 3U);
+    EXPECT_EQ(drawn[0].text->string(), "a 1");
+    EXPECT_EQ(drawn[1].text->string(), "");
+    EXPECT_EQ(drawRow(2)[1].text->string(), "b 2");
+}
+
 TEST_F(TableDrawing, SelectedTextIsBoldAndWhiteWithTheShadow)
 {
     noteCells();
@@ -281,6 +314,33 @@ public:
 private:
     std::uint32_t m_before { machineIdentity().systemVersion() };
 };
+
+TEST_F(TableDrawing, SelectedTextFollowsItsTextFontAndStyle)
+{
+    noteCells();
+    for (auto const& column : table->tableColumns()) {
+        column->setDataCell(make<NSTextFieldCell>(""));
+        column->dataCell()->setFont(NSFont::systemFontOfSize(13));
+    }
+    source->value = [](NSTableColumn&, long) { return ObjectValue("same"); };
+    table->selectAll(nullptr);
+    auto* cell = table->tableColumns()[0]->dataCell();
+    auto const dressed = [&] {
+        drawRow(1);
+        return cell->objectValue().as<NSAttributedString>();
+    };
+    auto const first = dressed();
+    ASSERT_TRUE(first);
+    EXPECT_EQ(dressed(), first);
+    cell->setFont(NSFont::systemFontOfSize(20));
+    EXPECT_EQ(dressed()->attribute(NSFontAttributeName, 0).as<NSFont>()->pointSize(), 20);
+    cell->setAlignment(NSRightTextAlignment);
+    auto const right = dressed()->attribute(NSParagraphStyleAttributeName, 0).as<NSParagraphStyle>();
+    ASSERT_TRUE(right);
+    EXPECT_EQ(right->alignment(), NSRightTextAlignment);
+    source->value = [](NSTableColumn&, long) { return ObjectValue("other"); };
+    EXPECT_EQ(dressed()->string(), "other");
+}
 
 TEST_F(TableDrawing, OnOldSystemsSelectedTextKeepsItsWeight)
 {

@@ -468,5 +468,122 @@ TEST_F(PLIXTableViewTest, CellsHaveNoHighlightColorOfThePlatforms)
     EXPECT_EQ(table->_highlightColorForCell(*table->tableColumns()[0]->dataCell()), nullptr);
 }
 
+// MARK: what hooks may do
+
+class Doer : public NSObject {
+public:
+    void returnKey(NSTableView&, NSTableView&) { act(); }
+    void deleteBackward(NSTableView&, NSTableView&) { act(); }
+    void tableViewSelectionIsChanging(NSNotification const&) { act(); }
+    std::function<void()> act;
+};
+
+class Questioner : public NumberedRows {
+public:
+    bool tableviewShouldSelectRow(NSTableView&, long) { return true; }
+    bool shouldSelectRow(NSTableView&, long)
+    {
+        act();
+        return true;
+    }
+    std::function<void()> act;
+};
+
+TEST_F(PLIXTableViewTest, HooksMayCloseTheWindowAndDestroyTheTable)
+{
+    for (char32_t const character : { U'\r', U'\b', static_cast<char32_t>(NSDownArrowFunctionKey) }) {
+        source = make<NumberedRows>();
+        table = make<PLIXTableView>(Rect { 0, 0, 300, 180 });
+        prepare(*table);
+        table->setDataSource(source);
+        show(*table);
+        window->makeFirstResponder(table.get());
+        table->selectRow(1, false);
+        auto const doer = make<Doer>();
+        bool isDone = false;
+        doer->act = [&] {
+            isDone = true;
+            window->close();
+            scrollView->setDocumentView(nullptr);
+            table = nullptr;
+        };
+        table->setDelegate(doer);
+        key(character);
+        EXPECT_TRUE(isDone);
+        EXPECT_FALSE(table);
+    }
+}
+
+TEST_F(PLIXTableViewTest, ARightClicksQuestionMayDestroyTheTable)
+{
+    auto const questioner = make<Questioner>();
+    questioner->act = [&] {
+        scrollView->setDocumentView(nullptr);
+        table = nullptr;
+    };
+    table->setDataSource(questioner);
+    auto const event = mouseEvent(NSRightMouseDown, *table, middleOf(*table, 0, 1));
+    Ref(table)->rightMouseDown(*event);
+    EXPECT_FALSE(table);
+}
+
+TEST_F(PLIXTableViewTest, LetsGoOfItsDelegateAndDataSource)
+{
+    auto listener = make<Listener>();
+    table->setDelegate(listener);
+    listener = nullptr;
+    source = nullptr;
+    window->makeFirstResponder(table.get());
+    for (char32_t const character : { U'\r', U'\b', static_cast<char32_t>(NSDownArrowFunctionKey) })
+        key(character);
+    table->reloadData();
+    EXPECT_EQ(table->numberOfRows(), 0);
+}
+
+TEST_F(PLIXTableViewTest, LambdasMayBeHooks)
+{
+    PLIXTableViewDelegate hooks;
+    int returns = 0;
+    hooks.returnKey = [&](NSTableView&, NSTableView&) { ++returns; };
+    table->setDelegateHooks(hooks);
+    table->keyDown(*keyDown("\r"));
+    EXPECT_EQ(returns, 1);
+    PLIXTableViewDataSource dataHooks;
+    dataHooks.numberOfRowsInTableView = [](NSTableView&) { return 7L; };
+    table->setDataSourceHooks(dataHooks);
+    EXPECT_EQ(table->numberOfRows(), 7);
+}
+
+TEST_F(PLIXTableViewTest, HiddenColumnsAreNotSaved)
+{
+    table->setAutosaveName("hidden");
+    table->setAutosaveTableColumns(true);
+    table->tableColumns()[1]->setWidth(55);
+    table->hideColumnWithIdentifier("b");
+    table->tableColumns()[0]->setWidth(44);
+    auto const other = make<PLIXTableView>(Rect { 0, 0, 300, 180 });
+    prepare(*other);
+    other->setAutosaveTableColumns(true);
+    other->setAutosaveName("hidden");
+    EXPECT_THAT(identifiers(other->tableColumns()), ElementsAre("a", "c", "b"));
+    EXPECT_EQ(other->tableColumns()[0]->width(), 44);
+    EXPECT_EQ(other->tableColumns()[2]->width(), 80);
+}
+
+TEST_F(PLIXTableViewTest, TenThousandColumnsAreHiddenOneByOne)
+{
+    while (table->numberOfColumns() > 0)
+        table->removeTableColumn(*table->tableColumns().back());
+    for (int i = 0; i < 10000; ++i)
+        table->addTableColumn(*make<NSTableColumn>(ObjectValue(i)));
+    for (int i = 0; i < 10000; ++i)
+        table->hideColumn(table->numberOfColumns() - 1);
+    EXPECT_EQ(table->numberOfColumns(), 0);
+    EXPECT_EQ(table->hiddenTableColumns().size(), 10000U);
+    table->showColumnWithIdentifier(5);
+    pump();
+    EXPECT_EQ(table->numberOfColumns(), 1);
+}
+
 }
 }

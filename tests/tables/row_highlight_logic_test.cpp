@@ -74,6 +74,14 @@ TEST(TextRoom, MakesRoomForRoundedEndsOnly)
     EXPECT_EQ(textRoom(cell, PLIXHighlightCapsule, ColumnPlace::only, FirstColumn::indented), (Rect { 10, 0, 96, 18 }));
 }
 
+TEST(ColumnPlaces, AreByIndexAndCount)
+{
+    EXPECT_EQ(columnPlace(0, 1), ColumnPlace::only);
+    EXPECT_EQ(columnPlace(0, 3), ColumnPlace::first);
+    EXPECT_EQ(columnPlace(1, 3), ColumnPlace::middle);
+    EXPECT_EQ(columnPlace(2, 3), ColumnPlace::last);
+}
+
 TEST(EmptyMessage, IsCentredAndNotShownWhereItDoesNotFit)
 {
     Rect const frame { 0, 0, 200, 100 };

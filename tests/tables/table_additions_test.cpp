@@ -295,5 +295,31 @@ TEST_F(HeaderTest, ResizesByDoubleClicksUnlessToldOtherwise)
     EXPECT_FALSE(header().resizeColumnsOnDoubleClick());
 }
 
+TEST_F(HeaderTest, TheDataSourceMayTakeTheTableAwayMeanwhile)
+{
+    for (bool const hides : { true, false }) {
+        source = make<NumberedRows>();
+        table = make<PLIXTableView>(Rect { 0, 0, 300, 180 });
+        prepare(*table);
+        table->setDataSource(source);
+        show(*table);
+        bool isDone = false;
+        source->onAsk = [&](long row) {
+            if (row != 2 || isDone)
+                return;
+            isDone = true;
+            if (hides) {
+                table->hideColumn(0);
+                return;
+            }
+            scrollView->setDocumentView(nullptr);
+            table = nullptr;
+        };
+        Ref<NSTableColumn> const kept(column());
+        sizeToFitData(*kept);
+        EXPECT_TRUE(isDone);
+    }
+}
+
 }
 }
