@@ -1,6 +1,6 @@
 #include "StateSheet.h"
 
-#include <plix/platform/appkit/NSButtonCell.h>
+#include <plix/platform/appkit/NSControl.h>
 #include <plix/platform/appkit/NSTextField.h>
 #include <plix/platform/graphics/NSColor.h>
 #include <plix/platform/graphics/NSFont.h>
@@ -53,8 +53,8 @@ void putOn(SheetState state, NSControl& control)
     control.setRefusesFirstResponder(true);
     switch (state) {
     case SheetState::hovered:
-        if (auto* button = dynamic_cast<NSButtonCell*>(cell))
-            button->setHovered(true);
+        if (cell)
+            cell->setHovered(true);
         return;
     case SheetState::pressed:
         if (cell)

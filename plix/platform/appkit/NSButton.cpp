@@ -295,20 +295,6 @@ void NSButton::turnOtherRadioButtonsOff()
 
 // MARK: hovering
 
-void NSButton::resetCursorRects()
-{
-    Base::resetCursorRects();
-    bool const isInside = m_hoverArea.follow(*this);
-    if (auto* cell = buttonCell())
-        cell->setHovered(isInside);
-}
-
-void NSButton::viewWillMoveToWindow(NSWindow* newWindow)
-{
-    m_hoverArea.end(*this);
-    Base::viewWillMoveToWindow(newWindow);
-}
-
 void NSButton::mouseEntered(NSEvent& event)
 {
     if (auto* cell = buttonCell())

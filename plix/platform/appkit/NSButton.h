@@ -1,6 +1,5 @@
 #pragma once
 
-#include <plix/platform/appkit/HoverArea.h>
 #include <plix/platform/appkit/NSControl.h>
 #include <plix/platform/appkit/button_constants.h>
 
@@ -66,16 +65,12 @@ public:
     void keyDown(NSEvent&) override;
     void mouseEntered(NSEvent&) override;
     void mouseExited(NSEvent&) override;
-    void resetCursorRects() override;
-    void viewWillMoveToWindow(NSWindow*) override;
 
 protected:
     NSButtonCell* buttonCell() const;
 
 private:
     void turnOtherRadioButtonsOff();
-
-    HoverArea m_hoverArea;
 };
 
 }

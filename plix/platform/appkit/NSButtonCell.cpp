@@ -354,14 +354,6 @@ void NSButtonCell::getPeriodicDelay(float& delay, float& interval) const
 
 // MARK: hovering
 
-void NSButtonCell::setHovered(bool isHovered)
-{
-    if (m_isHovered == isHovered)
-        return;
-    m_isHovered = isHovered;
-    looksChanged();
-}
-
 void NSButtonCell::mouseEntered(NSEvent&)
 {
     setHovered(true);
@@ -432,7 +424,7 @@ ControlLook NSButtonCell::buttonLook(NSView& controlView) const
 {
     auto look = lookInView(controlView);
     look.isPressed = isHighlighted() && (m_highlightsBy & (NSPushInCellMask | NSChangeGrayCellMask | NSChangeBackgroundCellMask));
-    look.isHovered = m_isHovered;
+    look.isHovered = isHovered();
     look.isFocused = drawsFocusRing(controlView);
     return look;
 }
@@ -452,7 +444,7 @@ Ref<NSColor> NSButtonCell::titleColor() const
     if (face() != ButtonFace::bezel)
         return isEnabled() ? NSColor::controlTextColor() : theme.color(ThemeRole::buttonDisabledText);
     bool const isOn = state() != NSOffState && (m_showsStateBy & (NSChangeGrayCellMask | NSChangeBackgroundCellMask));
-    bool const hasBezel = !m_showsBorderOnlyWhileMouseInside || m_isHovered || isHighlighted() || isOn;
+    bool const hasBezel = !m_showsBorderOnlyWhileMouseInside || isHovered() || isHighlighted() || isOn;
     return hasBezel ? theme.buttonTextColor(wholeLook(look, *this, isOn, isDefaultButton())) : theme.color(ThemeRole::buttonText);
 }
 
@@ -467,7 +459,7 @@ void NSButtonCell::drawBezelWithFrame(Rect frame, NSView& controlView)
         return;
     }
     bool const isOn = state() != NSOffState && (m_showsStateBy & (NSChangeGrayCellMask | NSChangeBackgroundCellMask));
-    if (m_showsBorderOnlyWhileMouseInside && !m_isHovered && !isHighlighted() && !isOn && !look.isFocused)
+    if (m_showsBorderOnlyWhileMouseInside && !isHovered() && !isHighlighted() && !isOn && !look.isFocused)
         return;
     theme.drawButtonBezel(frame, wholeLook(look, *this, isOn, isDefaultButton()));
     if (m_bezelStyle == NSRoundedDisclosureBezelStyle)

@@ -73,8 +73,7 @@ public:
     void setPeriodicDelay(float delay, float interval);
 
     // Hovering, told by the control.
-    bool isHovered() const { return m_isHovered; }
-    void setHovered(bool);
+    bool reactsToPointer() const override { return true; }
     virtual void mouseEntered(NSEvent&);
     virtual void mouseExited(NSEvent&);
 
@@ -146,7 +145,6 @@ private:
     bool m_isTransparent { false };
     bool m_showsBorderOnlyWhileMouseInside { false };
     bool m_imageDimsWhenDisabled { true };
-    bool m_isHovered { false };
 };
 
 }

@@ -376,6 +376,14 @@ void NSCell::setRefusesFirstResponder(bool refuses)
     m_flags.refusesFirstResponder = refuses;
 }
 
+void NSCell::setHovered(bool isHovered)
+{
+    if (m_flags.hovered == isHovered)
+        return;
+    m_flags.hovered = isHovered;
+    looksChanged();
+}
+
 void NSCell::setShowsFirstResponder(bool shows)
 {
     if (m_flags.showsFirstResponder == shows)

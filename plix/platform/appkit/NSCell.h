@@ -107,6 +107,10 @@ public:
     virtual int state() const { return m_state; }
     /// Above 0 is on, below 0 mixed, or on where mixed is not allowed.
     virtual void setState(int);
+    /// Whether the cell looks different under the pointer; its control tells it then.
+    virtual bool reactsToPointer() const { return false; }
+    bool isHovered() const { return m_flags.hovered; }
+    void setHovered(bool);
     bool allowsMixedState() const { return m_flags.allowsMixedState; }
     void setAllowsMixedState(bool);
     /// On, off and, where allowed, mixed follow each other: on, off, mixed, on.
@@ -289,6 +293,7 @@ private:
         bool bordered : 1 = false;
         bool bezeled : 1 = false;
         bool beingEdited : 1 = false;
+        bool hovered : 1 = false;
     };
 
     void takeValue(ObjectValue, bool isValid);

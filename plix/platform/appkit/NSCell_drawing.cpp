@@ -138,6 +138,7 @@ ControlLook NSCell::lookInView(NSView& controlView) const
     ControlLook look = Theme::lookOfView(controlView);
     look.isEnabled = isEnabled();
     look.isPressed = isHighlighted();
+    look.isHovered = isHovered() && isEnabled();
     look.isFocused = showsFirstResponder();
     return look;
 }

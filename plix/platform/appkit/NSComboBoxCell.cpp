@@ -42,7 +42,10 @@ bool NSComboBoxCell::init()
 
 bool NSComboBoxCell::init(std::string_view text)
 {
-    return Base::init(text);
+    if (!Base::init(text))
+        return false;
+    setScrollable(true);
+    return true;
 }
 
 bool NSComboBoxCell::init(NSCoder& coder)
@@ -413,7 +416,8 @@ void NSComboBoxCell::drawWithFrame(Rect frame, NSView& controlView)
     if (isBordered())
         theme.drawBorder(NSLineBorder, frame);
     auto const button = buttonRectForBounds(frame);
-    theme.drawComboButton(button, { .control = look, .style = NSSmallSquareBezelStyle }, m_isButtonBordered, m_isButtonPressed);
+    theme.drawComboButton(
+        button, { .control = look, .style = NSSmallSquareBezelStyle }, m_isButtonBordered, m_isButtonPressed || isHighlighted());
     drawInteriorWithFrame({ frame.x, frame.y, std::max(0.F, frame.width - button.width), frame.height }, controlView);
     if (drawsFocusRing(controlView))
         theme.drawFocusRing(frame, FieldShape::square);

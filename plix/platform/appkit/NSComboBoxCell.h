@@ -87,6 +87,7 @@ public:
     virtual Rect buttonRectForBounds(Rect bounds) const;
 
     // NSCell:
+    bool reactsToPointer() const override { return true; }
     Rect drawingRectForBounds(Rect bounds) const override;
     Size cellSizeForBounds(Rect bounds) const override;
     void drawWithFrame(Rect frame, NSView& controlView) override;

@@ -399,8 +399,36 @@ void NSControl::selectCell(NSCell& cell)
 
 void NSControl::resetCursorRects()
 {
-    if (auto* cell = this->cell())
-        cell->resetCursorRect(bounds(), *this);
+    auto* cell = this->cell();
+    if (!cell)
+        return;
+    cell->resetCursorRect(bounds(), *this);
+    if (cell->reactsToPointer())
+        cell->setHovered(m_hoverArea.follow(*this));
+}
+
+void NSControl::mouseEntered(NSEvent& event)
+{
+    if (auto* cell = this->cell(); cell && cell->reactsToPointer())
+        cell->setHovered(true);
+    else
+        Base::mouseEntered(event);
+}
+
+void NSControl::mouseExited(NSEvent& event)
+{
+    if (auto* cell = this->cell(); cell && cell->reactsToPointer())
+        cell->setHovered(false);
+    else
+        Base::mouseExited(event);
+}
+
+void NSControl::viewWillMoveToWindow(NSWindow* newWindow)
+{
+    m_hoverArea.end(*this);
+    if (auto* cell = this->cell(); cell && cell->reactsToPointer())
+        cell->setHovered(false);
+    Base::viewWillMoveToWindow(newWindow);
 }
 
 NSMenu* NSControl::menuForEvent(NSEvent& event)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <plix/platform/appkit/HoverArea.h>
 #include <plix/platform/appkit/NSCell.h>
 #include <plix/platform/appkit/NSText.h>
 #include <plix/platform/appkit/NSView.h>
@@ -129,6 +130,9 @@ public:
     bool acceptsFirstMouse(NSEvent*) override { return false; }
     bool mouseDownCanMoveWindow() const override { return false; }
     NSMenu* menuForEvent(NSEvent&) override;
+    void mouseEntered(NSEvent&) override;
+    void mouseExited(NSEvent&) override;
+    void viewWillMoveToWindow(NSWindow*) override;
 
 private:
     void trackMouse(NSEvent& press);
@@ -136,6 +140,7 @@ private:
 
     Ref<NSCell> m_cell;
     Weak<NSText> m_editor;
+    HoverArea m_hoverArea;
     bool m_ignoresMultiClick { false };
     bool m_isTakingValue { false };
 };

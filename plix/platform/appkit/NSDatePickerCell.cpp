@@ -480,7 +480,7 @@ void NSDatePickerCell::drawWithFrame(Rect frame, NSView& controlView)
         theme.drawBorder(NSLineBorder, field);
     drawInteriorWithFrame(frame, controlView);
     if (!stepper.isEmpty())
-        theme.drawStepper(stepper, look, m_pressedStep);
+        theme.drawStepper(stepper, look, isHighlighted() && m_pressedStep == 0 ? 1 : m_pressedStep);
     if (drawsFocusRing(controlView))
         theme.drawFocusRing(field, FieldShape::square);
 }

@@ -94,6 +94,7 @@ public:
     void step(int by);
 
     // NSCell:
+    bool reactsToPointer() const override { return true; }
     ObjectValue const& objectValue() const override;
     void setObjectValue(ObjectValue) override;
     std::string const& stringValue() const override;

@@ -1,7 +1,7 @@
 #include <plix/platform/appkit/NSTextFieldCell.h>
 
-#include <plix/platform/appkit/NSText.h>
 #include <plix/platform/appkit/NSTableView.h>
+#include <plix/platform/appkit/NSText.h>
 #include <plix/platform/appkit/Theme.h>
 #include <plix/platform/appkit/cell_layout.h>
 #include <plix/platform/base/utf16.h>
@@ -172,7 +172,7 @@ void NSTextFieldCell::drawText(Rect rect) const
         return;
     }
     drawInRect(m_placeholder, insetRect(rect, { cellTextPadding, 0, cellTextPadding, 0 }),
-        textAttributesWithColor(Theme::current().color(ThemeRole::placeholderText)));
+        textAttributesWithColor(isEnabled() ? Theme::current().color(ThemeRole::placeholderText) : Base::colorForText()));
 }
 
 void NSTextFieldCell::copyStateTo(NSObject& fresh) const
