@@ -89,6 +89,35 @@ TEST(ShadowBlur, StaysWithinItsReach)
     }
 }
 
+TEST(ShadowBlur, IsTheSameWhereverTheMaskEnds)
+{
+    constexpr int side = 64;
+    std::uint32_t random = 1;
+    for (float const radius : { 0.01F, 1.0F, 2.0F, 5.0F }) {
+        for (int width = 1; width < 27; ++width) {
+            int const height = 1 + width * 7 % 23;
+            std::vector<std::uint8_t> alone(static_cast<std::size_t>(width * height));
+            Mask around(side);
+            for (int y = 0; y < height; ++y) {
+                for (int x = 0; x < width; ++x) {
+                    random = random * 1664525 + 1013904223;
+                    auto const value = static_cast<std::uint8_t>(random >> 24);
+                    alone[static_cast<std::size_t>(y * width + x)] = value;
+                    around.at(x + 20, y + 20) = value;
+                }
+            }
+            blurShadowMask(alone.data(), width, height, width, radius);
+            around.blur(radius);
+            int differences = 0;
+            for (int y = 0; y < height; ++y) {
+                for (int x = 0; x < width; ++x)
+                    differences += alone[static_cast<std::size_t>(y * width + x)] != around.at(x + 20, y + 20);
+            }
+            EXPECT_EQ(differences, 0) << radius << " " << width << " x " << height;
+        }
+    }
+}
+
 TEST(ShadowBlur, TakesMasksSmallerThanItself)
 {
     Mask mask(2);
