@@ -33,6 +33,7 @@ list(APPEND PLIX_LOGIC_SOURCES
     platform/appkit/segment_layout.cpp
     platform/appkit/split_layout.cpp
     platform/appkit/column_layout.cpp
+    platform/appkit/outline_tree.cpp
     platform/appkit/row_layout.cpp
     platform/appkit/row_selection.cpp
     platform/appkit/reading_order.cpp

@@ -53,6 +53,9 @@
 #include <plix/platform/appkit/NSMenuDelegate.h>
 #include <plix/platform/appkit/NSMenuItem.h>
 #include <plix/platform/appkit/NSModalSession.h>
+#include <plix/platform/appkit/NSOutlineView.h>
+#include <plix/platform/appkit/NSOutlineViewDataSource.h>
+#include <plix/platform/appkit/NSOutlineViewDelegate.h>
 #include <plix/platform/appkit/NSPanel.h>
 #include <plix/platform/appkit/NSPasteboard.h>
 #include <plix/platform/appkit/NSPopUpButton.h>

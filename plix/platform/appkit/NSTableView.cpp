@@ -327,8 +327,7 @@ void NSTableView::updateCell(NSCell& cell)
 
 void NSTableView::tellWillDisplayCell(NSCell& cell, NSTableColumn& column, long row)
 {
-    if (m_delegateHooks.willDisplayCell)
-        m_delegateHooks.willDisplayCell(*this, cell, column, row);
+    m_delegateHooks.willDisplayCell(*this, cell, column, row);
 }
 
 bool NSTableView::mayEdit(NSTableColumn& column, long row)
@@ -376,16 +375,34 @@ void NSTableView::tellColumnResized(NSNotification const& notification)
     NSNotificationCenter::defaultCenter().postNotification(notification);
 }
 
+bool NSTableView::maySelectColumn(NSTableColumn& column)
+{
+    return !m_delegateHooks.shouldSelectTableColumn || m_delegateHooks.shouldSelectTableColumn(*this, column);
+}
+
+void NSTableView::tellHeaderPressed(NSTableColumn& column)
+{
+    m_delegateHooks.mouseDownInHeaderOfTableColumn(*this, column);
+}
+
+void NSTableView::tellHeaderClicked(NSTableColumn& column)
+{
+    m_delegateHooks.didClickTableColumn(*this, column);
+}
+
+void NSTableView::tellHeaderDragged(NSTableColumn& column)
+{
+    m_delegateHooks.didDragTableColumn(*this, column);
+}
+
 void NSTableView::headerPressed(NSTableColumn& column)
 {
-    if (m_delegateHooks.mouseDownInHeaderOfTableColumn)
-        m_delegateHooks.mouseDownInHeaderOfTableColumn(*this, column);
+    tellHeaderPressed(column);
 }
 
 void NSTableView::headerDragged(NSTableColumn& column)
 {
-    if (m_delegateHooks.didDragTableColumn)
-        m_delegateHooks.didDragTableColumn(*this, column);
+    tellHeaderDragged(column);
 }
 
 }

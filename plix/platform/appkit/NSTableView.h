@@ -344,6 +344,10 @@ protected:
     virtual void dragLeft(bool /*wasDropped*/) { }
     /// How far a drop marker above a row is moved in.
     virtual float dropMarkerOffset(RowDropPlace) const { return 0; }
+    virtual bool maySelectColumn(NSTableColumn&);
+    virtual void tellHeaderPressed(NSTableColumn&);
+    virtual void tellHeaderClicked(NSTableColumn&);
+    virtual void tellHeaderDragged(NSTableColumn&);
     virtual void tellSelectionChanged();
     virtual void tellSelectionIsChanging();
     virtual void tellColumnMoved(NSNotification const&);

@@ -191,14 +191,11 @@ void NSTableView::headerClicked(NSTableColumn& column, NSEvent& event)
 {
     Ref<NSTableView> const protector(this);
     Ref<NSTableColumn> const kept(column);
-    if (m_delegateHooks.didClickTableColumn)
-        m_delegateHooks.didClickTableColumn(*this, column);
+    tellHeaderClicked(column);
     long const index = columnWithTableColumn(column);
     if (!m_flags.allowsColumnSelection || index < 0)
         return;
-    if (m_delegateHooks.shouldSelectTableColumn && !m_delegateHooks.shouldSelectTableColumn(*this, column))
-        return;
-    if (!mayChangeSelection())
+    if (!maySelectColumn(column) || !mayChangeSelection())
         return;
     auto const change = event.hasShortcutModifier()     ? SelectionChange::toggle
         : (event.modifierFlags() & NSShiftKeyMask) != 0 ? SelectionChange::extend

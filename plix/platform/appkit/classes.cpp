@@ -18,6 +18,7 @@
 #include <plix/platform/appkit/NSImageView.h>
 #include <plix/platform/appkit/NSMenu.h>
 #include <plix/platform/appkit/NSMenuItem.h>
+#include <plix/platform/appkit/NSOutlineView.h>
 #include <plix/platform/appkit/NSPanel.h>
 #include <plix/platform/appkit/NSPasteboard.h>
 #include <plix/platform/appkit/NSPopUpButton.h>
@@ -85,6 +86,7 @@ void registerAppKitClasses()
     NSTableHeaderCell::staticClass();
     NSTableHeaderView::staticClass();
     NSTableView::staticClass();
+    NSOutlineView::staticClass();
     NSTextAttachmentCell::staticClass();
     NSTextAttachment::staticClass();
     NSScroller::staticClass();
