@@ -2,6 +2,7 @@
 
 #include <plix/platform/appkit/image_layout.h>
 #include <plix/platform/appkit/progress_layout.h>
+#include <plix/platform/appkit/theme_pictures.h>
 #include <plix/platform/graphics/NSBezierPath.h>
 #include <plix/platform/graphics/NSColor.h>
 #include <plix/platform/graphics/NSGraphics.h>
@@ -9,6 +10,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <vector>
 
 namespace plix {
 
@@ -63,30 +65,55 @@ void Theme::drawImageFrame(Rect rect, NSImageFrameStyle style, ControlLook const
 
 // MARK: boxes
 
+namespace {
+
+bool isSquare(NSBorderType border)
+{
+    return border == NSLineBorder || border == NSBezelBorder;
+}
+
+void drawBoxBorder(Theme const& theme, Rect border, NSBorderType type)
+{
+    auto const& color = theme.color(type == NSBezelBorder ? ThemeRole::fieldBorderTop : ThemeRole::line);
+    strokeRounded(border, isSquare(type) ? 0 : boxRadius, *color);
+}
+
+}
+
 void Theme::drawBox(Rect border, BoxLook const& look, Rect title) const
 {
-    GraphicsState const saved;
-    bool const isSquare = look.border == NSLineBorder || look.border == NSBezelBorder;
-    float const radius = isSquare ? 0 : boxRadius;
-    if (look.fill)
+    float const radius = isSquare(look.border) ? 0 : boxRadius;
+    if (look.fill) {
         fillRounded(border, radius, *look.fill);
-    else if (look.isShaded && look.border != NSNoBorder)
-        fillRounded(border, radius, *color(ThemeRole::fieldShade));
+    } else if (look.isShaded && look.border != NSNoBorder) {
+        auto const shade = [&](Rect place) { fillRounded(place, radius, *color(ThemeRole::fieldShade)); };
+        ThemePicture const wanted { .kind = ThemePicture::Kind::box, .variant = radius > 0 ? 1 : 0 };
+        if (!drawThemePicture(border, wanted, shade))
+            shade(border);
+    }
     if (look.border == NSNoBorder)
         return;
+    // All but the title's place.
+    std::vector<Rect> parts;
     if (!title.isEmpty()) {
-        // All but the title's place.
-        auto const around = NSInsetRect(border, -1, -1);
-        auto const clip = NSBezierPath::bezierPath();
-        clip->appendBezierPathWithRect({ around.x, around.y, title.x - around.x, around.height });
-        clip->appendBezierPathWithRect({ title.maxX(), around.y, std::max(0.F, around.maxX() - title.maxX()), around.height });
         bool const isAtTop = title.midY() > border.midY();
-        clip->appendBezierPathWithRect(isAtTop
-                ? Rect { title.x, around.y, title.width, std::max(0.F, title.y - around.y) }
-                : Rect { title.x, title.maxY(), title.width, std::max(0.F, around.maxY() - title.maxY()) });
+        parts = { { border.x, border.y, title.x - border.x, border.height },
+            { title.maxX(), border.y, std::max(0.F, border.maxX() - title.maxX()), border.height },
+            isAtTop ? Rect { title.x, border.y, title.width, std::max(0.F, title.y - border.y) }
+                    : Rect { title.x, title.maxY(), title.width, std::max(0.F, border.maxY() - title.maxY()) } };
+    }
+    ThemePicture const wanted { .kind = ThemePicture::Kind::box, .variant = 2 + static_cast<int>(look.border) };
+    if (drawThemePicture(
+            border, wanted, [&](Rect place) { drawBoxBorder(*this, place, look.border); }, parts))
+        return;
+    GraphicsState const saved;
+    if (!parts.empty()) {
+        auto const clip = NSBezierPath::bezierPath();
+        for (auto const& part : parts)
+            clip->appendBezierPathWithRect(NSInsetRect(part, 0, -1));
         clip->addClip();
     }
-    strokeRounded(border, radius, *color(look.border == NSBezelBorder ? ThemeRole::fieldBorderTop : ThemeRole::line));
+    drawBoxBorder(*this, border, look.border);
 }
 
 void Theme::drawSeparator(Rect rect) const
@@ -128,16 +155,38 @@ void Theme::drawSplitDivider(Rect rect, bool isVertical, bool isPaneSplitter) co
 
 void Theme::drawProgressSlot(Rect rect, bool isBezeled) const
 {
-    fillRounded(rect, rect.height / 2, *color(ThemeRole::scrollerEdge));
-    if (isBezeled)
-        strokeRounded(rect, rect.height / 2, *color(ThemeRole::fieldBorder));
+    auto const draw = [&](Rect place) {
+        fillRounded(place, place.height / 2, *color(ThemeRole::scrollerEdge));
+        if (isBezeled)
+            strokeRounded(place, place.height / 2, *color(ThemeRole::fieldBorder));
+    };
+    if (!drawThemePicture(rect, { .kind = ThemePicture::Kind::progressSlot, .variant = isBezeled ? 1 : 0 }, draw))
+        draw(rect);
 }
 
 void Theme::drawProgressBar(Rect done, ControlLook const& look) const
 {
     if (done.isEmpty())
         return;
-    fillRounded(done, done.height / 2, *color(look.isWindowActive ? ThemeRole::buttonOnTop : ThemeRole::scrollerKnob));
+    auto const& ink = color(look.isWindowActive ? ThemeRole::buttonOnTop : ThemeRole::scrollerKnob);
+    // Only its ends are round: a bar of every width comes from two small pictures and what is between them.
+    float const end = std::ceil(done.height / 2);
+    if (done.width < 2 * end + 1) {
+        fillRounded(done, done.height / 2, *ink);
+        return;
+    }
+    Rect const whole { 0, 0, 2 * end, done.height };
+    ThemePicture const wanted { .kind = ThemePicture::Kind::progressBar, .variant = look.isWindowActive ? 1 : 0 };
+    auto const drawEnd = [&](float x, float from) {
+        Rect const place { x - from, done.y, whole.width, whole.height };
+        Rect const part { x, done.y, end, done.height };
+        return drawThemePicture(
+            place, wanted, [&](Rect rect) { fillRounded(rect, rect.height / 2, *ink); }, std::span(&part, 1));
+    };
+    if (!drawEnd(done.x, 0) || !drawEnd(done.maxX() - end, end))
+        fillRounded(done, done.height / 2, *ink);
+    else
+        fill({ done.x + end, done.y, done.width - 2 * end, done.height }, *ink);
 }
 
 void Theme::drawProgressWheel(Rect rect, double seconds, bool turns, ControlLook const&) const

@@ -51,7 +51,7 @@ Ref<NSBitmapImageRep> newPicture(Size size, float scale, FunctionRef<void(Rect)>
 
 }
 
-bool drawThemePicture(Rect rect, ThemePicture const& wanted, FunctionRef<void(Rect)> draw)
+bool drawThemePicture(Rect rect, ThemePicture const& wanted, FunctionRef<void(Rect)> draw, std::span<Rect const> parts)
 {
     static auto& s_pictures = *new RecentCache<ThemePicture, Ref<NSBitmapImageRep>>(mostPictures, mostBytes);
     auto const context = NSGraphicsContext::currentContext();
@@ -69,7 +69,12 @@ bool drawThemePicture(Rect rect, ThemePicture const& wanted, FunctionRef<void(Re
         s_pictures.keep(
             key, picture, static_cast<std::size_t>(picture->pixelsWide()) * static_cast<std::size_t>(picture->pixelsHigh()) * 4);
     // Its first row at the smallest y, whichever way that is.
-    return picture->draw({ rect, rectWith({}, key.size), NSCompositeSourceOver, 1, true });
+    for (auto const& part : parts) {
+        auto const shown = NSIntersectionRect(part, rect);
+        if (!shown.isEmpty())
+            picture->draw({ shown, NSOffsetRect(shown, -rect.x, -rect.y), NSCompositeSourceOver, 1, true });
+    }
+    return !parts.empty() || picture->draw({ rect, rectWith({}, key.size), NSCompositeSourceOver, 1, true });
 }
 
 }
