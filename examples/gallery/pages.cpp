@@ -3,6 +3,7 @@
 #include "boxes_page.h"
 #include "buttons_page.h"
 #include "combos_page.h"
+#include "live_page.h"
 #include "tables_page.h"
 #include "text_page.h"
 
@@ -22,6 +23,7 @@ using namespace plix;
 namespace {
 
 constexpr Page allPages[] {
+    { "live", "Live controls", makeLivePage },
     { "pictures", "Pictures", [] { return Ref<NSView>(make<PictureView>()); } },
     { "text", "Text", makeTextPage },
     { "buttons", "Buttons", makeButtonsPage },
