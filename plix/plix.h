@@ -154,9 +154,12 @@
 #include <plix/system/xml_path.h>
 #include <plix/tables/PLIXImageAndTextCell.h>
 #include <plix/tables/PLIXNSTableHeaderView.h>
+#include <plix/tables/PLIXOutlineView.h>
+#include <plix/tables/PLIXOutlineViewDelegate.h>
 #include <plix/tables/PLIXTableView.h>
 #include <plix/tables/PLIXTableViewDataSource.h>
 #include <plix/tables/PLIXTableViewDelegate.h>
+#include <plix/tables/outline_view_additions.h>
 #include <plix/tables/row_highlight.h>
 #include <plix/tables/table_column_additions.h>
 #include <plix/tables/table_shadows.h>

@@ -4,6 +4,7 @@
 #include <plix/platform/appkit/NSCell.h>
 #include <plix/platform/appkit/NSEvent.h>
 #include <plix/platform/appkit/NSMenu.h>
+#include <plix/platform/appkit/NSOutlineView.h>
 #include <plix/platform/appkit/NSTableColumn.h>
 #include <plix/platform/appkit/NSTableView.h>
 #include <plix/platform/appkit/NSTextFieldCell.h>
@@ -13,6 +14,7 @@
 #include <plix/platform/graphics/NSImage.h>
 #include <plix/system/identity.h>
 #include <plix/tables/PLIXNSTableHeaderView.h>
+#include <plix/tables/data_sources.h>
 #include <plix/tables/row_cells.h>
 #include <plix/tables/table_view_additions.h>
 
@@ -338,7 +340,7 @@ template <typename Platform> void StyledTable<Platform>::drawCellOfRow(long inde
     bool const isText = dynamic_cast<NSTextFieldCell*>(cell.get());
     if (isText)
         frame = textRoom(frame, m_highlightStyle, place, firstColumn());
-    if (this->dataSource() || this->dataSourceHooks().objectValueForTableColumn)
+    if (hasDataSource(*this))
         cell->setObjectValue(this->objectValueForCell(*column, row));
     this->tellWillDisplayCell(*cell, *column, row);
     if (PLIXSystemVersion() > lastVersionWithoutPreparedCells) {
@@ -353,5 +355,6 @@ template <typename Platform> void StyledTable<Platform>::drawCellOfRow(long inde
 }
 
 template class StyledTable<NSTableView>;
+template class StyledTable<NSOutlineView>;
 
 }

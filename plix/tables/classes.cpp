@@ -2,6 +2,7 @@
 
 #include <plix/tables/PLIXImageAndTextCell.h>
 #include <plix/tables/PLIXNSTableHeaderView.h>
+#include <plix/tables/PLIXOutlineView.h>
 #include <plix/tables/PLIXTableView.h>
 
 namespace plix {
@@ -10,6 +11,7 @@ void registerTableClasses()
 {
     PLIXImageAndTextCell::staticClass();
     PLIXNSTableHeaderView::staticClass();
+    PLIXOutlineView::staticClass();
     PLIXTableView::staticClass();
 }
 
