@@ -10,6 +10,7 @@
 #include <plix/platform/graphics/NSFont.h>
 #include <plix/platform/graphics/NSGraphics.h>
 #include <plix/tables/PLIXImageAndTextCell.h>
+#include <plix/tables/PLIXOutlineView.h>
 #include <plix/tables/PLIXTableView.h>
 
 #include <functional>
@@ -42,6 +43,37 @@ public:
         return column.identifier() == ObjectValue("name") ? city.name : city.country;
     }
     long count { std::ssize(cities) };
+};
+
+/// A part of a tree that is told its text.
+class Node final : public NSObject {
+public:
+    char const* text { "" };
+    std::vector<Ref<Node>> children;
+};
+
+Ref<Node> makeNode(char const* text, std::vector<Ref<Node>> children = {})
+{
+    auto node = make<Node>();
+    node->text = text;
+    node->children = std::move(children);
+    return node;
+}
+
+class Continents final : public NSObject {
+public:
+    long numberOfChildrenOfItem(NSOutlineView&, NSObject* item) { return std::ssize(childrenOf(item)); }
+    Ref<NSObject> child(NSOutlineView&, long index, NSObject* item) { return childrenOf(item)[static_cast<std::size_t>(index)]; }
+    bool isItemExpandable(NSOutlineView&, NSObject* item) { return !childrenOf(item).empty(); }
+    ObjectValue objectValueForTableColumn(NSOutlineView&, NSTableColumn&, NSObject* item)
+    {
+        return item ? static_cast<Node*>(item)->text : "";
+    }
+    std::vector<Ref<Node>> roots { makeNode("Europe", { makeNode("Norway", { makeNode("Oslo") }), makeNode("Portugal") }),
+        makeNode("Oceania", { makeNode("Fiji") }) };
+
+private:
+    std::vector<Ref<Node>> const& childrenOf(NSObject* item) { return item ? static_cast<Node*>(item)->children : roots; }
 };
 
 /// What a view shows here whatever window it is in.
@@ -230,8 +262,32 @@ void addImageCells(Desk& desk)
     }
 }
 
-void addMessage(Desk& desk)
+Ref<Staged<PLIXOutlineView>> makeOutline(Ref<Continents> const& tree)
 {
+    auto outline = make<Staged<PLIXOutlineView>>(rectWith({}, place));
+    outline->setRowHeight(17);
+    addColumn(*outline, "name", "Place", 192);
+    outline->setOutlineTableColumn(outline->tableColumns()[0].get());
+    outline->setDataSource(tree);
+    outline->expandItem(tree->roots[0].get(), true);
+    return outline;
+}
+
+void addOutlinesAndMessage(Desk& desk)
+{
+    auto const tree = make<Continents>();
+    auto const outline = makeOutline(tree);
+    outline->setHighlightStyle(PLIXHighlightCapsule);
+    outline->staging.isActive = true;
+    outline->selectRow(2, false);
+    desk.add("Outline", *outline, tree);
+
+    auto const grayTree = make<Continents>();
+    auto const gray = makeOutline(grayTree);
+    gray->selectRow(1, false);
+    desk.add("Outline, disabled", *gray, grayTree);
+    gray->setEnabled(false);
+
     auto const nothing = make<CityRows>();
     nothing->count = 0;
     auto const empty = makeTable(nothing);
@@ -249,7 +305,7 @@ Ref<NSView> makeTablesPage()
     addHighlights(*desk);
     addDrops(*desk);
     addImageCells(*desk);
-    addMessage(*desk);
+    addOutlinesAndMessage(*desk);
     return desk;
 }
 
