@@ -5,8 +5,10 @@
 #include <plix/app/PLIXApplication.h>
 #include <plix/bitstream/PLIXBitstream.h>
 #include <plix/controls/PLIXButton.h>
+#include <plix/controls/PLIXImageView.h>
 #include <plix/controls/PLIXPopUpButton.h>
 #include <plix/controls/PLIXPopUpButtonDelegate.h>
+#include <plix/controls/PLIXSegmentedControl.h>
 #include <plix/controls/PLIXTextAttachmentCell.h>
 #include <plix/controls/TQComboBoxCell.h>
 #include <plix/controls/TQPopUpButtonCell.h>

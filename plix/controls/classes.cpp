@@ -1,7 +1,9 @@
 #include <plix/controls/classes.h>
 
 #include <plix/controls/PLIXButton.h>
+#include <plix/controls/PLIXImageView.h>
 #include <plix/controls/PLIXPopUpButton.h>
+#include <plix/controls/PLIXSegmentedControl.h>
 #include <plix/controls/PLIXTextAttachmentCell.h>
 #include <plix/controls/TQComboBoxCell.h>
 #include <plix/controls/TQPopUpButtonCell.h>
@@ -13,6 +15,10 @@ void registerControlClasses()
 {
     PLIXButton::staticClass();
     PLIXPopUpButton::staticClass();
+    PLIXImageView::staticClass();
+    PLIXSegmentedCell::staticClass();
+    PLIXSegmentedControl::staticClass();
+    PLIXSegmentedControlButton::staticClass();
     TQPopUpButtonCell::staticClass();
     TQComboBoxCell::staticClass();
     TQSplitView::staticClass();
