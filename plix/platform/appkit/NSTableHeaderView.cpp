@@ -23,7 +23,6 @@ namespace {
 constexpr float dividerReach = 4;
 /// The pointer moves this far before a press becomes a drag of the column.
 constexpr float dragThreshold = 4;
-constexpr float draggedAlpha = 0.75F;
 
 }
 
