@@ -5,6 +5,7 @@
 #include <plix/app/PLIXApplication.h>
 #include <plix/bitstream/PLIXBitstream.h>
 #include <plix/controls/PLIXButton.h>
+#include <plix/controls/PLIXChiseledTextField.h>
 #include <plix/controls/PLIXImageView.h>
 #include <plix/controls/PLIXPopUpButton.h>
 #include <plix/controls/PLIXPopUpButtonDelegate.h>

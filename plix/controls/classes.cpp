@@ -1,6 +1,7 @@
 #include <plix/controls/classes.h>
 
 #include <plix/controls/PLIXButton.h>
+#include <plix/controls/PLIXChiseledTextField.h>
 #include <plix/controls/PLIXImageView.h>
 #include <plix/controls/PLIXPopUpButton.h>
 #include <plix/controls/PLIXSegmentedControl.h>
@@ -14,6 +15,7 @@ namespace plix {
 void registerControlClasses()
 {
     PLIXButton::staticClass();
+    PLIXChiseledTextField::staticClass();
     PLIXPopUpButton::staticClass();
     PLIXImageView::staticClass();
     PLIXSegmentedCell::staticClass();
