@@ -3,6 +3,7 @@
 #include "boxes_page.h"
 #include "buttons_page.h"
 #include "combos_page.h"
+#include "image_views_page.h"
 #include "live_page.h"
 #include "tables_page.h"
 #include "text_page.h"
@@ -30,6 +31,7 @@ constexpr Page allPages[] {
     { "menus", "Menus", makeMenusPage },
     { "combos", "Combo boxes and dates", makeCombosPage },
     { "boxes", "Boxes and progress", makeBoxesPage },
+    { "image_views", "Image views and segments", makeImageViewsPage },
     { "tables", "Tables and outlines", makeTablesPage },
 };
 
