@@ -51,6 +51,37 @@ public:
     std::function<void()> onAsk;
 };
 
+/// Rows that can be dragged out, and dropped on.
+class DraggableRows : public TableRows {
+public:
+    bool writeRowsWithIndexes(NSTableView&, NSIndexSet const& rowIndexes, NSPasteboard& pasteboard)
+    {
+        dragged = rowIndexes.indexes();
+        pasteboard.declareTypes({ NSStringPboardType });
+        pasteboard.setString("rows", NSStringPboardType);
+        return writes;
+    }
+    unsigned validateDrop(NSTableView& table, NSDraggingInfo&, long row, NSTableViewDropOperation operation)
+    {
+        proposed.emplace_back(row, operation);
+        if (onValidate)
+            onValidate(table);
+        return answered;
+    }
+    bool acceptDrop(NSTableView&, NSDraggingInfo&, long row, NSTableViewDropOperation operation)
+    {
+        dropped = { row, operation };
+        return true;
+    }
+
+    std::vector<long> dragged;
+    bool writes { true };
+    unsigned answered { NSDragOperationMove };
+    std::vector<std::pair<long, NSTableViewDropOperation>> proposed;
+    std::pair<long, NSTableViewDropOperation> dropped { -9, NSTableViewDropOn };
+    std::function<void(NSTableView&)> onValidate;
+};
+
 /// A table with columns "a", "b" and "c" in a scroll view that fills a window.
 class TableTest : public HeadlessTest {
 protected:

@@ -377,6 +377,7 @@ private:
         bool verticalMotionCanBeginDrag : 1 = true;
         bool autosaveTableColumns : 1 = false;
         bool isTiling : 1 = false;
+        bool isTileNeeded : 1 = false;
         bool isRestoringColumns : 1 = false;
         bool hasRowCount : 1 = false;
         bool isMovingStretch : 1 = false;
@@ -397,6 +398,7 @@ private:
     void markSelectionChanges(NSIndexSet const& before);
     void setSelection(RowSelection);
     void moveSelection(long distance, SelectionChange);
+    void moveSelectionTo(long row, long step, SelectionChange);
     long rowsInPage() const;
     void selectByClick(NSEvent&, long row);
     bool trackCell(NSEvent&, long column, long row);

@@ -31,8 +31,10 @@ void NSTableView::drawRect(Rect rect)
     highlightSelectionInClipRect(rect);
     drawGridInClipRect(rect);
     auto const rows = rowsInRect(rect);
-    for (long row = rows.location; row < rows.end() && row < numberOfRows(); ++row)
-        drawRow(row, rect);
+    for (long row = rows.location; row < rows.end() && row < numberOfRows(); ++row) {
+        if (needsToDrawRect(rectOfRow(row)))
+            drawRow(row, rect);
+    }
     if (!m_dropPlace)
         return;
     auto const place = *m_dropPlace;

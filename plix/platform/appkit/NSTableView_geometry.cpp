@@ -175,21 +175,24 @@ void NSTableView::scrollDocumentTo(double place)
 
 // MARK: layout
 
+// Setting the frame may have the scroll view show or hide scrollers, which changes the room: then once more.
 void NSTableView::tile()
 {
+    m_flags.isTileNeeded = true;
     if (m_flags.isTiling)
         return;
     m_flags.isTiling = true;
     numberOfRows();
-    Size size { columnsWidth(), m_rows.stretchHeight() };
-    if (auto const* clip = clipView()) {
-        size.width = std::max(size.width, clip->bounds().width);
-        size.height = std::max(size.height, clip->bounds().height);
-    }
-    Base::setFrameSize(size);
-    if (m_headerView) {
-        float const height = m_headerView->frame().height;
-        m_headerView->setFrameSize({ size.width, height });
+    for (int pass = 0; pass < 3 && m_flags.isTileNeeded; ++pass) {
+        m_flags.isTileNeeded = false;
+        Size size { columnsWidth(), m_rows.stretchHeight() };
+        if (auto const* clip = clipView()) {
+            size.width = std::max(size.width, clip->bounds().width);
+            size.height = std::max(size.height, clip->bounds().height);
+        }
+        Base::setFrameSize(size);
+        if (m_headerView)
+            m_headerView->setFrameSize({ size.width, m_headerView->frame().height });
     }
     m_flags.isTiling = false;
 }

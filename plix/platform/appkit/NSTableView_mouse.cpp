@@ -104,7 +104,7 @@ void NSTableView::selectByClick(NSEvent& event, long row)
     if (isPlain && trackCell(event, column, row))
         return;
     // A press on one of several selected rows may begin to drag them all; only the release selects the one.
-    bool const isPendingCollapse = isPlain && isRowSelected(row) && m_selection.rows.count() > 1;
+    bool const isPendingCollapse = isPlain && canWriteRows() && isRowSelected(row) && m_selection.rows.count() > 1;
     if (!isPendingCollapse)
         changeSelection(selectionAfterChange(m_selection, row, changeForClick(event), selectionRules()));
     trackSelection(event, row, isPendingCollapse);
@@ -179,7 +179,8 @@ void NSTableView::trackSelection(NSEvent& press, long row, bool isPendingCollaps
         long const target = now.y < 0 ? m_rows.firstRow : now.y >= m_rows.stretchHeight() ? lastInStretch : m_rows.rowAt(now.y);
         if (target < 0 || (target == m_selection.lead && !isPendingCollapse))
             continue;
-        isPendingCollapse = false;
+        if (std::exchange(isPendingCollapse, false))
+            changeSelection(selectionAfterChange(m_selection, row, SelectionChange::replace, selectionRules()));
         auto const change = m_flags.allowsMultipleSelection ? SelectionChange::extend : SelectionChange::replace;
         auto const wanted = selectionAfterChange(m_selection, target, change, selectionRules());
         if (wanted.rows == m_selection.rows)

@@ -214,19 +214,20 @@ long NSTableView::rowsInPage() const
 
 void NSTableView::moveSelection(long distance, SelectionChange change)
 {
+    if (auto const row = rowAfterMove(m_selection, distance, numberOfRows()))
+        moveSelectionTo(*row, distance > 0 ? 1 : -1, change);
+}
+
+// Rows that may not be selected are stepped over.
+void NSTableView::moveSelectionTo(long row, long step, SelectionChange change)
+{
     Ref<NSTableView> const protector(this);
-    auto row = rowAfterMove(m_selection, distance, numberOfRows());
-    if (!row)
+    while (row >= 0 && row < numberOfRows() && !isRowSelected(row) && !maySelectRow(row))
+        row += step;
+    if (row < 0 || row >= numberOfRows())
         return;
-    // Rows that may not be selected are stepped over.
-    long const step = distance > 0 ? 1 : -1;
-    while (*row >= 0 && *row < numberOfRows() && !isRowSelected(*row) && !maySelectRow(*row))
-        *row += step;
-    if (*row < 0 || *row >= numberOfRows())
-        return;
-    auto const target = *row;
-    changeSelection(selectionAfterChange(m_selection, target, change, selectionRules()));
-    scrollRowToVisible(target);
+    changeSelection(selectionAfterChange(m_selection, row, change, selectionRules()));
+    scrollRowToVisible(row);
 }
 
 void NSTableView::moveUp(NSObject*)
@@ -271,22 +272,22 @@ void NSTableView::pageDownAndModifySelection(NSObject*)
 
 void NSTableView::moveToBeginningOfDocument(NSObject*)
 {
-    moveSelection(-numberOfRows(), SelectionChange::replace);
+    moveSelectionTo(0, 1, SelectionChange::replace);
 }
 
 void NSTableView::moveToEndOfDocument(NSObject*)
 {
-    moveSelection(numberOfRows(), SelectionChange::replace);
+    moveSelectionTo(numberOfRows() - 1, -1, SelectionChange::replace);
 }
 
 void NSTableView::moveToBeginningOfDocumentAndModifySelection(NSObject*)
 {
-    moveSelection(-numberOfRows(), SelectionChange::extend);
+    moveSelectionTo(0, 1, SelectionChange::extend);
 }
 
 void NSTableView::moveToEndOfDocumentAndModifySelection(NSObject*)
 {
-    moveSelection(numberOfRows(), SelectionChange::extend);
+    moveSelectionTo(numberOfRows() - 1, -1, SelectionChange::extend);
 }
 
 // Sideways the columns move.
