@@ -8,19 +8,28 @@ PLIX_DESCRIBE(TQSplitView)
 {
 }
 
+// Whatever the base answers, the view is there.
 bool TQSplitView::init()
 {
-    return Base::init();
+    Base::init();
+    m_dividerThickness = usualThickness;
+    return true;
 }
 
 bool TQSplitView::init(Rect frame)
 {
-    return Base::init(frame);
+    if (!Base::init(frame))
+        return false;
+    m_dividerThickness = usualThickness;
+    return true;
 }
 
 bool TQSplitView::init(NSCoder& coder)
 {
-    return Base::init(coder);
+    if (!Base::init(coder))
+        return false;
+    m_dividerThickness = usualThickness;
+    return true;
 }
 
 }

@@ -18,7 +18,8 @@ public:
     void setDividerThickness(float thickness) { m_dividerThickness = thickness; }
 
 private:
-    float m_dividerThickness { 7 };
+    static constexpr float usualThickness = 7;
+    float m_dividerThickness { usualThickness };
 };
 
 }
