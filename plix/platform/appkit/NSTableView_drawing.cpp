@@ -101,6 +101,7 @@ void NSTableView::prepareCell(NSCell& cell, NSTableColumn& column, long row)
     tellWillDisplayCell(cell, column, row);
 }
 
+// What the hooks are told with may be all that holds the column and its cell.
 NSCell* NSTableView::preparedCellAtColumn(long column, long row)
 {
     Ref<NSTableColumn> const tableColumn(columnAt(column));
@@ -112,7 +113,8 @@ NSCell* NSTableView::preparedCellAtColumn(long column, long row)
     cell->setHighlighted(false);
     prepareCell(*cell, *tableColumn, row);
     cell->setHighlighted(isRowSelected(row) || isColumnSelected(column));
-    return tableColumn->dataCell() == cell.get() ? cell.get() : tableColumn->dataCellForRow(row);
+    bool const isStillThere = tableColumn->tableView() == this && row < numberOfRows();
+    return isStillThere && tableColumn->dataCellForRow(row) == cell.get() ? cell.get() : nullptr;
 }
 
 void NSTableView::drawRow(long row, Rect clipRect)
