@@ -1,6 +1,7 @@
 #include <plix/platform/graphics/GlyphPainter.h>
 
 #include <plix/platform/graphics/GlyphFont.h>
+#include <plix/platform/graphics/GlyphShadow.h>
 #include <plix/platform/graphics/NSColor.h>
 #include <plix/platform/graphics/NSGraphics.h>
 #include <plix/platform/graphics/NSGraphicsContext.h>
@@ -14,6 +15,9 @@
 namespace plix {
 
 namespace {
+
+/// Glyphs farther from the pixels' corner than this are left to Cairo.
+constexpr double farthestPlace = 1e6;
 
 /// As Cairo rounds a glyph's place.
 int nearestPixel(double value)
@@ -32,7 +36,7 @@ GlyphPainter::GlyphPainter(NSGraphicsContext& context)
     double const down = state.isFlipped ? matrix.yy : -matrix.yy;
     if (keepsAxes(matrix) && matrix.xx > 0 && std::abs(matrix.xx - down) < 1e-6)
         m_scale = matrix.xx;
-    m_blends = m_scale > 0 && state.operation == NSCompositeSourceOver && !state.hasShadow() && state.clipIsRectangle;
+    m_blends = m_scale > 0 && state.operation == NSCompositeSourceOver && state.clipIsRectangle;
     setColor(nullptr);
 }
 
@@ -54,20 +58,57 @@ void GlyphPainter::paint(GlyphFont& font, std::span<SetGlyph const> glyphs, Poin
 {
     if (glyphs.empty() || !std::isfinite(origin.x) || !std::isfinite(origin.y))
         return;
-    if (m_blends && !(m_color && m_color->patternImage()))
+    bool const isPlain = m_blends && !(m_color && m_color->patternImage());
+    if (isPlain && (!m_internals.state().hasShadow() || blendShadow(font, glyphs, origin)))
         blend(font, glyphs, origin);
     else
         paintByCairo(font, glyphs, origin);
+}
+
+void GlyphPainter::beginBlending()
+{
+    if (m_hasBlended)
+        return;
+    cairo_surface_flush(m_internals.surface.get());
+    m_hasBlended = true;
+}
+
+bool GlyphPainter::blendShadow(GlyphFont& font, std::span<SetGlyph const> glyphs, Point origin)
+{
+    if (m_pixel >> 24 != 0xFF)
+        return false;
+    auto const& state = m_internals.state();
+    GlyphShadow shadow(state.shadow, static_cast<double>(m_internals.pixels.scale), state.clip);
+    auto const matrix = m_internals.matrix();
+    auto const xOf = [&](SetGlyph const& glyph) {
+        return matrix.xx * static_cast<double>(origin.x) + matrix.x0 + m_scale * static_cast<double>(glyph.x);
+    };
+    auto const yOf = [&](SetGlyph const& glyph) {
+        return matrix.yy * static_cast<double>(origin.y) + matrix.y0 + m_scale * static_cast<double>(glyph.y);
+    };
+    for (auto const& glyph : glyphs) {
+        double const x = xOf(glyph);
+        double const y = yOf(glyph);
+        bool const isFar = std::abs(x) > farthestPlace || std::abs(y) > farthestPlace;
+        auto const* mask = glyph.glyph & SetGlyph::isUnknown || isFar ? nullptr : font.mask(glyph.glyph, m_scale);
+        if (!mask)
+            return false;
+        shadow.enclose(*mask, nearestPixel(x), nearestPixel(y));
+    }
+    if (shadow.isEmpty())
+        return true;
+    for (auto const& glyph : glyphs)
+        shadow.add(*font.mask(glyph.glyph, m_scale), nearestPixel(xOf(glyph)), nearestPixel(yOf(glyph)));
+    beginBlending();
+    shadow.blend(m_internals.pixels);
+    return true;
 }
 
 void GlyphPainter::blend(GlyphFont& font, std::span<SetGlyph const> glyphs, Point origin)
 {
     if (m_pixel >> 24 == 0)
         return;
-    if (!m_hasBlended) {
-        cairo_surface_flush(m_internals.surface.get());
-        m_hasBlended = true;
-    }
+    beginBlending();
     auto const matrix = m_internals.matrix();
     double const x = matrix.xx * static_cast<double>(origin.x) + matrix.x0;
     double const y = matrix.yy * static_cast<double>(origin.y) + matrix.y0;

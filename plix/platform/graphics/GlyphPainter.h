@@ -16,9 +16,9 @@ class NSColor;
 class NSGraphicsContext;
 struct ContextInternals;
 
-/// Paints glyphs into a context, upright as the context's flippedness says. In the ordinary case (source over, no shadow, an
-/// upright transform, a clip that is a rectangle) it blends masks into the pixels itself; otherwise it hands them to Cairo. What
-/// both give is the same: each glyph stands on whole device pixels.
+/// Paints glyphs into a context, upright as the context's flippedness says. In the ordinary case (source over, an upright
+/// transform, a clip that is a rectangle) it blends masks into the pixels itself, after their shadow where there is one; otherwise
+/// it hands them to Cairo. What both give is the same: each glyph stands on whole device pixels.
 class GlyphPainter {
 public:
     explicit GlyphPainter(NSGraphicsContext&);
@@ -35,7 +35,10 @@ public:
     double uprightScale() const { return m_scale; }
 
 private:
+    void beginBlending();
     void blend(GlyphFont&, std::span<SetGlyph const> glyphs, Point origin);
+    /// False, with nothing done, where a glyph has no mask or the colour is not opaque.
+    bool blendShadow(GlyphFont&, std::span<SetGlyph const> glyphs, Point origin);
     bool blendGlyph(GlyphFont&, SetGlyph const&, double x, double y);
     void paintByCairo(GlyphFont&, std::span<SetGlyph const> glyphs, Point origin);
     void paintUnknown(SetGlyph const&, float height, Point origin);

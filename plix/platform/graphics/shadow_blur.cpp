@@ -206,7 +206,13 @@ void blurShadowMask(std::uint8_t* mask, int width, int height, int stride, float
     if (!(deviation > 0) || width <= 0 || height <= 0)
         return;
     if (deviation <= largestKernelDeviation) {
-        applyKernel(mask, width, height, stride, kernelFor(deviation));
+        thread_local Kernel kernel;
+        thread_local float deviationOfKernel = 0;
+        if (deviationOfKernel != deviation) {
+            kernel = kernelFor(deviation);
+            deviationOfKernel = deviation;
+        }
+        applyKernel(mask, width, height, stride, kernel);
         return;
     }
     std::vector<std::uint8_t> scratch(static_cast<std::size_t>(std::max(width, height)));

@@ -3,9 +3,11 @@
 #include <plix/platform/graphics/FocusLock.h>
 #include <plix/platform/graphics/NSBezierPath.h>
 #include <plix/platform/graphics/NSColor.h>
+#include <plix/platform/graphics/NSFont.h>
 #include <plix/platform/graphics/NSGraphics.h>
 #include <plix/platform/graphics/NSGraphicsContext.h>
 #include <plix/platform/graphics/NSImage.h>
+#include <plix/platform/graphics/string_drawing.h>
 
 #include <tests/support/pixels.h>
 
@@ -129,6 +131,52 @@ TEST(NSShadow, ReachesIntoTheClipFromShapesOutsideIt)
         NSRectFill({ 2, 2, 6, 6 });
     });
     EXPECT_EQ(inkBounds(bitmap, colors::clear), (PixelRect { 10, 2, 6, 6 }));
+}
+
+/// A text with a shadow, drawn where the clip is a rectangle, or else one that is none and hides nothing either.
+Ref<NSBitmapImageRep> shadowedText(NSShadow& shadow, float scale, bool isClippedByPath, Rect clip, ColorComponents text)
+{
+    return renderBitmap({ 120, 30 }, scale,
+        [&] {
+            GraphicsState const saved;
+            if (isClippedByPath) {
+                auto const beyond = NSBezierPath::bezierPath();
+                beyond->appendBezierPathWithOvalInRect({ -2000, -2000, 4000, 4000 });
+                beyond->addClip();
+            }
+            NSGraphicsContext::currentContext()->clipToRect(clip);
+            Attributes const attributes { { NSFontAttributeName, NSFont::boldSystemFontOfSize(13) },
+                { NSForegroundColorAttributeName, NSColor::colorWithDeviceRed(text.red, text.green, text.blue, text.alpha) },
+                { NSShadowAttributeName, Ref<NSShadow>(&shadow) } };
+            drawAtPoint("Affixes, To way", { 10.3F, 5.6F }, attributes);
+        },
+        { 0.3F, 0.5F, 0.9F, 1 });
+}
+
+TEST(NSShadow, OfTextIsTheSameHoweverItIsDrawn)
+{
+    struct Row {
+        Size offset;
+        float radius;
+        Rect clip;
+        ColorComponents text;
+    };
+    for (auto const& row : {
+             Row { { 0, -1 }, 1, { 0, 0, 120, 30 }, colors::white },
+             Row { { 3, 4 }, 0, { 0, 0, 120, 30 }, colors::white },
+             Row { { -2, 2 }, 6, { 0, 0, 120, 30 }, colors::black },
+             Row { { 0, -1 }, 2, { 40, 8, 11, 9 }, colors::white },
+             Row { { 60, 0 }, 1, { 100, 0, 20, 30 }, colors::white },
+             Row { { 0, -1 }, 1, { 0, 0, 120, 30 }, { 1, 1, 1, 0.5F } },
+         }) {
+        auto const shadow = shadowWith(row.offset, row.radius, NSColor::colorWithCalibratedRed(0.1F, 0, 0.2F, 0.8F));
+        for (float const scale : { 1.0F, 2.0F }) {
+            auto const blended = shadowedText(*shadow, scale, false, row.clip, row.text);
+            auto const byPath = shadowedText(*shadow, scale, true, row.clip, row.text);
+            EXPECT_EQ(countDifferences(blended, byPath, 3.0F / 255), 0) << row.offset.width << " " << row.radius << " " << scale;
+            EXPECT_TRUE(hasInk(blended, { 0, 0, blended->pixels().width, blended->pixels().height }, { 0.3F, 0.5F, 0.9F, 1 }));
+        }
+    }
 }
 
 }
