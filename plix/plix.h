@@ -6,6 +6,7 @@
 #include <plix/bitstream/PLIXBitstream.h>
 #include <plix/controls/PLIXButton.h>
 #include <plix/controls/PLIXChiseledTextField.h>
+#include <plix/controls/PLIXChiseledTextPopUpButton.h>
 #include <plix/controls/PLIXImageView.h>
 #include <plix/controls/PLIXPopUpButton.h>
 #include <plix/controls/PLIXPopUpButtonDelegate.h>

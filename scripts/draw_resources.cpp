@@ -112,10 +112,12 @@ void drawRightPressed(Size size)
     drawPill(size, -2 * size.width, pressedAlpha);
 }
 
+/// The button centres the image on the title's height, without asking where the title is: it is high up in its image so that it
+/// stands beside the middle of the letters.
 void drawDownArrow(float white)
 {
     setGrey(white, white < 0.5F ? 0.75F : 1.0F);
-    polygon({ { 0.5F, 5 }, { 7.5F, 5 }, { 4, 1 } })->fill();
+    polygon({ { 0.5F, 11 }, { 7.5F, 11 }, { 4, 7 } })->fill();
 }
 
 void drawBlackArrow(Size)
@@ -166,8 +168,8 @@ Resource const resources[] = {
     { "chiseledPopUp_LeftCap_MouseDown", { 10, 20 }, drawLeftPressed },
     { "chiseledPopUp_Middle_MouseDown", { 10, 20 }, drawMiddlePressed },
     { "chiseledPopUp_RightCap_MouseDown", { 10, 20 }, drawRightPressed },
-    { "chiseledPopUp_DownArrow_Black", { 8, 6 }, drawBlackArrow },
-    { "chiseledPopUp_DownArrow_White", { 8, 6 }, drawWhiteArrow },
+    { "chiseledPopUp_DownArrow_Black", { 8, 12 }, drawBlackArrow },
+    { "chiseledPopUp_DownArrow_White", { 8, 12 }, drawWhiteArrow },
     { "windowbackground", { 16, 800 }, drawWindowBackground },
     { "resizeindicator", { 12, 12 }, drawResizeIndicator },
 };

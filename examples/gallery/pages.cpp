@@ -2,6 +2,7 @@
 #include "PictureView.h"
 #include "boxes_page.h"
 #include "buttons_page.h"
+#include "chiseled_page.h"
 #include "combos_page.h"
 #include "image_views_page.h"
 #include "live_page.h"
@@ -33,6 +34,7 @@ constexpr Page allPages[] {
     { "boxes", "Boxes and progress", makeBoxesPage },
     { "image_views", "Image views and segments", makeImageViewsPage },
     { "tables", "Tables and outlines", makeTablesPage },
+    { "chiseled", "Engraved titles", makeChiseledPage },
 };
 
 Ref<NSWindow> windowFor(Page const& page)

@@ -1,12 +1,10 @@
 #include <plix/controls/PLIXChiseledTextField.h>
 
+#include <plix/controls/window_activity.h>
 #include <plix/format/attributed_string_additions.h>
 #include <plix/format/color_additions.h>
-#include <plix/platform/appkit/NSApplication.h>
-#include <plix/platform/appkit/NSPanel.h>
 #include <plix/platform/appkit/NSTextAttachment.h>
 #include <plix/platform/appkit/NSTextAttachmentCell.h>
-#include <plix/platform/appkit/NSWindow.h>
 #include <plix/platform/foundation/NSCoder.h>
 #include <plix/platform/foundation/NSNotificationCenter.h>
 #include <plix/platform/graphics/NSColor.h>
@@ -15,8 +13,6 @@
 #include <plix/platform/graphics/NSImage.h>
 #include <plix/platform/graphics/NSMutableAttributedString.h>
 #include <plix/system/identity.h>
-
-#include <typeinfo>
 
 namespace plix {
 
@@ -28,7 +24,6 @@ Global<NSColor> PLIXChiseledTextField_DisabledColor;
 
 namespace {
 
-constexpr std::uint32_t lastVersionWithoutKeyLooks = 0x101F;
 constexpr std::uint32_t lastVersionWithLightShadows = 0x104F;
 
 constexpr Point shadowOffset { 0, 1 };
@@ -91,11 +86,6 @@ Ref<NSMutableAttributedString> coloredCopy(NSAttributedString const& text, NSCol
 ObjectValue textForColor(Ref<NSColor> const& color)
 {
     return color ? ObjectValue(asCalibratedRGBString(*color)) : ObjectValue();
-}
-
-bool followsOwnKeyState(NSWindow const* window)
-{
-    return window && (typeid(*window) == typeid(NSWindow) || typeid(*window) == typeid(NSPanel));
 }
 
 }
@@ -314,26 +304,9 @@ void PLIXChiseledTextField::setEnabled(bool flag)
         wear(m_disabledColor, m_shadowInactiveColor);
 }
 
-// What an earlier window registered stays until the label goes. That is meant, and so is a label in no window following the
-// application.
 void PLIXChiseledTextField::viewDidMoveToWindow()
 {
-    if (PLIXSystemVersion() <= lastVersionWithoutKeyLooks)
-        return;
-    auto& center = NSNotificationCenter::defaultCenter();
-    auto const activates = [this](NSNotification const& notification) { activate(&notification); };
-    auto const deactivates = [this](NSNotification const& notification) { deactivate(&notification); };
-    if (followsOwnKeyState(window())) {
-        center.addObserver(*this, deactivates, NSWindowDidResignKeyNotification, window());
-        center.addObserver(*this, deactivates, NSWindowWillBeginSheetNotification, window());
-        center.addObserver(*this, activates, NSWindowDidBecomeKeyNotification, window());
-        return;
-    }
-    // Nothing is done with the answer; that is meant.
-    if (window())
-        static_cast<void>(window()->parentWindow());
-    center.addObserver(*this, activates, NSApplicationDidBecomeActiveNotification, NSApp.get());
-    center.addObserver(*this, deactivates, NSApplicationDidResignActiveNotification, NSApp.get());
+    followActivity(*this);
 }
 
 // The base is not asked; that is meant.

@@ -2,6 +2,7 @@
 
 #include <plix/controls/PLIXButton.h>
 #include <plix/controls/PLIXChiseledTextField.h>
+#include <plix/controls/PLIXChiseledTextPopUpButton.h>
 #include <plix/controls/PLIXImageView.h>
 #include <plix/controls/PLIXPopUpButton.h>
 #include <plix/controls/PLIXSegmentedControl.h>
@@ -17,6 +18,7 @@ void registerControlClasses()
     PLIXButton::staticClass();
     PLIXChiseledTextField::staticClass();
     PLIXPopUpButton::staticClass();
+    PLIXChiseledTextPopUpButton::staticClass();
     PLIXImageView::staticClass();
     PLIXSegmentedCell::staticClass();
     PLIXSegmentedControl::staticClass();

@@ -26,7 +26,7 @@ public:
 
     // Those of the cell; see NSButtonCell.
     virtual void setButtonType(NSButtonType);
-    std::string const& title() const;
+    virtual std::string const& title() const;
     virtual void setTitle(std::string_view);
     std::string const& alternateTitle() const;
     void setAlternateTitle(std::string_view);
