@@ -6,6 +6,7 @@
 #include <plix/platform/foundation/NSNotificationCenter.h>
 #include <plix/system/identity.h>
 
+#include <span>
 #include <typeinfo>
 
 namespace plix {
@@ -24,24 +25,52 @@ inline ActivitySource activitySourceFor(NSWindow const* window)
     return isPlain ? ActivitySource::window : ActivitySource::application;
 }
 
+/// A notification and what it makes a view.
+struct ActivityNotification {
+    char const* name;
+    bool isActive;
+};
+
+/// In the order in which a view registers for them.
+inline std::span<ActivityNotification const> activityNotifications(ActivitySource source)
+{
+    static constexpr ActivityNotification ofWindow[] {
+        { NSWindowDidResignKeyNotification, false },
+        { NSWindowWillBeginSheetNotification, false },
+        { NSWindowDidBecomeKeyNotification, true },
+    };
+    static constexpr ActivityNotification ofApplication[] {
+        { NSApplicationDidBecomeActiveNotification, true },
+        { NSApplicationDidResignActiveNotification, false },
+    };
+    switch (source) {
+    case ActivitySource::none:
+        return {};
+    case ActivitySource::window:
+        return ofWindow;
+    case ActivitySource::application:
+        return ofApplication;
+    }
+    return {};
+}
+
 /// Has the view's activate() and deactivate() called from now on. From viewDidMoveToWindow(): what it registered for an earlier
 /// window stays until the view goes. That is meant, and so is a view in no window following the application.
 template <typename T> ActivitySource followActivity(T& view)
 {
-    auto& center = NSNotificationCenter::defaultCenter();
-    auto const activate = [&view](NSNotification const& notification) { view.activate(&notification); };
-    auto const deactivate = [&view](NSNotification const& notification) { view.deactivate(&notification); };
     auto const source = activitySourceFor(view.window());
-    if (source == ActivitySource::window) {
-        center.addObserver(view, deactivate, NSWindowDidResignKeyNotification, view.window());
-        center.addObserver(view, deactivate, NSWindowWillBeginSheetNotification, view.window());
-        center.addObserver(view, activate, NSWindowDidBecomeKeyNotification, view.window());
-    } else if (source == ActivitySource::application) {
-        // Nothing is done with the answer; that is meant.
-        if (view.window())
-            static_cast<void>(view.window()->parentWindow());
-        center.addObserver(view, activate, NSApplicationDidBecomeActiveNotification, NSApp.get());
-        center.addObserver(view, deactivate, NSApplicationDidResignActiveNotification, NSApp.get());
+    // Nothing is done with the answer; that is meant.
+    if (source == ActivitySource::application && view.window())
+        static_cast<void>(view.window()->parentWindow());
+    NSObject const* teller = source == ActivitySource::window ? static_cast<NSObject*>(view.window()) : NSApp.get();
+    auto& center = NSNotificationCenter::defaultCenter();
+    for (auto const& [name, isActive] : activityNotifications(source)) {
+        if (isActive)
+            center.addObserver(
+                view, [&view](NSNotification const& told) { view.activate(&told); }, name, teller);
+        else
+            center.addObserver(
+                view, [&view](NSNotification const& told) { view.deactivate(&told); }, name, teller);
     }
     return source;
 }
