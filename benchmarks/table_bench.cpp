@@ -248,22 +248,31 @@ PLIX_FIGURE("table.reload_10m")
     figure.time({ [&] { table.view->reloadData(); } });
 }
 
-// Operator new while a warm frame is drawn, less what the data source makes itself.
-PLIX_FIGURE("table.allocations")
+/// Operator new while a warm frame is drawn, less what the data source makes itself.
+struct FrameAllocations {
+    long inFrame { 0 };
+    /// From the first value that the table asks for to the last.
+    long betweenHooks { 0 };
+};
+
+FrameAllocations allocationsOfWarmFrame()
 {
     Machine const machine;
     Table table(1000000);
-    table.draw();
-    table.draw();
     long inHooks = 0;
+    long firstHook = -1;
+    long lastHook = 0;
     NSTableViewDataSource hooks;
     hooks.numberOfRowsInTableView = [](NSTableView&) { return 1000000L; };
     hooks.objectValueForTableColumn = [&](NSTableView&, NSTableColumn& column, long row) {
         long const before = allocationCount();
+        if (firstHook < 0)
+            firstHook = before;
         std::string text;
         formatTableCell(text, row, column.identifier().intValue());
         ObjectValue value(std::move(text));
-        inHooks += allocationCount() - before;
+        lastHook = allocationCount();
+        inHooks += lastHook - before;
         return value;
     };
     table.view->setDataSourceHooks(std::move(hooks));
@@ -272,11 +281,24 @@ PLIX_FIGURE("table.allocations")
     table.draw();
     table.draw();
     inHooks = 0;
+    firstHook = -1;
     table.view->setNeedsDisplay(true);
     long const before = allocationCount();
     table.window->displayIfNeeded();
+    return { allocationCount() - before - inHooks, lastHook - firstHook - inHooks };
+}
+
+PLIX_FIGURE("table.allocations")
+{
     figure.setUnit("allocations");
-    figure.count(static_cast<double>(allocationCount() - before - inHooks));
+    figure.count(static_cast<double>(allocationsOfWarmFrame().betweenHooks));
+}
+
+// With what the window does about dirty areas.
+PLIX_FIGURE("table.allocations_frame")
+{
+    figure.setUnit("allocations");
+    figure.count(static_cast<double>(allocationsOfWarmFrame().inFrame));
 }
 
 PLIX_FIGURE("table.rss_1m")

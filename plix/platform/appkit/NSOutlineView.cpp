@@ -9,6 +9,7 @@
 #include <plix/platform/appkit/button_constants.h>
 #include <plix/platform/foundation/NSCoder.h>
 #include <plix/platform/foundation/NSNotificationCenter.h>
+#include <plix/platform/graphics/NSColor.h>
 
 #include <algorithm>
 #include <cmath>
@@ -403,9 +404,6 @@ void NSOutlineView::drawMarker(long row, NSObject& item)
     auto const rect = frameOfOutlineCellAtRow(row);
     if (rect.isEmpty() || !column)
         return;
-    auto look = selectionLook();
-    look.isPressed = m_pressedItem.get() == &item;
-    look.isFocused = false;
     if (m_hooks.willDisplayOutlineCell) {
         if (!m_markerCell) {
             m_markerCell = make<NSButtonCell>("");
@@ -414,7 +412,15 @@ void NSOutlineView::drawMarker(long row, NSObject& item)
         m_markerCell->setState(m_tree.isExpanded(&item) ? NSOnState : NSOffState);
         m_hooks.willDisplayOutlineCell(*this, *m_markerCell, *column, &item);
     }
-    Theme::current().drawDisclosureTriangle(rect, m_tree.isExpanded(&item), look);
+    auto const& theme = Theme::current();
+    auto const look = selectionLook();
+    bool const isOpen = m_tree.isExpanded(&item);
+    if (m_pressedItem.get() == &item)
+        theme.drawDisclosureTriangle(rect, isOpen, *theme.color(ThemeRole::headerText));
+    else if (isRowSelected(row) && look.isFocused && look.isWindowActive)
+        theme.drawDisclosureTriangle(rect, isOpen, *theme.selectionTextColor(look));
+    else
+        theme.drawDisclosureTriangle(rect, isOpen, look);
 }
 
 void NSOutlineView::drawRow(long row, Rect clipRect)

@@ -132,7 +132,12 @@ void NSTableView::drawRow(long row, Rect clipRect)
             if (auto const color = _highlightColorForCell(*cell))
                 Theme::current().fill(frame, *color);
         }
+        // In a table that takes no clicks, cells look as if they took none.
+        bool const wasEnabled = cell->isEnabled();
+        if (!isEnabled())
+            cell->setEnabled(false);
         cell->drawWithFrame(frame, *this);
+        cell->setEnabled(wasEnabled);
         cell->setHighlighted(false);
     }
 }

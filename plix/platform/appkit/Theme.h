@@ -98,6 +98,7 @@ public:
     Ref<NSColor> const& buttonTextColor(ButtonLook const&) const;
     /// A disclosure triangle, pointing right (off) or down (on).
     void drawDisclosureTriangle(Rect, bool isOpen, ControlLook const&) const;
+    static void drawDisclosureTriangle(Rect, bool isOpen, NSColor const&);
 
     // Menus.
     void drawMenuBackground(Rect) const;

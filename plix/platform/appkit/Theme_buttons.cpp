@@ -208,10 +208,15 @@ void Theme::drawIndicator(Rect rect, ButtonFace face, int state, ButtonLook cons
 
 void Theme::drawDisclosureTriangle(Rect rect, bool isOpen, ControlLook const& look) const
 {
+    drawDisclosureTriangle(rect, isOpen, *color(look.isEnabled ? ThemeRole::secondaryText : ThemeRole::buttonDisabledText));
+}
+
+void Theme::drawDisclosureTriangle(Rect rect, bool isOpen, NSColor const& color)
+{
     constexpr float halfBase = 4.5F;
     constexpr float reach = 7;
     GraphicsState const saved;
-    color(look.isEnabled ? ThemeRole::secondaryText : ThemeRole::buttonDisabledText)->setFill();
+    color.setFill();
     auto const triangle = NSBezierPath::bezierPath();
     Point const middle { std::round(rect.midX()), std::round(rect.midY()) };
     if (isOpen) {
