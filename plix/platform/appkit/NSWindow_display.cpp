@@ -149,8 +149,10 @@ void NSWindow::Internals::drawRegion(Region const& region)
             ViewDrawing(*target).drawTree(*contentView, whole.rects());
     }
     isDrawing = false;
+    hostsInUse.clear();
     toPresent.add(whole);
     presentNow();
+    placeHost();
 }
 
 void NSWindow::Internals::displayDirty(NSView& root)

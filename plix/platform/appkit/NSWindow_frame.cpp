@@ -159,12 +159,18 @@ void NSWindow::setFrame(Rect frame, bool display)
     if (content != before) {
         m->content = content;
         // The host answers with what it made of it, which is another change where it differs.
-        if (m->host)
-            m->host->setContentRect(content);
+        m->placeHost();
         m->contentRectChanged(before);
     }
     if (display)
         displayIfNeeded();
+}
+
+void NSWindow::Internals::placeHost()
+{
+    // A new size takes the pixels away that are being drawn into.
+    if (host && !isDrawing && host->contentRect() != content)
+        host->setContentRect(content);
 }
 
 void NSWindow::Internals::contentRectChanged(Rect before)

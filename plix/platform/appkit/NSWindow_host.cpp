@@ -166,8 +166,7 @@ void NSWindow::Internals::hostWindowContentRectChanged(Rect rect)
         }
     }
     content = rect;
-    if (host && host->contentRect() != rect)
-        host->setContentRect(rect);
+    placeHost();
     contentRectChanged(before);
     if (isInLiveResize)
         self.displayIfNeeded();

@@ -26,6 +26,8 @@ struct NSWindow::Internals final : HostWindowClient {
 
     // Frame and host. The content rectangle decides; the frame is what surrounds it.
     std::unique_ptr<HostWindow> host;
+    /// Of windows that were closed while they draw, until they have drawn.
+    std::vector<std::unique_ptr<HostWindow>> hostsInUse;
     Rect content;
     HostWindow::FrameExtents extents;
     unsigned styleMask { 0 };
@@ -134,6 +136,8 @@ struct NSWindow::Internals final : HostWindowClient {
     void dropHost();
     void updateExtents();
     void applySizeLimits();
+    /// Gives the host's window the content's rectangle; while the window draws, when it has drawn.
+    void placeHost();
     void contentRectChanged(Rect before);
     /// Tells when the window is on another screen than before.
     void noteScreen();

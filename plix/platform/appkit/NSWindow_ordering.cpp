@@ -38,6 +38,9 @@ void NSWindow::Internals::dropHost()
     contextPixels = {};
     toPresent.clear();
     hasHostFocus = false;
+    // What is being drawn goes on into its pixels.
+    if (isDrawing)
+        hostsInUse.push_back(std::move(host));
     host.reset();
     updateExtents();
 }

@@ -3,9 +3,13 @@
 #include <tests/support/pixels.h>
 
 #include <plix/platform/graphics/FocusLock.h>
+#include <plix/platform/graphics/NSGraphics.h>
 #include <plix/platform/graphics/NSGraphicsContext.h>
 
 #include <gmock/gmock.h>
+
+#include <functional>
+#include <utility>
 
 namespace plix {
 namespace {
@@ -388,6 +392,47 @@ TEST_F(RetinaDisplay, PointsAreTwoPixelsAndDirtyAreasGrowToWholePixels)
     pump();
     EXPECT_THAT(root->drawnRects, ElementsAre(Rect { 10, 10, 0.5F, 0.5F }));
     EXPECT_EQ(root->centerScanRect({ 10.2F, 10.3F, 5, 5 }), (Rect { 10, 10.5F, 5, 5 }));
+}
+
+/// Does something in the middle of its drawing, then draws on.
+class Meddler : public NSView {
+public:
+    using NSView::init;
+    void drawRect(Rect) override
+    {
+        if (auto const act = std::exchange(meddle, nullptr))
+            act();
+        NSColor::blueColor()->set();
+        NSRectFill(bounds());
+    }
+    std::function<void()> meddle;
+};
+
+TEST_F(NSViewDisplay, AWindowMayBeResizedWhileItDraws)
+{
+    auto const meddler = make<Meddler>(Rect { 0, 0, 200, 150 });
+    root->addSubview(*meddler);
+    meddler->meddle = [this] { window->setContentSize({ 900, 700 }); };
+    pump();
+    EXPECT_EQ(hostWindow(*window)->contentRect().size(), (Size { 900, 700 }));
+    EXPECT_EQ(window->contentView()->frame().size(), (Size { 900, 700 }));
+    pump();
+    auto const picture = window->snapshot();
+    EXPECT_EQ(picture->pixelsWide(), 900);
+    EXPECT_EQ(Pixels(picture).colorAt(100, 600), colors::blue);
+}
+
+TEST_F(NSViewDisplay, AWindowMayBeClosedWhileItDraws)
+{
+    auto const meddler = make<Meddler>(Rect { 0, 0, 200, 150 });
+    window->setReleasedWhenClosed(false);
+    root->addSubview(*meddler);
+    meddler->meddle = [this] { window->close(); };
+    pump();
+    EXPECT_FALSE(window->isVisible());
+    window->makeKeyAndOrderFront(nullptr);
+    pump();
+    EXPECT_EQ(Pixels(window->snapshot()).colorAt(100, 250), colors::blue);
 }
 
 }
