@@ -123,6 +123,8 @@ protected:
     void tellHeaderClicked(NSTableColumn&) override;
     void tellHeaderDragged(NSTableColumn&) override;
     bool maySelectColumn(NSTableColumn&) override;
+    bool hasCellToolTips() const override;
+    std::string toolTipForCell(NSCell&, Rect&, NSTableColumn&, long row, Point mouse) override;
 
 private:
     struct DropTarget {

@@ -33,6 +33,9 @@ struct NSOutlineViewDelegate {
     /// What typing letters looks for in an item.
     Hook<std::optional<std::string>(NSOutlineView&, NSTableColumn&, NSObject* item)> typeSelectStringForTableColumn;
 
+    /// Asked when the pointer rests on a cell; empty for none. The rectangle is the cell's frame.
+    Hook<std::string(NSOutlineView&, NSCell&, Rect&, NSTableColumn&, NSObject* item, Point mouse)> toolTipForCell;
+
     Hook<void(NSNotification const&)> outlineViewSelectionDidChange;
     Hook<void(NSNotification const&)> outlineViewSelectionIsChanging;
     Hook<void(NSNotification const&)> outlineViewColumnDidMove;
@@ -57,6 +60,7 @@ struct NSOutlineViewDelegate {
         PLIX_FILL_HOOK(didClickTableColumn);
         PLIX_FILL_HOOK(didDragTableColumn);
         PLIX_FILL_HOOK(typeSelectStringForTableColumn);
+        PLIX_FILL_HOOK(toolTipForCell);
         PLIX_FILL_HOOK(outlineViewSelectionDidChange);
         PLIX_FILL_HOOK(outlineViewSelectionIsChanging);
         PLIX_FILL_HOOK(outlineViewColumnDidMove);

@@ -121,6 +121,17 @@ bool NSOutlineView::maySelectColumn(NSTableColumn& column)
     return !m_hooks.shouldSelectTableColumn || m_hooks.shouldSelectTableColumn(*this, column);
 }
 
+bool NSOutlineView::hasCellToolTips() const
+{
+    return static_cast<bool>(m_hooks.toolTipForCell);
+}
+
+std::string NSOutlineView::toolTipForCell(NSCell& cell, Rect& rect, NSTableColumn& column, long row, Point mouse)
+{
+    Ref<NSObject> const item(itemAtRow(row));
+    return m_hooks.toolTipForCell(*this, cell, rect, column, item.get(), mouse);
+}
+
 // MARK: dragging items out
 
 bool NSOutlineView::canWriteRows() const

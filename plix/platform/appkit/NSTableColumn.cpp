@@ -183,7 +183,10 @@ void NSTableColumn::setDataCell(Ref<NSCell> const& cell)
 
 void NSTableColumn::setHeaderToolTip(std::string text)
 {
+    if (m_headerToolTip == text)
+        return;
     m_headerToolTip = std::move(text);
+    looksChanged();
 }
 
 }

@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace plix {
 
@@ -144,13 +145,19 @@ long NSTableHeaderView::dividerAt(float x) const
 
 void NSTableHeaderView::resetCursorRects()
 {
-    if (!m_tableView || !m_tableView->allowsColumnResizing() || !m_tableView->isEnabled())
+    for (auto const tag : std::exchange(m_toolTips, {}))
+        removeToolTip(tag);
+    if (!m_tableView)
         return;
+    bool const canResize = m_tableView->allowsColumnResizing() && m_tableView->isEnabled();
     auto const seen = visibleRect();
     auto const columns = m_tableView->columnsInRect(NSInsetRect(seen, -dividerReach, 0));
     for (long column = columns.location; column < columns.end(); ++column) {
         auto const& tableColumn = *m_tableView->tableColumns()[static_cast<std::size_t>(column)];
-        if (tableColumn.isHidden() || (tableColumn.resizingMask() & NSTableColumnUserResizingMask) == 0)
+        auto const tipRect = NSIntersectionRect(headerRectOfColumn(column), seen);
+        if (!tableColumn.headerToolTip().empty() && !tipRect.isEmpty())
+            m_toolTips.push_back(addToolTipRect(tipRect, [tip = tableColumn.headerToolTip()] { return tip; }));
+        if (!canResize || tableColumn.isHidden() || (tableColumn.resizingMask() & NSTableColumnUserResizingMask) == 0)
             continue;
         auto const rect = headerRectOfColumn(column);
         addCursorRect(NSIntersectionRect({ rect.maxX() - dividerReach, 0, 2 * dividerReach, rect.height }, seen),

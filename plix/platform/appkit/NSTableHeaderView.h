@@ -61,6 +61,7 @@ private:
     NSTableView* m_tableView { nullptr };
     Ref<NSMenu> m_columnMenu;
     Weak<NSTableColumn> m_pressedColumn;
+    std::vector<NSToolTipTag> m_toolTips;
     long m_draggedColumn { -1 };
     long m_resizedColumn { -1 };
     float m_draggedDistance { 0 };

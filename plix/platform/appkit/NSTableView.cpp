@@ -6,6 +6,7 @@
 #include <plix/platform/appkit/NSTableColumn.h>
 #include <plix/platform/appkit/NSTableHeaderView.h>
 #include <plix/platform/appkit/NSTextDelegate.h>
+#include <plix/platform/appkit/NSWindow.h>
 #include <plix/platform/foundation/NSCoder.h>
 #include <plix/platform/foundation/NSNotificationCenter.h>
 #include <plix/platform/graphics/NSColor.h>
@@ -181,6 +182,8 @@ void NSTableView::takeHooks(HookSource const& source)
     m_delegateHooks = source.hooks<NSTableViewDelegate>();
     m_editingHooks = source.hooks<NSControlTextEditingDelegate>();
     setNeedsDisplay(true);
+    if (auto* ownWindow = window())
+        ownWindow->invalidateCursorRectsForView(*this);
 }
 
 void NSTableView::setDelegateHooks(NSTableViewDelegate hooks)
@@ -188,6 +191,8 @@ void NSTableView::setDelegateHooks(NSTableViewDelegate hooks)
     m_delegate = {};
     m_delegateHooks = std::move(hooks);
     setNeedsDisplay(true);
+    if (auto* ownWindow = window())
+        ownWindow->invalidateCursorRectsForView(*this);
 }
 
 void NSTableView::reloadData()
@@ -373,6 +378,16 @@ void NSTableView::tellColumnResized(NSNotification const& notification)
     if (m_delegateHooks.tableViewColumnDidResize)
         m_delegateHooks.tableViewColumnDidResize(notification);
     NSNotificationCenter::defaultCenter().postNotification(notification);
+}
+
+bool NSTableView::hasCellToolTips() const
+{
+    return static_cast<bool>(m_delegateHooks.toolTipForCell);
+}
+
+std::string NSTableView::toolTipForCell(NSCell& cell, Rect& rect, NSTableColumn& column, long row, Point mouse)
+{
+    return m_delegateHooks.toolTipForCell(*this, cell, rect, column, row, mouse);
 }
 
 bool NSTableView::maySelectColumn(NSTableColumn& column)

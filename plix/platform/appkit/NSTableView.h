@@ -284,7 +284,8 @@ public:
     bool becomeFirstResponder() override;
     bool resignFirstResponder() override;
     void updateCell(NSCell&) override;
-    void resetCursorRects() override { }
+    /// Also places the tool tips of the cells that are seen, where the delegate has some.
+    void resetCursorRects() override;
     void setEnabled(bool) override;
     NSCell* selectedCell() const override;
     bool abortEditing() override;
@@ -345,6 +346,8 @@ protected:
     /// How far a drop marker above a row is moved in.
     virtual float dropMarkerOffset(RowDropPlace) const { return 0; }
     virtual bool maySelectColumn(NSTableColumn&);
+    virtual bool hasCellToolTips() const;
+    virtual std::string toolTipForCell(NSCell&, Rect&, NSTableColumn&, long row, Point mouse);
     virtual void tellHeaderPressed(NSTableColumn&);
     virtual void tellHeaderClicked(NSTableColumn&);
     virtual void tellHeaderDragged(NSTableColumn&);
@@ -423,6 +426,8 @@ private:
     void saveColumns();
     void restoreColumns();
     RowSelectionRules selectionRules() const;
+    void passKeyOn();
+    std::string toolTipAt(long column, long row);
     void moveStretch(long firstRow);
     NSClipView* clipView() const;
     bool typesSelectionOf(std::string_view wanted, long row);
@@ -455,6 +460,7 @@ private:
     Ref<NSTableColumn> m_editedTableColumn;
     NSControlTextEditingDelegate m_editingHooks;
     TypeAhead m_typeAhead;
+    std::vector<NSToolTipTag> m_toolTips;
     std::optional<RowDropPlace> m_dropPlace;
     std::optional<RowDropPlace> m_wantedDropPlace;
     std::string m_autosaveName;

@@ -25,7 +25,7 @@ struct NSTableViewDelegate {
     Hook<void(NSTableView&, NSTableColumn&)> mouseDownInHeaderOfTableColumn;
     Hook<void(NSTableView&, NSTableColumn&)> didClickTableColumn;
     Hook<void(NSTableView&, NSTableColumn&)> didDragTableColumn;
-    /// The rectangle, the cell's at first, is where the tool tip stays.
+    /// Asked when the pointer rests on a cell; empty for none. The rectangle is the cell's frame.
     Hook<std::string(NSTableView&, NSCell&, Rect&, NSTableColumn&, long row, Point mouse)> toolTipForCell;
     /// What typing letters looks for in a row; without it the text of the first column that has any.
     Hook<std::optional<std::string>(NSTableView&, NSTableColumn&, long row)> typeSelectStringForTableColumn;

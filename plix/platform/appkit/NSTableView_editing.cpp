@@ -240,12 +240,10 @@ std::optional<NSTableView::CellPlace> NSTableView::cellToEditAfter(int movement,
 }
 
 // Escape: what was there before stays.
-void NSTableView::cancelOperation(NSObject* sender)
+void NSTableView::cancelOperation(NSObject*)
 {
-    if (abortEditing())
-        return;
-    if (auto* next = nextResponder())
-        next->tryToPerform(Selector("cancelOperation:"), sender);
+    if (!abortEditing())
+        passKeyOn();
 }
 
 }

@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace plix {
 
@@ -144,7 +145,7 @@ bool NSTableView::trackCell(NSEvent& event, long column, long row)
 void NSTableView::trackSelection(NSEvent& press, long row, bool isPendingCollapse)
 {
     auto const start = convertPointFromView(press.locationInWindow(), nullptr);
-    bool const dragsRows = row >= 0 && canWriteRows() && isRowSelected(row);
+    bool dragsRows = row >= 0 && canWriteRows() && isRowSelected(row);
     bool hasMoved = false;
     PeriodicEvents const periodicEvents;
     Ref<NSEvent> lastDrag;
@@ -169,6 +170,7 @@ void NSTableView::trackSelection(NSEvent& press, long row, bool isPendingCollaps
             NSEvent::stopPeriodicEvents();
             if (beginDrag(press, *lastDrag, row))
                 return;
+            dragsRows = false;
         }
         autoscroll(*lastDrag);
         long const count = numberOfRows();
@@ -196,6 +198,40 @@ void NSTableView::trackSelection(NSEvent& press, long row, bool isPendingCollaps
         actionCell->setControlView(this);
         actionCell->sendAction();
     }
+}
+
+// MARK: tool tips
+
+void NSTableView::resetCursorRects()
+{
+    for (auto const tag : std::exchange(m_toolTips, {}))
+        removeToolTip(tag);
+    if (!hasCellToolTips())
+        return;
+    auto const seen = visibleRect();
+    auto const rows = rowsInRect(seen);
+    auto const columns = columnsInRect(seen);
+    for (long row = rows.location; row < rows.end(); ++row) {
+        for (long column = columns.location; column < columns.end(); ++column) {
+            auto const rect = NSIntersectionRect(frameOfCellAtColumn(column, row), seen);
+            if (!rect.isEmpty())
+                m_toolTips.push_back(addToolTipRect(rect, [this, column, row] { return toolTipAt(column, row); }));
+        }
+    }
+}
+
+std::string NSTableView::toolTipAt(long column, long row)
+{
+    Ref<NSTableView> const protector(this);
+    Ref<NSCell> const cell(preparedCellAtColumn(column, row));
+    Ref<NSTableColumn> const tableColumn(columnAt(column));
+    auto const* ownWindow = window();
+    if (!cell || !tableColumn || !ownWindow)
+        return {};
+    cell->setHighlighted(false);
+    auto rect = frameOfCellAtColumn(column, row);
+    return toolTipForCell(
+        *cell, rect, *tableColumn, row, convertPointFromView(ownWindow->mouseLocationOutsideOfEventStream(), nullptr));
 }
 
 // MARK: letters

@@ -1,5 +1,6 @@
 #include <plix/platform/appkit/NSTableView.h>
 
+#include <plix/platform/appkit/NSApplication.h>
 #include <plix/platform/appkit/NSClipView.h>
 #include <plix/platform/appkit/NSEvent.h>
 #include <plix/platform/appkit/NSScrollView.h>
@@ -322,7 +323,7 @@ void NSTableView::insertNewline(NSObject*)
     long const row = selectedRow();
     m_clickedRow = row;
     m_clickedColumn = -1;
-    if (row < 0 || sendDoubleAction())
+    if (row >= 0 && sendDoubleAction())
         return;
     for (long column = 0; column < numberOfColumns(); ++column) {
         if (canEdit(column, row)) {
@@ -330,6 +331,14 @@ void NSTableView::insertNewline(NSObject*)
             return;
         }
     }
+    passKeyOn();
+}
+
+// The window's buttons may want it.
+void NSTableView::passKeyOn()
+{
+    if (Ref<NSEvent> const key(NSApp ? NSApp->currentEvent() : nullptr); key && key->type() == NSKeyDown)
+        Base::keyDown(*key);
 }
 
 void NSTableView::keyDown(NSEvent& event)

@@ -1,6 +1,7 @@
 #include <tests/support/TableTest.h>
 #include <tests/support/pixels.h>
 
+#include <plix/platform/appkit/NSButton.h>
 #include <plix/platform/appkit/NSButtonCell.h>
 #include <plix/platform/appkit/NSScroller.h>
 #include <plix/platform/appkit/NSTextFieldCell.h>
@@ -8,6 +9,8 @@
 #include <plix/platform/foundation/NSNotification.h>
 #include <plix/platform/graphics/NSColor.h>
 #include <plix/platform/graphics/NSImage.h>
+
+#include <algorithm>
 
 namespace plix {
 namespace {
@@ -238,6 +241,51 @@ TEST_F(TableHooks, StripesAndGridLinesAreDrawn)
     EXPECT_TRUE(pixelNear(image, 350, 22 + 150, stripes[(150 / 18) % 2 == 0 ? 0 : 1]->components()));
     EXPECT_TRUE(pixelNear(image, 350, 22 + 17, NSColor::redColor()->components()));
     EXPECT_TRUE(pixelNear(image, 102, 22 + 8, NSColor::redColor()->components()));
+}
+
+TEST_F(TableHooks, CellsAndHeadersHaveToolTips)
+{
+    NSTableViewDelegate hooks;
+    Names asked;
+    hooks.toolTipForCell = [&](NSTableView&, NSCell& cell, Rect& rect, NSTableColumn& tipped, long row, Point) {
+        asked.push_back(tipped.identifier().description() + std::to_string(row) + " " + cell.stringValue());
+        EXPECT_EQ(rect, table->frameOfCellAtColumn(1, 2));
+        return std::string("tip");
+    };
+    table->setDelegateHooks(std::move(hooks));
+    column(0).setHeaderToolTip("header tip");
+    pump();
+    auto const shown = [&] {
+        pass(3);
+        return std::ranges::count_if(app().windows(), [](auto const& each) { return each->isVisible(); });
+    };
+    auto const before = shown();
+    moveMouse(*table, cellPoint(1, 2));
+    EXPECT_EQ(shown(), before + 1);
+    EXPECT_EQ(asked.front(), "b2 Gamma b");
+    moveMouse(*table->headerView(), { 50, 10 });
+    EXPECT_EQ(shown(), before + 1);
+    moveMouse(*table->headerView(), { 150, 10 });
+    EXPECT_EQ(shown(), before);
+}
+
+TEST_F(TableHooks, ReturnAndEscapeGoToTheWindowsButtonsWhereTheTableHasNoUseForThem)
+{
+    Names pressed;
+    auto const addButton = [&](char const* name, char const* keyEquivalent) {
+        auto const button = make<NSButton>(Rect { 300, 0, 80, 24 });
+        button->setKeyEquivalent(keyEquivalent);
+        button->setActionFunction([&pressed, name](NSObject*) { pressed.emplace_back(name); });
+        scrollView->addSubview(*button);
+    };
+    addButton("ok", "\r");
+    addButton("cancel", "\x1b");
+    table->setDelegateHooks({});
+    for (auto const& each : table->tableColumns())
+        each->setEditable(false);
+    key(NSEscapeCharacter);
+    key(NSCarriageReturnCharacter);
+    EXPECT_EQ(pressed, (Names { "cancel", "ok" }));
 }
 
 // MARK: very many rows
