@@ -145,6 +145,8 @@ TEST_F(PLIXOutlineViewTest, MakesItsGradientAnewWhenTheApplicationBecomesActive)
 TEST_F(PLIXOutlineViewTest, LaysOutAndLogs)
 {
     Strings lines;
+    auto const size = outline->frame().size();
+    outline->NSView::setFrameSize({ 10, 10 });
     auto const before = installLogSink([&](std::string_view line) { lines.emplace_back(line); });
     outline->tile2();
     installLogSink(before);
@@ -152,6 +154,7 @@ TEST_F(PLIXOutlineViewTest, LaysOutAndLogs)
     std::snprintf(expected, sizeof expected, "numberOfRows:  6 (%x)",
         static_cast<unsigned>(reinterpret_cast<std::uintptr_t>(outline.get()) & 0xFFFFFFFFU));
     EXPECT_THAT(lines, ElementsAre(expected));
+    EXPECT_EQ(outline->frame().size(), size);
 }
 
 TEST_F(PLIXOutlineViewTest, ZappingClearsThePlatformsMarker)

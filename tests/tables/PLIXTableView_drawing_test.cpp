@@ -8,6 +8,7 @@
 #include <plix/platform/graphics/NSGraphicsContext.h>
 #include <plix/platform/graphics/NSMutableAttributedString.h>
 #include <plix/platform/graphics/NSParagraphStyle.h>
+#include <plix/platform/graphics/inline_object.h>
 #include <plix/tables/selection_colors.h>
 #include <plix/tables/table_view_additions.h>
 
@@ -186,6 +187,8 @@ TEST_F(TableDrawing, EveryCellIsDrawnUnhighlightedWhateverTheClip)
 {
     noteCells();
     table->selectRow(2, false);
+    for (auto const& column : table->tableColumns())
+        column->dataCell()->setHighlighted(true);
     auto const& drawn = drawRow(2, { 0, 0, 1, 1 });
     ASSERT_EQ(drawn.size(), 3U);
     for (long column = 0; column < 3; ++column) {
@@ -279,6 +282,39 @@ TEST_F(TableDrawing, TheCellGetsItsFontAndColorBack)
     EXPECT_EQ(text->attribute(NSFontAttributeName, 0).as<NSFont>()->pointSize(), 11);
     EXPECT_EQ(cell->font(), font.get());
     EXPECT_EQ(cell->textColor(), color.get());
+}
+
+/// Changes its own looks while it draws.
+class VainCell : public NSTextFieldCell {
+    PLIX_CLASS(VainCell, NSTextFieldCell);
+
+public:
+    using NSTextFieldCell::init;
+    void drawWithFrame(Rect, NSView&) override
+    {
+        setFont(NSFont::systemFontOfSize(30));
+        setTextColor(NSColor::greenColor());
+    }
+};
+
+PLIX_DESCRIBE(VainCell)
+{
+}
+
+TEST_F(TableDrawing, ACellThatChangesItsLooksInASelectedRowGetsThemBack)
+{
+    auto const cell = make<VainCell>("");
+    auto const font = NSFont::systemFontOfSize(11);
+    auto const color = NSColor::redColor();
+    cell->setFont(font);
+    cell->setTextColor(color);
+    table->tableColumns()[0]->setDataCell(cell);
+    table->selectRow(1, false);
+    drawRow(1);
+    EXPECT_EQ(cell->font(), font.get());
+    EXPECT_EQ(cell->textColor(), color.get());
+    drawRow(0);
+    EXPECT_EQ(cell->font(), NSFont::systemFontOfSize(30).get());
 }
 
 TEST_F(TableDrawing, AttributedTextKeepsWhatTheSelectionDoesNotTouch)
@@ -592,6 +628,36 @@ TEST_F(EmptyTable, PrefersTheAttributedMessage)
     auto const drawn = ink();
     EXPECT_GT(countPixels(picture(), drawn, colors::red, 0.1F), 10);
     EXPECT_LT(drawn.x, visible().x + 20);
+}
+
+class SmoothingProbe : public NSObject, public InlineObject {
+public:
+    Size inlineSize() const override { return { 20, 10 }; }
+    void drawInline(Rect) override
+    {
+        ++drawings;
+        smooths = NSGraphicsContext::currentContext()->shouldSmoothFonts();
+    }
+    int drawings { 0 };
+    bool smooths { true };
+};
+
+TEST_F(EmptyTable, ItsMessageIsNotSmoothed)
+{
+    auto const probe = make<SmoothingProbe>();
+    table->setEmptyAttributedString(attributedStringWithAttachment(Ref<NSObject>(probe)));
+    bool smoothsBefore = false;
+    PLIXTableViewDelegate hooks;
+    hooks.willDrawRect = [&](NSTableView&, Rect) {
+        NSGraphicsContext::currentContext()->setShouldSmoothFonts(true);
+        smoothsBefore = NSGraphicsContext::currentContext()->shouldSmoothFonts();
+    };
+    table->setDelegateHooks(hooks);
+    redraw();
+    pump();
+    EXPECT_TRUE(smoothsBefore);
+    EXPECT_GT(probe->drawings, 0);
+    EXPECT_FALSE(probe->smooths);
 }
 
 TEST_F(EmptyTable, ATallMessageIsNotShown)

@@ -321,6 +321,38 @@ TEST_F(PLIXTableViewTest, ARightClickSelectsTheRowAloneAndShowsTheMenu)
     EXPECT_EQ(selectedWhileOpen, (NSIndexSet { 3 }));
 }
 
+class UpdateCounter : public NSObject {
+public:
+    void menuNeedsUpdate(NSMenu&) { ++updates; }
+    int updates { 0 };
+};
+
+TEST_F(PLIXTableViewTest, ARightClickUpdatesTheMenuOnceMore)
+{
+    auto const updates = [&](NSTableView& clicked) {
+        auto const counter = make<UpdateCounter>();
+        auto const menu = make<NSMenu>("Menu");
+        menu->addItemWithTitle("Item", {}, "");
+        menu->setDelegate(counter);
+        clicked.setMenu(menu);
+        person().key(U'\x1B');
+        clicked.rightMouseDown(*mouseEvent(NSRightMouseDown, clicked, { 5, 5 }));
+        pump();
+        return counter->updates;
+    };
+    auto const plain = make<NSTableView>(Rect { 0, 0, 300, 180 });
+    window->contentView()->addSubview(*plain);
+    int const usual = updates(*plain);
+    EXPECT_EQ(updates(*table), usual + 1);
+}
+
+TEST_F(PLIXTableViewTest, ARightClickDrawsTheSelectionAtOnce)
+{
+    table->rightMouseDown(*mouseEvent(NSRightMouseDown, *table, middleOf(*table, 0, 3)));
+    EXPECT_EQ(table->selectedRow(), 3);
+    EXPECT_FALSE(table->needsDisplay());
+}
+
 TEST_F(PLIXTableViewTest, ARightClickBelowTheRowsLeavesTheSelection)
 {
     table->selectRowIndexes({ 1, 2 }, false);
@@ -461,6 +493,46 @@ TEST_F(PLIXTableViewTest, IsNotInLiveResizeOutsideOfOne)
     source->count = 9;
     EXPECT_FALSE(table->inLiveResize());
     EXPECT_EQ(table->numberOfRows(), 5);
+}
+
+TEST_F(PLIXTableViewTest, CountsItsRowsDuringALiveResizeOnlyWhileTheApplicationRuns)
+{
+    struct Answer {
+        bool isRunning;
+        bool inLiveResize;
+        long rows;
+    };
+    std::vector<Answer> answers;
+    PLIXTableViewDelegate hooks;
+    hooks.willDrawRect = [&](NSTableView&, Rect) {
+        if (window->inLiveResize())
+            answers.push_back({ app().isRunning(), table->inLiveResize(), table->numberOfRows() });
+    };
+    table->setDelegateHooks(hooks);
+    scrollView->setAutoresizingMask(NSViewWidthSizable | NSViewHeightSizable);
+    auto const resize = [&](Rect to) {
+        source->count = 9;
+        person().resizeWindow([&] { return hostWindow(*window); }, { to });
+    };
+    resize({ 100, 180, 320, 220 });
+    pump();
+    ASSERT_FALSE(answers.empty());
+    for (auto const& answer : answers) {
+        EXPECT_FALSE(answer.isRunning);
+        EXPECT_FALSE(answer.inLiveResize);
+    }
+    answers.clear();
+    source->count = 5;
+    table->reloadData();
+    resize({ 100, 160, 340, 240 });
+    person().then([&] { app().stop(nullptr); });
+    app().run();
+    ASSERT_FALSE(answers.empty());
+    for (auto const& answer : answers) {
+        EXPECT_TRUE(answer.isRunning);
+        EXPECT_TRUE(answer.inLiveResize);
+        EXPECT_EQ(answer.rows, 9);
+    }
 }
 
 TEST_F(PLIXTableViewTest, CellsHaveNoHighlightColorOfThePlatforms)

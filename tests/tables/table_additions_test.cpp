@@ -247,6 +247,15 @@ TEST_F(HeaderTest, ADoubleClickOnADividerFitsTheColumnBeforeIt)
     EXPECT_EQ(column(1).width(), fitted(column(1)));
 }
 
+TEST_F(HeaderTest, ADividerIsDraggedAsInAnyHeader)
+{
+    setTexts({ "the longest of them", "x" });
+    drag(header(), { edgeOf(0), 5 }, { edgeOf(0) + 40, 5 });
+    EXPECT_EQ(column(0).width(), 140);
+    click(header(), { edgeOf(0), 5 });
+    EXPECT_EQ(column(0).width(), 140);
+}
+
 TEST_F(HeaderTest, ElsewhereOrSwitchedOffItIsAClickLikeAny)
 {
     setTexts({ "the longest of them", "x" });
