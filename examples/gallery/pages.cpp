@@ -5,6 +5,7 @@
 #include "chiseled_page.h"
 #include "combos_page.h"
 #include "image_views_page.h"
+#include "labels_page.h"
 #include "live_page.h"
 #include "tables_page.h"
 #include "text_page.h"
@@ -34,6 +35,8 @@ constexpr Page allPages[] {
     { "boxes", "Boxes and progress", makeBoxesPage },
     { "image_views", "Image views and segments", makeImageViewsPage },
     { "tables", "Tables and outlines", makeTablesPage },
+    { "labels", "Engraved labels", makeLabelsPage },
+    { "many_labels", "300 engraved labels", makeManyLabelsPage },
     { "chiseled", "Engraved titles", makeChiseledPage },
 };
 
