@@ -507,7 +507,8 @@ TEST_F(ChiseledTest, TheShadowIsInNoView)
     EXPECT_EQ(made->shadow()->superview(), nullptr);
     EXPECT_TRUE(made->subviews().empty());
     EXPECT_EQ(made->shadow()->frame(), usualFrame);
-    EXPECT_EQ(typeid(*made->shadow()), typeid(NSTextField));
+    auto const& plain = *made->shadow();
+    EXPECT_EQ(typeid(plain), typeid(NSTextField));
 }
 
 TEST_F(ChiseledTest, SizeAndBoundsReachTheShadowAndTheOriginDoesNot)
@@ -595,7 +596,8 @@ TEST_F(ChiseledTest, TheShadowHoldsABlankImageOfTheSameSize)
     EXPECT_EQ(attachmentAt(*made, 1), attachment);
     auto const blank = attachmentAt(*made->shadow(), 1);
     ASSERT_TRUE(blank);
-    EXPECT_EQ(typeid(*blank), typeid(OwnAttachment));
+    auto const& ownBlank = *blank;
+    EXPECT_EQ(typeid(ownBlank), typeid(OwnAttachment));
     auto const* blankCell = dynamic_cast<PLIXTextAttachmentCell*>(blank->attachmentCell());
     ASSERT_TRUE(blankCell);
     EXPECT_EQ(blankCell->cellBaselineOffset(), Point {});
