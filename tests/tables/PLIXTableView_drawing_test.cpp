@@ -1,14 +1,12 @@
-#include <tests/support/StyledTableTest.h>
 #include <tests/support/images.h>
+#include <tests/tables/PlainTable.h>
 
 #include <plix/controls/TQPopUpButtonCell.h>
-#include <plix/platform/appkit/NSClipView.h>
 #include <plix/platform/foundation/machine_identity.h>
 #include <plix/platform/graphics/NSBezierPath.h>
 #include <plix/platform/graphics/NSGraphicsContext.h>
 #include <plix/platform/graphics/NSMutableAttributedString.h>
 #include <plix/platform/graphics/NSParagraphStyle.h>
-#include <plix/platform/graphics/inline_object.h>
 #include <plix/tables/selection_colors.h>
 #include <plix/tables/table_view_additions.h>
 
@@ -41,14 +39,13 @@ PLIX_DESCRIBE(NotingCell)
 {
 }
 
-class TableDrawing : public StyledTableTest {
+class TableDrawing : public PlainTable {
 protected:
     void SetUp() override
     {
-        StyledTableTest::SetUp();
+        PlainTable::SetUp();
         NotingCell::drawings.clear();
     }
-    void TearDown() override { NSBezierPath::setDefaultLineWidth(1); }
     void noteCells()
     {
         for (auto const& column : table->tableColumns()) {
@@ -64,31 +61,7 @@ protected:
         renderBitmap({ 300, 200 }, 1, [&] { table->drawRow(row, clip); });
         return NotingCell::drawings;
     }
-    void activate()
-    {
-        window->makeKeyWindow();
-        window->makeFirstResponder(table.get());
-    }
-    ColorComponents colorAt(Ref<NSBitmapImageRep> const& shown, Point point) const
-    {
-        auto const place = inWindow(*table, { point.x, point.y, 1, 1 });
-        return Pixels(shown).colorAt(place.x, place.y);
-    }
-    void hideTexts()
-    {
-        source->value = [](NSTableColumn&, long) { return ObjectValue(""); };
-        table->reloadData();
-    }
 };
-
-testing::AssertionResult near(ColorComponents const& a, ColorComponents const& b, float tolerance = 0.02F)
-{
-    bool const isNear
-        = std::abs(a.red - b.red) < tolerance && std::abs(a.green - b.green) < tolerance && std::abs(a.blue - b.blue) < tolerance;
-    return isNear ? testing::AssertionSuccess()
-                  : testing::AssertionFailure()
-            << a.red << " " << a.green << " " << a.blue << " instead of " << b.red << " " << b.green << " " << b.blue;
-}
 
 // MARK: the selection
 
@@ -561,258 +534,6 @@ TEST_F(TableDrawing, TheWrongKindsOfValuesAreDrawnSomehow)
     activate();
     auto const shown = picture();
     EXPECT_TRUE(hasInk(shown, inWindow(*table, table->rectOfRow(0)), colors::white));
-}
-
-// MARK: the empty table
-
-class EmptyTable : public TableDrawing {
-protected:
-    void SetUp() override
-    {
-        TableDrawing::SetUp();
-        source->count = 0;
-        table->reloadData();
-    }
-    /// Of what is drawn in the visible part of the table.
-    PixelRect ink()
-    {
-        auto const shown = picture();
-        auto const clip = inWindow(*scrollView->contentView(), scrollView->contentView()->bounds());
-        int left = clip.x + clip.width;
-        int top = clip.y + clip.height;
-        int right = clip.x;
-        int bottom = clip.y;
-        Pixels const pixels(shown);
-        for (int y = clip.y; y < clip.y + clip.height; ++y) {
-            for (int x = clip.x; x < clip.x + clip.width; ++x) {
-                if (!pixelNear(pixels, x, y, colors::white, 0.1F)) {
-                    left = std::min(left, x);
-                    right = std::max(right, x + 1);
-                    top = std::min(top, y);
-                    bottom = std::max(bottom, y + 1);
-                }
-            }
-        }
-        return right > left ? PixelRect { left, top, right - left, bottom - top } : PixelRect {};
-    }
-    PixelRect visible() const { return inWindow(*scrollView->contentView(), scrollView->contentView()->bounds()); }
-    void redraw() { table->setNeedsDisplay(true); }
-};
-
-TEST_F(EmptyTable, WithoutMessageShowsNothing)
-{
-    EXPECT_EQ(ink().width, 0);
-}
-
-TEST_F(EmptyTable, ShowsItsMessageInTheMiddle)
-{
-    table->setEmptyString("Nothing here");
-    redraw();
-    auto const drawn = ink();
-    ASSERT_GT(drawn.width, 60);
-    EXPECT_NEAR(drawn.x + drawn.width / 2.0, visible().x + visible().width / 2.0, 3);
-    EXPECT_NEAR(drawn.y + drawn.height / 2.0, visible().y + visible().height / 2.0, 4);
-    auto const shown = picture();
-    int const gray = countPixels(shown, drawn, { 0.5F, 0.5F, 0.5F, 1 }, 0.03F);
-    EXPECT_GT(gray, 20);
-    EXPECT_EQ(countPixels(shown, drawn, colors::black, 0.3F), 0);
-}
-
-TEST_F(EmptyTable, PrefersTheAttributedMessage)
-{
-    table->setEmptyString("Nothing here");
-    Attributes const red { { NSForegroundColorAttributeName, NSColor::redColor() },
-        { NSFontAttributeName, NSFont::systemFontOfSize(20) } };
-    table->setEmptyAttributedString(make<NSAttributedString>("Red", red));
-    redraw();
-    auto const drawn = ink();
-    EXPECT_GT(countPixels(picture(), drawn, colors::red, 0.1F), 10);
-    EXPECT_LT(drawn.x, visible().x + 20);
-}
-
-class SmoothingProbe : public NSObject, public InlineObject {
-public:
-    Size inlineSize() const override { return { 20, 10 }; }
-    void drawInline(Rect) override
-    {
-        ++drawings;
-        smooths = NSGraphicsContext::currentContext()->shouldSmoothFonts();
-    }
-    int drawings { 0 };
-    bool smooths { true };
-};
-
-TEST_F(EmptyTable, ItsMessageIsNotSmoothed)
-{
-    auto const probe = make<SmoothingProbe>();
-    table->setEmptyAttributedString(attributedStringWithAttachment(Ref<NSObject>(probe)));
-    bool smoothsBefore = false;
-    PLIXTableViewDelegate hooks;
-    hooks.willDrawRect = [&](NSTableView&, Rect) {
-        NSGraphicsContext::currentContext()->setShouldSmoothFonts(true);
-        smoothsBefore = NSGraphicsContext::currentContext()->shouldSmoothFonts();
-    };
-    table->setDelegateHooks(hooks);
-    redraw();
-    pump();
-    EXPECT_TRUE(smoothsBefore);
-    EXPECT_GT(probe->drawings, 0);
-    EXPECT_FALSE(probe->smooths);
-}
-
-TEST_F(EmptyTable, ATallMessageIsNotShown)
-{
-    std::string lines;
-    for (int i = 0; i < 40; ++i)
-        lines += "Nothing\n";
-    table->setEmptyString(lines);
-    redraw();
-    EXPECT_EQ(ink().width, 0);
-}
-
-TEST_F(EmptyTable, ShowsTheMessageOnlyWithoutRows)
-{
-    hideTexts();
-    table->setEmptyString("Nothing here");
-    source->count = 1;
-    table->reloadData();
-    EXPECT_EQ(ink().width, 0);
-}
-
-TEST_F(EmptyTable, TellsTheDelegateBeforeItDraws)
-{
-    class Teller : public NSObject {
-    public:
-        void willDrawRect(NSTableView& table, Rect rect)
-        {
-            rects.push_back(rect);
-            told = &table;
-        }
-        std::vector<Rect> rects;
-        NSTableView* told { nullptr };
-    };
-    auto const teller = make<Teller>();
-    table->setDelegate(teller);
-    pump();
-    teller->rects.clear();
-    table->setNeedsDisplayInRect({ 10, 20, 30, 40 });
-    pump();
-    EXPECT_THAT(teller->rects, ElementsAre(Rect { 10, 20, 30, 40 }));
-    EXPECT_EQ(teller->told, table.get());
-}
-
-// MARK: drops
-
-class DropDrawing : public TableDrawing {
-protected:
-    void SetUp() override
-    {
-        TableDrawing::SetUp();
-        hideTexts();
-    }
-    /// Drawn by itself over white, in the table's coordinates.
-    Ref<NSBitmapImageRep> drawn(std::function<void()> const& draw)
-    {
-        return renderBitmap(
-            { 300, 120 }, 1,
-            [&] {
-                auto const context = NSGraphicsContext::currentContext();
-                context->translateBy(0, 120);
-                context->scaleBy(1, -1);
-                context->setFlipped(true);
-                draw();
-            },
-            colors::white);
-    }
-    ColorComponents edge() { return selectionOutlineColor(*table)->components(); }
-};
-
-TEST_F(DropDrawing, ARowIsOutlinedAndWashed)
-{
-    auto const shown = drawn([&] { table->_drawDropHighlightOnRow(1); });
-    auto const row = table->rectOfRow(1);
-    int const middle = static_cast<int>(row.midY());
-    EXPECT_TRUE(pixelNear(shown, 100, middle, blended(colors::white, selectionColor(*table)->components(), 0.15F), 0.02F));
-    EXPECT_TRUE(pixelNear(shown, 1, middle, blended(colors::white, edge(), 0.9F), 0.02F));
-    EXPECT_TRUE(pixelNear(shown, 100, static_cast<int>(row.maxY()) + 1, colors::white));
-    EXPECT_EQ(NSBezierPath::defaultLineWidth(), 2);
-}
-
-TEST_F(DropDrawing, ASelectedRowIsOutlinedOnly)
-{
-    table->selectRow(1, false);
-    auto const shown = drawn([&] { table->_drawDropHighlightOnRow(1); });
-    int const middle = static_cast<int>(table->rectOfRow(1).midY());
-    EXPECT_TRUE(pixelNear(shown, 100, middle, colors::white));
-    EXPECT_TRUE(pixelNear(shown, 1, middle, edge(), 0.02F));
-}
-
-TEST_F(DropDrawing, BelowTheFirstRowTheWholeTableIsFramed)
-{
-    auto const shown = drawn([&] { table->_drawDropHighlightOnRow(-1); });
-    EXPECT_FALSE(pixelNear(shown, 0, 60, colors::white, 0.1F));
-    EXPECT_FALSE(pixelNear(shown, 1, 60, colors::white, 0.1F));
-    EXPECT_TRUE(pixelNear(shown, 2, 60, colors::white));
-    EXPECT_TRUE(pixelNear(shown, 100, 30, colors::white));
-}
-
-TEST_F(DropDrawing, ARowThatIsNotThereIsNotDrawn)
-{
-    auto const shown = drawn([&] { table->_drawDropHighlightOnRow(5); });
-    EXPECT_TRUE(areaNear(shown, { 0, 0, 300, 120 }, colors::white));
-}
-
-class ItemPainter : public NSObject {
-public:
-    Ref<NSImage> customHighlightImageForItem(NSTableView&, NSObject* item)
-    {
-        ++asked;
-        wasNull = item == nullptr;
-        return answers ? imageOfColor({ 4, 4 }, colors::green) : nullptr;
-    }
-    int asked { 0 };
-    bool wasNull { false };
-    bool answers { true };
-};
-
-TEST_F(DropDrawing, ACustomImageDecidesTheRectangleAndIsNotDrawn)
-{
-    auto const painter = make<ItemPainter>();
-    table->setDelegate(painter);
-    auto const row = table->rectOfRow(1);
-    auto const whole = drawn([&] { table->_drawDropHighlightOnRow(1); });
-    EXPECT_EQ(painter->asked, 1);
-    EXPECT_TRUE(painter->wasNull);
-    EXPECT_EQ(countPixels(whole, colors::green), 0);
-    int const above = static_cast<int>(row.y) - 1;
-    EXPECT_FALSE(pixelNear(whole, 100, above, colors::white, 0.05F));
-    painter->answers = false;
-    auto const inset = drawn([&] { table->_drawDropHighlightOnRow(1); });
-    EXPECT_TRUE(pixelNear(inset, 100, above, colors::white, 0.05F));
-}
-
-TEST_F(DropDrawing, TheMarkerStandsBetweenRows)
-{
-    auto const shown = drawn([&] { table->_drawDropHighlightBetweenUpperRow(0, 1, 10); });
-    int const y = static_cast<int>(table->rectOfRow(1).y);
-    EXPECT_TRUE(areaNear(shown, { 20, y - 1, 100, 2 }, edge(), 0.02F));
-    EXPECT_TRUE(areaNear(shown, { 20, y + 2, 100, 4 }, colors::white));
-    EXPECT_TRUE(pixelNear(shown, 8, y, colors::white, 0.02F));
-    EXPECT_FALSE(pixelNear(shown, 5, y, colors::white, 0.1F));
-}
-
-TEST_F(DropDrawing, TheMarkerStandsBelowTheLastRow)
-{
-    auto const shown = drawn([&] { table->_drawDropHighlightBetweenUpperRow(4, 5, 0); });
-    int const y = static_cast<int>(table->rectOfRow(4).maxY()) - 1;
-    EXPECT_TRUE(areaNear(shown, { 20, y - 1, 100, 2 }, edge(), 0.02F));
-}
-
-TEST_F(DropDrawing, AMarkerBetweenNoNeighboursStandsAtTheOriginMovedByTheOffset)
-{
-    auto const shown = drawn([&] { table->_drawDropHighlightBetweenUpperRow(7, 3, 12); });
-    EXPECT_FALSE(areaNear(shown, { 6, 0, 6, 3 }, colors::white, 0.1F));
-    EXPECT_TRUE(areaNear(shown, { 20, 0, 280, 120 }, colors::white));
 }
 
 }
