@@ -1,8 +1,14 @@
 #include "BrowserController.h"
 #include "BarView.h"
-#include "ListView.h"
+#include "FilesTable.h"
+#include "FolderTree.h"
+#include "Question.h"
+#include "file_operations.h"
 
 #include <plix/app/PLIXApplication.h>
+#include <plix/controls/TQSplitView.h>
+#include <plix/platform/appkit/NSEvent.h>
+#include <plix/platform/appkit/NSPopUpButton.h>
 #include <plix/platform/appkit/NSScrollView.h>
 #include <plix/platform/appkit/NSTextField.h>
 #include <plix/platform/appkit/NSWindow.h>
@@ -11,6 +17,8 @@
 #include <plix/platform/foundation/NSTimer.h>
 #include <plix/platform/graphics/NSColor.h>
 #include <plix/platform/graphics/NSFont.h>
+#include <plix/tables/PLIXOutlineView.h>
+#include <plix/tables/PLIXTableView.h>
 
 #include <cstdlib>
 #include <ctime>
@@ -22,8 +30,10 @@ using namespace plix;
 
 namespace {
 
-constexpr Rect startContent { 200, 200, 640, 460 };
-constexpr Size leastContent { 300, 220 };
+constexpr Rect startContent { 200, 200, 820, 500 };
+constexpr Size leastContent { 460, 260 };
+constexpr float treeWidth = 200;
+constexpr float styleWidth = 120;
 constexpr float topBarHeight = 48;
 constexpr float statusBarHeight = 24;
 constexpr float inputStatusWidth = 250;
@@ -59,6 +69,7 @@ BrowserController::~BrowserController() = default;
 bool BrowserController::init(std::string absolutePath)
 {
     makeWindow();
+    connect();
     auto& center = NSNotificationCenter::defaultCenter();
     center.addObserver(*this, &BrowserController::noteUserInput, "PLIXApplicationUserInputNotification");
     center.addObserver(*this, &BrowserController::showInputStatus, NSApplicationDidUpdateNotification);
@@ -77,9 +88,9 @@ void BrowserController::makeWindow()
     m_window->setContentMinSize(leastContent);
     auto& content = *m_window->contentView();
     makeBars(content);
-    makeList(content);
-    m_window->setInitialFirstResponder(m_list.get());
-    m_window->makeFirstResponder(m_list.get());
+    makePanes(content);
+    m_window->setInitialFirstResponder(&m_files->table());
+    m_window->makeFirstResponder(&m_files->table());
 }
 
 void BrowserController::makeBars(NSView& content)
@@ -89,12 +100,17 @@ void BrowserController::makeBars(NSView& content)
 
     auto top = make<BarView>(Rect { 0, area.height - topBarHeight, area.width, topBarHeight }, BarView::Edge::top);
     top->setShowsFolder(true);
-    m_nameLabel
-        = makeLabel({ 52, 7, area.width - 64, 17 }, NSFont::boldSystemFontOfSize(0), NSLeftTextAlignment, NSViewWidthSizable);
-    m_pathLabel = makeLabel({ 52, 25, area.width - 64, 15 }, small, NSLeftTextAlignment, NSViewWidthSizable);
+    m_nameLabel = makeLabel(
+        { 52, 7, area.width - styleWidth - 80, 17 }, NSFont::boldSystemFontOfSize(0), NSLeftTextAlignment, NSViewWidthSizable);
+    m_pathLabel = makeLabel({ 52, 25, area.width - styleWidth - 80, 15 }, small, NSLeftTextAlignment, NSViewWidthSizable);
     m_pathLabel->cell()->setLineBreakMode(NSLineBreakByTruncatingHead);
     top->addSubview(*m_nameLabel);
     top->addSubview(*m_pathLabel);
+    m_stylePopUp = make<NSPopUpButton>(Rect { area.width - styleWidth - 12, 11, styleWidth, 26 }, false);
+    m_stylePopUp->addItemsWithTitles({ "Rectangle", "Capsule", "Rounded" });
+    m_stylePopUp->setToolTip("How selected rows look");
+    m_stylePopUp->setAutoresizingMask(NSViewMinXMargin);
+    top->addSubview(*m_stylePopUp);
     content.addSubview(*top);
 
     auto bottom = make<BarView>(Rect { 0, 0, area.width, statusBarHeight }, BarView::Edge::bottom);
@@ -106,28 +122,59 @@ void BrowserController::makeBars(NSView& content)
     content.addSubview(*bottom);
 }
 
-void BrowserController::makeList(NSView& content)
+void BrowserController::makePanes(NSView& content)
 {
     Rect const area = content.bounds();
-    m_scrollView = make<NSScrollView>(Rect { 0, statusBarHeight, area.width, area.height - statusBarHeight - topBarHeight });
-    m_scrollView->setAutoresizingMask(NSViewWidthSizable | NSViewHeightSizable);
-    m_scrollView->setHasVerticalScroller(true);
-    m_scrollView->setAutohidesScrollers(true);
-    m_list = make<ListView>(rectWith({}, m_scrollView->contentSize()));
-    m_scrollView->setVerticalLineScroll(m_list->plan().rowHeight);
-    m_scrollView->setVerticalPageScroll(m_list->plan().rowHeight);
-    m_scrollView->setDocumentView(m_list);
-    // The list may outlive the controller by an event.
+    m_panes = make<TQSplitView>(Rect { 0, statusBarHeight, area.width, area.height - statusBarHeight - topBarHeight });
+    m_panes->setVertical(true);
+    m_panes->setDividerThickness(1);
+    m_panes->setAutoresizingMask(NSViewWidthSizable | NSViewHeightSizable);
+    m_tree = make<FolderTree>();
+    m_files = make<FilesTable>();
+    float const height = m_panes->bounds().height;
+    m_tree->scrollView().setFrame({ 0, 0, treeWidth, height });
+    m_files->scrollView().setFrame({ 0, 0, area.width - treeWidth, height });
+    m_panes->addSubview(m_tree->scrollView());
+    m_panes->addSubview(m_files->scrollView());
+    content.addSubview(*m_panes);
+    m_files->table().sizeToFit();
+}
+
+void BrowserController::connect()
+{
+    // Views may outlive the controller by an event.
     auto const whileAlive = [weakly = Weak<BrowserController>(*this)](auto call) {
         if (auto const controller = weakly.ref())
             call(*controller);
     };
-    m_list->setActions({
-        .open = [whileAlive](long row) { whileAlive([row](auto& controller) { controller.openRow(row); }); },
-        .leave = [whileAlive] { whileAlive([](auto& controller) { controller.openParent(); }); },
+    m_files->setActions({
+        .open = [whileAlive](FolderEntry const& entry) { whileAlive([entry](auto& controller) { controller.openEntry(entry); }); },
+        .remove = [whileAlive](auto const& names) { whileAlive([&](auto& controller) { controller.askToDelete(names); }); },
+        .drop =
+            [whileAlive](auto const& paths, auto const& folder) {
+                whileAlive([&](auto& controller) {
+                    auto const& shown = controller.listing().path();
+                    controller.move(paths, folder.empty() ? shown : pathInFolder(shown, folder));
+                });
+            },
         .select = [whileAlive] { whileAlive([](auto& controller) { controller.showFailure({}); }); },
+        .leave = [whileAlive] { whileAlive([](auto& controller) { controller.openParent(); }); },
     });
-    content.addSubview(*m_scrollView);
+    m_tree->setActions({
+        .select = [whileAlive](auto const& path) { whileAlive([&](auto& controller) { controller.open(path); }); },
+        .drop = [whileAlive](auto const& paths,
+                    auto const& folder) { whileAlive([&](auto& controller) { controller.move(paths, folder); }); },
+    });
+    m_stylePopUp->setActionFunction([whileAlive](NSObject*) { whileAlive([](auto& controller) { controller.chooseStyle(); }); });
+}
+
+void BrowserController::chooseStyle()
+{
+    auto const style = static_cast<std::uint32_t>(m_stylePopUp->indexOfSelectedItem());
+    m_files->table().setHighlightStyle(style);
+    m_tree->outline().setHighlightStyle(style);
+    m_files->table().setNeedsDisplay(true);
+    m_tree->outline().setNeedsDisplay(true);
 }
 
 // MARK: the folder
@@ -136,8 +183,9 @@ void BrowserController::open(std::string absolutePath, std::string nameToSelect)
 {
     m_nameToSelect = std::move(nameToSelect);
     m_failure.clear();
-    m_list->setEntries(nullptr);
+    m_files->setEntries(nullptr, {});
     m_listing.open(std::move(absolutePath));
+    m_tree->showPath(m_listing.path());
     m_window->setTitle(shownName(m_listing.path()));
     m_nameLabel->setStringValue(shownName(m_listing.path()));
     char const* home = std::getenv("HOME");
@@ -163,20 +211,18 @@ void BrowserController::readOn()
 void BrowserController::showListing()
 {
     if (m_listing.isReading()) {
-        m_list->setMessage("Reading the folder …");
+        m_files->setMessage("Reading the folder …");
     } else {
         bool const isEmpty = m_listing.entries().empty();
-        m_list->setMessage(!m_listing.failure().empty() && isEmpty ? m_listing.failure() : isEmpty ? "This folder is empty." : "");
-        m_list->setEntries(&m_listing.entries());
-        auto const row = m_nameToSelect.empty() ? 0 : m_listing.indexOfName(m_nameToSelect);
-        m_list->selectRow(static_cast<long>(row));
+        m_files->setMessage(!m_listing.failure().empty() && isEmpty ? m_listing.failure() : isEmpty ? "This folder is empty." : "");
+        m_files->setEntries(&m_listing.entries(), m_listing.path());
+        m_files->selectName(m_nameToSelect);
     }
     showStatus();
 }
 
-void BrowserController::openRow(long row)
+void BrowserController::openEntry(FolderEntry const& entry)
 {
-    auto const& entry = m_listing.entries().at(static_cast<std::size_t>(row));
     switch (entry.kind) {
     case EntryKind::folder:
         open(pathInFolder(m_listing.path(), entry.name));
@@ -196,6 +242,41 @@ void BrowserController::openParent()
     std::string const path = m_listing.path();
     if (path != "/")
         open(parentPath(path), path.substr(path.rfind('/') + 1));
+}
+
+// MARK: changes
+
+void BrowserController::askToDelete(std::vector<std::string> const& names)
+{
+    auto const what = names.size() == 1 ? "“" + shownName(names[0]) + "”" : std::to_string(names.size()) + " items";
+    ask(*m_window, "Delete " + what + "? This can't be undone.", "Delete", [weakly = Weak<BrowserController>(*this), names] {
+        auto const controller = weakly.ref();
+        if (!controller)
+            return;
+        auto const folder = controller->listing().path();
+        std::string failure;
+        for (auto const& name : names) {
+            if (auto const line = deleteForGood(pathInFolder(folder, name)); !line.empty())
+                failure = line;
+        }
+        controller->m_tree->folderChanged(folder);
+        controller->open(folder);
+        controller->showFailure(failure);
+    });
+}
+
+void BrowserController::move(std::vector<std::string> const& paths, std::string const& folder)
+{
+    std::string failure;
+    for (auto const& path : paths) {
+        if (auto const line = moveIntoFolder(path, folder); !line.empty())
+            failure = line;
+        else
+            m_tree->folderChanged(parentPath(path));
+    }
+    m_tree->folderChanged(folder);
+    open(m_listing.path());
+    showFailure(failure);
 }
 
 // MARK: the status bar

@@ -7,17 +7,21 @@
 
 namespace plix {
 
-class NSScrollView;
+class NSPopUpButton;
 class NSTextField;
 class NSTimer;
+class PLIXTableView;
+class TQSplitView;
 
 }
 
 namespace browser {
 
-class ListView;
+class FilesTable;
+class FolderTree;
 
-/// A window that shows one folder after the other. Keeps itself alive as long as its window is open.
+/// A window that shows one folder after the other: a tree of folders beside a table of what is in the chosen one. Keeps itself
+/// alive as long as its window is open.
 class BrowserController : public plix::NSObject {
     PLIX_CLASS(BrowserController, plix::NSObject);
 
@@ -27,8 +31,9 @@ public:
     bool init(std::string absolutePath);
 
     plix::NSWindow& window() const { return *m_window; }
-    ListView& list() const { return *m_list; }
-    plix::NSScrollView& scrollView() const { return *m_scrollView; }
+    FilesTable& files() const { return *m_files; }
+    FolderTree& tree() const { return *m_tree; }
+    plix::NSPopUpButton& stylePopUp() const { return *m_stylePopUp; }
     FolderListing const& listing() const { return m_listing; }
     /// What the status bar says at its left and right end.
     std::string const& status() const;
@@ -36,17 +41,21 @@ public:
 
     /// Shows another folder with its first entry selected, or that of the name, where it is there.
     void open(std::string absolutePath, std::string nameToSelect = {});
-    void openRow(long row);
+    void openEntry(FolderEntry const&);
     void openParent();
 
 private:
     void makeWindow();
     void makeBars(plix::NSView& content);
-    void makeList(plix::NSView& content);
+    void makePanes(plix::NSView& content);
+    void connect();
     void readOn();
     void showListing();
     void showStatus();
     void showFailure(std::string line);
+    void chooseStyle();
+    void askToDelete(std::vector<std::string> const& names);
+    void move(std::vector<std::string> const& paths, std::string const& folder);
     void noteUserInput();
     void showInputStatus();
 
@@ -55,8 +64,10 @@ private:
     std::string m_failure; ///< of what was tried last in this folder
     long m_inputCount { 0 };
     plix::Ref<plix::NSWindow> m_window;
-    plix::Ref<plix::NSScrollView> m_scrollView;
-    plix::Ref<ListView> m_list;
+    plix::Ref<FilesTable> m_files;
+    plix::Ref<FolderTree> m_tree;
+    plix::Ref<plix::TQSplitView> m_panes;
+    plix::Ref<plix::NSPopUpButton> m_stylePopUp;
     plix::Ref<plix::NSTextField> m_nameLabel;
     plix::Ref<plix::NSTextField> m_pathLabel;
     plix::Ref<plix::NSTextField> m_statusLabel;

@@ -2,7 +2,12 @@
 
 #include <plix/format/size_and_duration.h>
 #include <plix/platform/base/utf16.h>
+#include <plix/platform/foundation/NSCalendarDate.h>
 #include <plix/platform/foundation/collation.h>
+#include <plix/platform/foundation/locale_values.h>
+
+#include <algorithm>
+#include <cctype>
 
 #include <sys/stat.h>
 
@@ -23,6 +28,8 @@ FolderEntry folderEntry(std::string_view name, struct stat const& itself, struct
         entry.size = static_cast<std::uint64_t>(target->st_size);
     else
         entry.kind = EntryKind::special;
+    auto const& time = (target ? *target : itself).st_mtim;
+    entry.modified = static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) / 1e9;
     return entry;
 }
 
@@ -39,6 +46,56 @@ bool comesBefore(FolderEntry const& a, FolderEntry const& b)
 std::string sizeText(FolderEntry const& entry)
 {
     return entry.kind == EntryKind::file ? plix::StringForFileSize(entry.size) : "–";
+}
+
+std::string kindText(FolderEntry const& entry)
+{
+    switch (entry.kind) {
+    case EntryKind::folder:
+        return entry.isLink ? "Link to a folder" : "Folder";
+    case EntryKind::brokenLink:
+        return "Link";
+    case EntryKind::special:
+        return "Device";
+    case EntryKind::file:
+        break;
+    }
+    auto const dot = entry.shownName.rfind('.');
+    bool const hasExtension = dot != std::string::npos && dot > 0 && dot + 1 < entry.shownName.size();
+    auto const extension = hasExtension ? entry.shownName.substr(dot + 1) : std::string();
+    bool const isPlain = !extension.empty() && extension.size() <= 5
+        && std::ranges::all_of(extension, [](unsigned char letter) { return std::isalnum(letter) != 0; });
+    if (!isPlain)
+        return "File";
+    std::string kind;
+    for (unsigned char const letter : extension)
+        kind += static_cast<char>(std::toupper(letter));
+    return kind + " file";
+}
+
+std::string dateText(FolderEntry const& entry)
+{
+    plix::NSCalendarDate const date(plix::NSDate::dateWithTimeIntervalSince1970(entry.modified));
+    return date.descriptionWithCalendarFormat(plix::currentDateNames()->shortDateFormat + " %H:%M");
+}
+
+bool comesInOrder(FolderEntry const& a, FolderEntry const& b, SortKey key, bool isDescending)
+{
+    bool const isFolderA = a.kind == EntryKind::folder;
+    bool const isFolderB = b.kind == EntryKind::folder;
+    if (isFolderA != isFolderB)
+        return isFolderA;
+    auto const& first = isDescending ? b : a;
+    auto const& second = isDescending ? a : b;
+    if (key == SortKey::size && a.size != b.size)
+        return first.size < second.size;
+    if (key == SortKey::date && a.modified != b.modified)
+        return first.modified < second.modified;
+    if (key == SortKey::kind) {
+        if (auto const order = kindText(first).compare(kindText(second)); order != 0)
+            return order < 0;
+    }
+    return key == SortKey::name ? comesBefore(first, second) : comesBefore(a, b);
 }
 
 std::string countText(std::size_t entries)

@@ -24,6 +24,7 @@ struct FolderEntry {
     EntryKind kind { EntryKind::file };
     bool isLink { false };
     std::uint64_t size { 0 }; ///< of a file, in bytes
+    double modified { 0 }; ///< seconds since 1970
 
     bool isHidden() const { return name.starts_with('.'); }
 };
@@ -36,6 +37,15 @@ bool comesBefore(FolderEntry const&, FolderEntry const&);
 
 /// "1.5KB" for a file; a dash for what has no size of its own.
 std::string sizeText(FolderEntry const&);
+
+/// "Folder", "TXT file", "File", "Link", "Device".
+std::string kindText(FolderEntry const&);
+/// In the user's format, to the minute.
+std::string dateText(FolderEntry const&);
+
+/// By which the list is sorted. Folders come first in any order; what is equal by it goes by name.
+enum class SortKey { name, size, kind, date };
+bool comesInOrder(FolderEntry const&, FolderEntry const&, SortKey, bool isDescending);
 
 /// "12 items", "1 item", "Empty folder".
 std::string countText(std::size_t entries);

@@ -1,6 +1,6 @@
 #include "tour.h"
 #include "BrowserController.h"
-#include "ListView.h"
+#include "FilesTable.h"
 
 #include <examples/support/example_options.h>
 
@@ -8,6 +8,7 @@
 #include <plix/platform/appkit/NSEvent.h>
 #include <plix/platform/appkit/NSWindow.h>
 #include <plix/platform/host/headless/HeadlessHost.h>
+#include <plix/tables/PLIXTableView.h>
 
 #include <filesystem>
 #include <iostream>
@@ -37,8 +38,8 @@ void playTour(HeadlessHost& host, BrowserController& controller)
                 std::cout << "out/" << name << std::endl;
         });
     };
-    auto& list = controller.list();
-    auto const row = [&](long number) { return onScreen(list, { 60, list.plan().rowRect(number).midY() }); };
+    auto& table = controller.files().table();
+    auto const row = [&](long number) { return onScreen(table, { 60, table.rectOfRow(number).midY() }); };
 
     picture("browser-1-folder.png");
     script.scroll(row(2), 0, -4);
@@ -50,7 +51,7 @@ void playTour(HeadlessHost& host, BrowserController& controller)
     script.key(NSHomeFunctionKey);
     script.key("\r");
     picture("browser-4-opened.png");
-    script.key(NSDeleteCharacter);
+    script.key(NSUpArrowFunctionKey, HostModifierAlternate);
     picture("browser-5-back.png");
     script.then([] { NSApp->terminate(nullptr); });
 }

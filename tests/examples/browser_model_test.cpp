@@ -1,5 +1,7 @@
 #include <examples/browser/FolderListing.h>
-#include <examples/browser/list_plan.h>
+#include <examples/browser/file_operations.h>
+
+#include <plix/platform/base/utf16.h>
 
 #include <tests/support/TestFolder.h>
 
@@ -7,6 +9,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <filesystem>
 #include <fstream>
 
 #include <sys/stat.h>
@@ -212,90 +215,92 @@ TEST(FolderListing, ForgetsTheFolderBefore)
     EXPECT_EQ(listing.entries().size(), 1U);
 }
 
-TEST(ListPlan, FindsRowsByPlace)
+TEST(FolderEntry, SaysOfWhatKindItIs)
 {
-    ListPlan const plan { .rowCount = 10, .rowHeight = 20, .width = 300 };
-    EXPECT_EQ(plan.height(), 200);
-    EXPECT_EQ(plan.rowRect(3), (Rect { 0, 60, 300, 20 }));
-    EXPECT_EQ(plan.rowAt(0), 0);
-    EXPECT_EQ(plan.rowAt(19.5F), 0);
-    EXPECT_EQ(plan.rowAt(20), 1);
-    EXPECT_EQ(plan.rowAt(199), 9);
-    EXPECT_EQ(plan.rowAt(200), std::nullopt);
-    EXPECT_EQ(plan.rowAt(-1), std::nullopt);
-}
-
-TEST(ListPlan, CountsTheRowsThatARectangleTouches)
-{
-    ListPlan const plan { .rowCount = 10, .rowHeight = 20, .width = 300 };
     struct Row {
-        Rect rect;
-        long first;
-        long count;
+        char const* name;
+        EntryKind kind;
+        bool isLink;
+        char const* expected;
     };
     Row const rows[] = {
-        { { 0, 0, 300, 200 }, 0, 10 },
-        { { 0, 30, 300, 20 }, 1, 2 },
-        { { 0, 20, 300, 20 }, 1, 1 },
-        { { 0, 190, 300, 500 }, 9, 1 },
-        { { 0, 300, 300, 50 }, 10, 0 },
-        { { 0, -50, 300, 60 }, 0, 1 },
-        { {}, 0, 0 },
+        { "notes.txt", EntryKind::file, false, "TXT file" },
+        { "archive.tar.gz", EntryKind::file, false, "GZ file" },
+        { "README", EntryKind::file, false, "File" },
+        { ".profile", EntryKind::file, false, "File" },
+        { "ends.", EntryKind::file, false, "File" },
+        { "a.b c", EntryKind::file, false, "File" },
+        { "long.extension", EntryKind::file, false, "File" },
+        { "docs.d", EntryKind::folder, false, "Folder" },
+        { "docs", EntryKind::folder, true, "Link to a folder" },
+        { "lost", EntryKind::brokenLink, true, "Link" },
+        { "socket", EntryKind::special, false, "Device" },
     };
     for (auto const& row : rows) {
-        auto const found = plan.rowsIn(row.rect);
-        EXPECT_EQ(found.first, row.first) << plix::NSStringFromRect(row.rect);
-        EXPECT_EQ(found.count, row.count) << plix::NSStringFromRect(row.rect);
+        FolderEntry entry;
+        entry.name = entry.shownName = row.name;
+        entry.kind = row.kind;
+        entry.isLink = row.isLink;
+        EXPECT_EQ(kindText(entry), row.expected) << row.name;
     }
 }
 
-TEST(ListPlan, MovesTheSelectionByKeys)
+TEST(FolderEntry, SortsByEachKeyBothWays)
 {
-    ListPlan const plan { .rowCount = 100, .rowHeight = 20, .width = 300 };
-    struct Row {
-        std::optional<long> from;
-        ListMove move;
-        std::optional<long> to;
+    auto const entry = [](char const* name, EntryKind kind, std::uint64_t size, double modified) {
+        FolderEntry made;
+        made.name = made.shownName = name;
+        made.sortName = plix::utf16FromUTF8(name);
+        made.kind = kind;
+        made.size = size;
+        made.modified = modified;
+        return made;
     };
-    Row const rows[] = {
-        { {}, ListMove::down, 0 },
-        { {}, ListMove::up, 99 },
-        { {}, ListMove::pageDown, 0 },
-        { {}, ListMove::last, 99 },
-        { 0, ListMove::up, 0 },
-        { 5, ListMove::up, 4 },
-        { 5, ListMove::down, 6 },
-        { 99, ListMove::down, 99 },
-        { 5, ListMove::pageDown, 14 }, // ten rows are seen; one of them stays
-        { 5, ListMove::pageUp, 0 },
-        { 95, ListMove::pageDown, 99 },
-        { 50, ListMove::first, 0 },
-        { 50, ListMove::last, 99 },
+    std::vector<FolderEntry> const entries { entry("b.txt", EntryKind::file, 5, 30), entry("a.zip", EntryKind::file, 9, 10),
+        entry("c.txt", EntryKind::file, 5, 20), entry("folder", EntryKind::folder, 0, 5) };
+    auto const order = [&](SortKey key, bool isDescending) {
+        auto sorted = entries;
+        std::ranges::stable_sort(sorted, [&](auto const& a, auto const& b) { return comesInOrder(a, b, key, isDescending); });
+        std::string names;
+        for (auto const& each : sorted)
+            names += each.name.substr(0, 1);
+        return names;
     };
-    for (auto const& row : rows)
-        EXPECT_EQ(movedSelection(row.from, row.move, plan, 200), row.to) << "row " << &row - rows;
-    EXPECT_EQ(movedSelection({}, ListMove::down, ListPlan {}, 200), std::nullopt);
+    EXPECT_EQ(order(SortKey::name, false), "fabc");
+    EXPECT_EQ(order(SortKey::name, true), "fcba");
+    EXPECT_EQ(order(SortKey::size, false), "fbca");
+    EXPECT_EQ(order(SortKey::size, true), "fabc");
+    EXPECT_EQ(order(SortKey::date, false), "facb");
+    EXPECT_EQ(order(SortKey::date, true), "fbca");
+    EXPECT_EQ(order(SortKey::kind, false), "fbca");
+    EXPECT_EQ(order(SortKey::kind, true), "fabc");
 }
 
-TEST(ListPlan, GivesTheNameWhatTheSizeLeaves)
+TEST(FileOperations, MoveIntoFoldersAndNeverOverAnything)
 {
-    auto const wide = columnPlan({ 0, 22, 400, 22 }, 16);
-    EXPECT_EQ(wide.icon, (Rect { 8, 25, 16, 16 }));
-    EXPECT_EQ(wide.name, (Rect { 30, 22, 260, 22 }));
-    EXPECT_EQ(wide.size, (Rect { 296, 22, 96, 22 }));
-    auto const narrow = columnPlan({ 0, 0, 60, 22 }, 16);
-    EXPECT_EQ(narrow.name.width, 40);
-    EXPECT_EQ(narrow.size.x, 76);
+    plix::TestFolder const folder;
+    folder.write("from/file", "1");
+    folder.write("from/taken", "1");
+    folder.write("to/taken", "2");
+    EXPECT_EQ(moveIntoFolder(folder / "from/file", folder / "to"), "");
+    EXPECT_TRUE(std::filesystem::exists(folder / "to/file"));
+    EXPECT_FALSE(std::filesystem::exists(folder / "from/file"));
+    EXPECT_EQ(moveIntoFolder(folder / "from/taken", folder / "to"), "There is something called “taken” in “to” already.");
+    EXPECT_TRUE(std::filesystem::exists(folder / "from/taken"));
+    EXPECT_EQ(moveIntoFolder(folder / "to/file", folder / "to"), "“file” is there already.");
+    EXPECT_EQ(moveIntoFolder(folder / "to", folder / "to/inside"), "“to” can't be moved into itself.");
+    EXPECT_EQ(moveIntoFolder(folder / "missing", folder / "to"), "“missing” could not be moved: No such file or directory.");
 }
 
-TEST(TypeSelect, CollectsLettersUntilAPause)
+TEST(FileOperations, DeleteFoldersWithTheirContentsAndLinksAlone)
 {
-    TypeSelect typing;
-    EXPECT_EQ(typing.type("a", 10), "a");
-    EXPECT_EQ(typing.type("b", 10.9), "ab");
-    EXPECT_TRUE(typing.isTyping(11.5));
-    EXPECT_FALSE(typing.isTyping(12));
-    EXPECT_EQ(typing.type("c", 12), "c");
+    plix::TestFolder const folder;
+    folder.write("keep/file", "1");
+    folder.write("go/deep/file", "1");
+    std::filesystem::create_symlink(folder / "keep", folder / "go/link");
+    EXPECT_EQ(deleteForGood(folder / "go"), "");
+    EXPECT_FALSE(std::filesystem::exists(folder / "go"));
+    EXPECT_TRUE(std::filesystem::exists(folder / "keep/file"));
 }
 
 }

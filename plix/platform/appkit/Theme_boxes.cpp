@@ -22,6 +22,8 @@ void strokeRounded(Rect rect, float radius, NSColor const& color)
 {
     GraphicsState const saved;
     auto const path = Theme::roundedRect(NSInsetRect(rect, 0.5F, 0.5F), radius);
+    // Hosts may have set another default.
+    path->setLineWidth(1);
     color.setStroke();
     path->stroke();
 }

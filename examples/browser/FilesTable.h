@@ -1,0 +1,102 @@
+#pragma once
+
+#include "folder_entry.h"
+
+#include <plix/platform/appkit/drag_operation.h>
+#include <plix/platform/base/Class.h>
+#include <plix/platform/base/NSIndexSet.h>
+#include <plix/platform/base/ObjectValue.h>
+
+#include <functional>
+#include <map>
+#include <string>
+#include <vector>
+
+namespace plix {
+
+class NSCell;
+class NSDraggingInfo;
+class NSImage;
+class NSMenu;
+class NSPasteboard;
+class NSScrollView;
+class NSTableColumn;
+class NSTableView;
+class PLIXTableView;
+enum NSTableViewDropOperation : int;
+struct NSNotification;
+
+}
+
+namespace browser {
+
+/// The entries of a folder in a table: an icon and a name, size, kind and date. Its headers sort it, its rows can be dragged, and
+/// folders among them take what is dropped on them.
+class FilesTable : public plix::NSObject {
+    PLIX_CLASS(FilesTable, plix::NSObject);
+
+public:
+    struct Actions {
+        std::function<void(FolderEntry const&)> open;
+        std::function<void(std::vector<std::string> const& names)> remove;
+        /// Paths that were dropped on a folder's name, or on "" for the shown folder itself.
+        std::function<void(std::vector<std::string> const& paths, std::string const& folderName)> drop;
+        std::function<void()> select;
+        std::function<void()> leave;
+    };
+
+    FilesTable();
+    ~FilesTable() override;
+    bool init();
+    void setActions(Actions actions) { m_actions = std::move(actions); }
+
+    plix::NSScrollView& scrollView() const { return *m_scrollView; }
+    plix::PLIXTableView& table() const { return *m_table; }
+
+    /// Kept by the caller until others take their place; null for none. Selects nothing.
+    void setEntries(std::vector<FolderEntry> const*, std::string folderPath);
+    FolderEntry const& entryAt(long row) const;
+    long rowOfName(std::string_view name) const;
+    void selectName(std::string_view name);
+    std::vector<std::string> selectedNames() const;
+    /// Shown where there are no entries.
+    void setMessage(std::string const&);
+    void sortBy(SortKey, bool isDescending);
+    SortKey sortKey() const { return m_sortKey; }
+    bool isDescending() const { return m_isDescending; }
+
+    // As the table's data source and delegate.
+    long numberOfRowsInTableView(plix::NSTableView&);
+    plix::ObjectValue objectValueForTableColumn(plix::NSTableView&, plix::NSTableColumn&, long row);
+    void willDisplayCell(plix::NSTableView&, plix::NSCell&, plix::NSTableColumn&, long row);
+    void didClickTableColumn(plix::NSTableView&, plix::NSTableColumn&);
+    void tableViewSelectionDidChange(plix::NSNotification const&);
+    void returnKey(plix::NSTableView&, plix::NSTableView& sender);
+    void deleteBackward(plix::NSTableView&, plix::NSTableView& sender);
+    bool writeRowsWithIndexes(plix::NSTableView&, plix::NSIndexSet const&, plix::NSPasteboard&);
+    unsigned validateDrop(plix::NSTableView&, plix::NSDraggingInfo&, long row, plix::NSTableViewDropOperation);
+    bool acceptDrop(plix::NSTableView&, plix::NSDraggingInfo&, long row, plix::NSTableViewDropOperation);
+
+private:
+    void makeColumns();
+    plix::Ref<plix::NSMenu> makeMenu();
+    void showOrder();
+    void openSelected();
+    void removeSelected();
+
+    plix::Ref<plix::NSScrollView> m_scrollView;
+    plix::Ref<plix::PLIXTableView> m_table;
+    std::vector<FolderEntry> const* m_entries { nullptr };
+    std::vector<std::size_t> m_order;
+    std::string m_folderPath;
+    Actions m_actions;
+    SortKey m_sortKey { SortKey::name };
+    bool m_isDescending { false };
+};
+
+/// The paths on a pasteboard, of files that are dragged.
+std::vector<std::string> draggedPaths(plix::NSPasteboard&);
+/// The picture for an entry, in the present appearance's colours; drawn once each.
+plix::Ref<plix::NSImage> iconImage(EntryKind, bool isLink);
+
+}
