@@ -1,5 +1,6 @@
 #include "bench.h"
 #include "controls_peer.h"
+#include "headless_machine.h"
 
 #include <plix/platform/appkit/NSApplication.h>
 #include <plix/platform/appkit/NSBox.h>
@@ -9,7 +10,6 @@
 #include <plix/platform/appkit/NSTextField.h>
 #include <plix/platform/appkit/NSWindow.h>
 #include <plix/platform/graphics/NSColor.h>
-#include <plix/platform/host/headless/HeadlessHost.h>
 
 #include <string>
 #include <vector>
@@ -129,18 +129,6 @@ public:
 
 private:
     bool m_isOther { false };
-};
-
-class Machine {
-public:
-    Machine() { installHost(std::make_unique<HeadlessHost>()); }
-    ~Machine()
-    {
-        NSApp = nullptr;
-        installHost(nullptr);
-    }
-    Machine(Machine const&) = delete;
-    Machine& operator=(Machine const&) = delete;
 };
 
 }

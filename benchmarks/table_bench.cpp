@@ -1,5 +1,6 @@
 #include "allocations.h"
 #include "bench.h"
+#include "headless_machine.h"
 #include "table_peer.h"
 
 #include <plix/platform/appkit/NSApplication.h>
@@ -8,7 +9,6 @@
 #include <plix/platform/appkit/NSScrollView.h>
 #include <plix/platform/appkit/NSTableColumn.h>
 #include <plix/platform/appkit/NSWindow.h>
-#include <plix/platform/host/headless/HeadlessHost.h>
 
 #include <fstream>
 #include <string>
@@ -19,18 +19,6 @@
 namespace plix::bench {
 
 namespace {
-
-class Machine {
-public:
-    Machine() { installHost(std::make_unique<HeadlessHost>()); }
-    ~Machine()
-    {
-        NSApp = nullptr;
-        installHost(nullptr);
-    }
-    Machine(Machine const&) = delete;
-    Machine& operator=(Machine const&) = delete;
-};
 
 template <typename View> Ref<View> viewWithColumns()
 {
