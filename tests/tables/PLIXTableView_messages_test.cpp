@@ -3,6 +3,8 @@
 #include <tests/support/images.h>
 
 #include <plix/platform/appkit/NSClipView.h>
+#include <plix/platform/appkit/NSDraggingInfo.h>
+#include <plix/platform/appkit/NSPasteboard.h>
 #include <plix/platform/graphics/NSAttributedString.h>
 #include <plix/platform/graphics/NSGraphicsContext.h>
 #include <plix/platform/graphics/inline_object.h>
@@ -267,6 +269,87 @@ TEST_F(DropDrawing, AMarkerBetweenNoNeighboursStandsAtTheOriginMovedByTheOffset)
     auto const shown = drawn([&] { table->_drawDropHighlightBetweenUpperRow(7, 3, 12); });
     EXPECT_FALSE(areaNear(shown, { 6, 0, 6, 3 }, colors::white, 0.1F));
     EXPECT_TRUE(areaNear(shown, { 20, 0, 280, 120 }, colors::white));
+}
+
+// MARK: dragging through the window
+
+class DraggableRows : public NumberedRows {
+public:
+    bool writeRowsWithIndexes(NSTableView&, NSIndexSet const& rows, NSPasteboard& pasteboard)
+    {
+        dragged = rows.indexes();
+        pasteboard.declareTypes({ NSStringPboardType });
+        pasteboard.setString("rows", NSStringPboardType);
+        return true;
+    }
+    unsigned validateDrop(NSTableView&, NSDraggingInfo&, long, NSTableViewDropOperation) { return NSDragOperationMove; }
+    bool acceptDrop(NSTableView&, NSDraggingInfo&, long row, NSTableViewDropOperation operation)
+    {
+        droppedAt = row;
+        isAbove = operation == NSTableViewDropAbove;
+        return true;
+    }
+
+    std::vector<long> dragged;
+    long droppedAt { -1 };
+    bool isAbove { false };
+};
+
+class DragDrawing : public PlainTable {
+protected:
+    void SetUp() override
+    {
+        PlainTable::SetUp();
+        rows = make<DraggableRows>();
+        rows->value = [](NSTableColumn&, long) { return ObjectValue(""); };
+        table->setDataSource(rows);
+        table->registerForDraggedTypes({ NSStringPboardType });
+        activate();
+        pump();
+    }
+    /// What is seen while row 0 rests at a height over the table, before it is dropped there.
+    Ref<NSBitmapImageRep> dragTo(float y)
+    {
+        Ref<NSBitmapImageRep> seen;
+        person().press(onScreen(*table, { 150, 9 }));
+        for (int i = 1; i <= 4; ++i)
+            person().dragTo(onScreen(*table, { 150, 9 + (y - 9) * static_cast<float>(i) / 4 }));
+        person().then([&] { prepWhileDragging = table->inDragPrep(); });
+        person().then([&] { seen = window->snapshot(); });
+        person().release(onScreen(*table, { 150, y }));
+        pump();
+        return seen;
+    }
+
+    Ref<DraggableRows> rows;
+    int prepWhileDragging { -1 };
+};
+
+TEST_F(DragDrawing, BetweenRowsTheMarkerIsShown)
+{
+    auto const seen = dragTo(3 * pitch);
+    ASSERT_TRUE(seen);
+    EXPECT_EQ(rows->dragged, (std::vector<long> { 0 }));
+    EXPECT_EQ(rows->droppedAt, 3);
+    EXPECT_TRUE(rows->isAbove);
+    EXPECT_TRUE(near(colorAt(seen, { 60, table->rectOfRow(3).y }), selectionOutlineColor(*table)->components(), 0.05F));
+    EXPECT_EQ(prepWhileDragging, 0);
+    EXPECT_EQ(table->inDragPrep(), 0);
+    EXPECT_TRUE(near(colorAt(picture(), { 60, table->rectOfRow(3).y }), colors::white));
+}
+
+TEST_F(DragDrawing, OnARowItIsOutlined)
+{
+    auto const seen = dragTo(2.5F * pitch);
+    ASSERT_TRUE(seen);
+    EXPECT_EQ(rows->droppedAt, 2);
+    EXPECT_FALSE(rows->isAbove);
+    auto const row = table->rectOfRow(2);
+    auto const edge = selectionOutlineColor(*table)->components();
+    EXPECT_TRUE(near(colorAt(seen, { 60, row.y + 1 }), blended(colors::white, edge, 0.9F), 0.05F));
+    EXPECT_TRUE(
+        near(colorAt(seen, { 60, row.midY() }), blended(colors::white, selectionColor(*table)->components(), 0.15F), 0.05F));
+    EXPECT_TRUE(near(colorAt(picture(), { 60, row.midY() }), colors::white));
 }
 
 }
