@@ -34,17 +34,7 @@ Ref<NSImage> slice(std::string_view name)
     return image;
 }
 
-Ref<NSImage> whiteArrow()
-{
-    return resource("chiseledPopUp_DownArrow_White");
-}
-
-Ref<NSImage> blackArrow()
-{
-    return resource("chiseledPopUp_DownArrow_Black");
-}
-
-float widthOf(Ref<NSImage> const& image)
+float widthOf(NSImage const* image)
 {
     return image ? image->size().width : 0;
 }
@@ -128,6 +118,21 @@ void PLIXChiseledTextPopUpButton::InitBackgroundImages()
 
 // MARK: images
 
+// Looked up until it is found, and kept: looking it up reads its file.
+NSImage* PLIXChiseledTextPopUpButton::blackArrow()
+{
+    if (!m_blackArrow)
+        m_blackArrow = resource("chiseledPopUp_DownArrow_Black");
+    return m_blackArrow.get();
+}
+
+NSImage* PLIXChiseledTextPopUpButton::whiteArrow()
+{
+    if (!m_whiteArrow)
+        m_whiteArrow = resource("chiseledPopUp_DownArrow_White");
+    return m_whiteArrow.get();
+}
+
 Ref<NSColor> PLIXChiseledTextPopUpButton::highlightColor()
 {
     return NSColor::colorWithCalibratedRed(1, 1, 1, 1);
@@ -140,12 +145,14 @@ Ref<NSColor> PLIXChiseledTextPopUpButton::shadow_HighlightColor()
 
 SliceWidths PLIXChiseledTextPopUpButton::pressedWidths() const
 {
-    return { widthOf(m_leftCap_MouseDown_Image), widthOf(m_middle_MouseDown_Image), widthOf(m_rightCap_MouseDown_Image) };
+    return { widthOf(m_leftCap_MouseDown_Image.get()), widthOf(m_middle_MouseDown_Image.get()),
+        widthOf(m_rightCap_MouseDown_Image.get()) };
 }
 
 SliceWidths PLIXChiseledTextPopUpButton::hoverWidths() const
 {
-    return { widthOf(m_leftCap_MouseOver_Image), widthOf(m_middle_MouseOver_Image), widthOf(m_rightCap_MouseOver_Image) };
+    return { widthOf(m_leftCap_MouseOver_Image.get()), widthOf(m_middle_MouseOver_Image.get()),
+        widthOf(m_rightCap_MouseOver_Image.get()) };
 }
 
 Ref<NSImage> PLIXChiseledTextPopUpButton::ConstructIdleImage()
@@ -212,7 +219,7 @@ void PLIXChiseledTextPopUpButton::drawTitle(std::optional<PopUpBackground> backg
     auto& view = *NSView::focusView();
     m_titleField->shadow()->cell()->drawWithFrame(NSOffsetRect(title, 0, -1), view);
     m_titleField->cell()->drawWithFrame(title, view);
-    if (auto const arrow = background ? whiteArrow() : blackArrow())
+    if (auto const* arrow = background ? whiteArrow() : blackArrow())
         arrow->compositeToPoint(popUpArrowOrigin(title, arrow->size()), NSCompositeSourceOver);
 }
 

@@ -89,6 +89,8 @@ private:
     void drawSlices(PopUpBackground, Rect button) const;
     void drawTitle(std::optional<PopUpBackground>);
     void setTitleColors(std::optional<PopUpBackground>);
+    NSImage* blackArrow();
+    NSImage* whiteArrow();
     SliceWidths pressedWidths() const;
     SliceWidths hoverWidths() const;
 
@@ -102,6 +104,8 @@ private:
     Ref<NSImage> m_image_Idle;
     Ref<NSImage> m_image_MouseOver;
     Ref<NSImage> m_image_MouseDown;
+    Ref<NSImage> m_blackArrow;
+    Ref<NSImage> m_whiteArrow;
     NSTrackingRectTag m_trackingRectTag { 0 };
     bool m_mouseIsDown { false };
     long m_frameAnchorMask { 1 };

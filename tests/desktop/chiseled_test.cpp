@@ -12,7 +12,6 @@ protected:
         moveMouse(1200, 20);
         app = &start("chiseled", {}, { std::to_string(left), "500" });
         app->expect("key");
-        app->catchUp();
     }
     /// The title's letters and the arrow differ, but here each image is plain: left of the title, inside the left cap.
     std::uint32_t capOf(int window) { return colourOnScreen(display().name(), left + 200 * window + 24, top + 30); }
@@ -41,7 +40,6 @@ TEST_F(ChiseledPopUps, ThePointerShowsNothingInAWindowWithoutTheKeyboard)
 {
     startThem();
     moveMouse(left + 200 + middleX, top + middleY);
-    app->catchUp();
     moveMouse(left + middleX, top + middleY);
     app->expect("first over");
     EXPECT_EQ(app->countOf("second over"), 0);
@@ -72,7 +70,6 @@ TEST_F(ChiseledPopUps, AnotherWindowWithTheKeyboardMakesTheTitleInactive)
     click(left + 200 + 90, top + 80);
     app->expect("first inactive");
     app->expect("second active");
-    app->catchUp();
     screenshot("chiseled_inactive");
     moveMouse(left + 200 + middleX, top + middleY);
     app->expect("second over");

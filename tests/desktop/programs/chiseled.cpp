@@ -7,6 +7,7 @@
 #include <plix/platform/appkit/NSMenu.h>
 #include <plix/platform/appkit/NSMenuItem.h>
 #include <plix/platform/appkit/NSWindow.h>
+#include <plix/platform/graphics/NSImage.h>
 
 #include <cstdlib>
 #include <iostream>
