@@ -56,6 +56,7 @@ class DraggableRows : public TableRows {
 public:
     bool writeRowsWithIndexes(NSTableView&, NSIndexSet const& rowIndexes, NSPasteboard& pasteboard)
     {
+        ++asksToWrite;
         dragged = rowIndexes.indexes();
         pasteboard.declareTypes({ NSStringPboardType });
         pasteboard.setString("rows", NSStringPboardType);
@@ -76,6 +77,7 @@ public:
 
     std::vector<long> dragged;
     bool writes { true };
+    int asksToWrite { 0 };
     unsigned answered { NSDragOperationMove };
     std::vector<std::pair<long, NSTableViewDropOperation>> proposed;
     std::pair<long, NSTableViewDropOperation> dropped { -9, NSTableViewDropOn };

@@ -335,20 +335,107 @@ TEST_F(Outlines, TheDataSourceMayChooseAnotherPlace)
     EXPECT_EQ(data->dropped, "B 2");
 }
 
-TEST_F(Outlines, OpenWhatADragRestsOn)
+/// Rests on A with a drag from C, then lets go elsewhere.
+class OutlineSprings : public Outlines {
+protected:
+    std::string restThenRelease(Point at)
+    {
+        outline->registerForDraggedTypes({ NSStringPboardType });
+        std::string whileResting;
+        person().press(onScreen(*outline, { 60, 45 }));
+        for (int i = 0; i < 4; ++i)
+            person().dragTo(onScreen(*outline, { 60, 45 - 9.F * static_cast<float>(i + 1) }));
+        person().then([&] { machine().headlessClock().advance(1); });
+        for (int i = 0; i < 3; ++i)
+            person().dragTo(onScreen(*outline, { 60.F + static_cast<float>(i), 9 }));
+        person().then([&] { whileResting = rows(); });
+        person().release(onScreen(*outline, at));
+        pump();
+        return whileResting;
+    }
+};
+
+TEST_F(OutlineSprings, OpenWhatADragRestsOn)
 {
-    outline->registerForDraggedTypes({ NSStringPboardType });
-    person().press(onScreen(*outline, { 60, 45 }));
-    for (int i = 0; i < 4; ++i)
-        person().dragTo(onScreen(*outline, { 60, 45 - 9.F * static_cast<float>(i + 1) }));
-    std::string whileDragging;
-    person().then([&] { machine().headlessClock().advance(1); });
-    for (int i = 0; i < 3; ++i)
-        person().dragTo(onScreen(*outline, { 60.F + static_cast<float>(i), 9 }));
-    person().then([&] { whileDragging = rows(); });
-    person().release(onScreen(*outline, { 250, 190 }));
+    EXPECT_EQ(restThenRelease({ 250, 190 }), "A A1 A2 B C");
+    EXPECT_EQ(rows(), "A A1 A2 B C");
+}
+
+TEST_F(OutlineSprings, CloseItAgainWhereTheDragLeaves)
+{
+    EXPECT_EQ(restThenRelease({ 250, -300 }), "A A1 A2 B C");
+    EXPECT_EQ(rows(), "A B C");
+}
+
+TEST_F(Outlines, ExpandingAboveTheSelectionKeepsWhereShiftGoesOnFrom)
+{
+    outline->setAllowsMultipleSelection(true);
+    select("B");
+    outline->expandItem(item("A"));
+    key(NSDownArrowFunctionKey, NSShiftKeyMask);
+    EXPECT_EQ(outline->selectedRowIndexes().indexes(), (Indexes { 3, 4 }));
+    outline->collapseItem(item("A"));
+    key(NSUpArrowFunctionKey, NSShiftKeyMask);
+    EXPECT_EQ(outline->selectedRowIndexes().indexes(), (Indexes { 1 }));
+}
+
+/// Has both forms of the hooks that a table has too.
+class BothForms : public Folders {
+public:
+    using Folders::objectValueForTableColumn;
+    void willDisplayCell(NSTableView&, NSCell&, NSTableColumn&, long row) { log.push_back("row " + std::to_string(row)); }
+    void willDisplayCell(NSOutlineView&, NSCell&, NSTableColumn&, NSObject* item) { log.push_back("item " + nameOf(item)); }
+};
+
+/// Has the table's form only.
+class TableFormOnly : public NSObject {
+public:
+    bool init() { return true; }
+    long numberOfChildrenOfItem(NSOutlineView&, NSObject* item) { return item ? 0 : 2; }
+    Ref<NSObject> child(NSOutlineView&, long index, NSObject*) { return items[static_cast<std::size_t>(index)]; }
+    ObjectValue objectValueForTableColumn(NSTableView&, NSTableColumn&, long row)
+    {
+        asked.push_back(row);
+        return "text";
+    }
+    std::vector<Ref<Item>> items { make<Item>("x"), make<Item>("y") };
+    Indexes asked;
+};
+
+TEST_F(Outlines, TheDelegateIsToldByTheTablesFormAndThenByItsOwn)
+{
+    auto const both = make<BothForms>();
+    outline->setDelegate(both);
+    outline->removeTableColumn(*Ref(outline->tableColumns()[1]));
+    both->log.clear();
     pump();
-    EXPECT_EQ(whileDragging, "A A1 A2 B C");
+    EXPECT_EQ(both->log, (Names { "row 0", "item A", "row 1", "item B", "row 2", "item C" }));
+}
+
+TEST_F(Outlines, ValuesComeByTheTablesFormWhereTheDataSourceHasOnlyThat)
+{
+    auto const source = make<TableFormOnly>();
+    outline->setDataSource(source);
+    outline->removeTableColumn(*Ref(outline->tableColumns()[1]));
+    pump();
+    EXPECT_EQ(source->asked, (Indexes { 0, 1 }));
+}
+
+TEST_F(Outlines, ADataSourceMayReloadWhileItIsAsked)
+{
+    NSOutlineViewDataSource hooks;
+    hooks.numberOfChildrenOfItem = [](NSOutlineView& view, NSObject* item) {
+        view.reloadData();
+        return item ? 0L : 3L;
+    };
+    hooks.child = [](NSOutlineView& view, long, NSObject*) -> Ref<NSObject> {
+        view.reloadData();
+        return make<Item>("new");
+    };
+    outline->setOutlineDataSourceHooks(std::move(hooks));
+    pump();
+    EXPECT_EQ(outline->numberOfRows(), 3);
+    outline->setOutlineDataSourceHooks({});
 }
 
 }

@@ -117,6 +117,7 @@ TEST_F(TableDragging, RowsThatAreNotWrittenAreSelectedInstead)
     rows->writes = false;
     drag(*table, rowPoint(1), rowPoint(3));
     EXPECT_EQ(dragged->began, 0);
+    EXPECT_EQ(rows->asksToWrite, 1);
     EXPECT_EQ(selected(), (Indexes { 1, 2, 3 }));
 }
 

@@ -340,6 +340,18 @@ TEST_F(LongTables, TheStretchMovesAlongUnseen)
     EXPECT_TRUE(hasMoved);
 }
 
+TEST_F(LongTables, AnEditorStaysInItsCellWhenTheStretchMoves)
+{
+    table->scrollRowToVisible(150000);
+    table->editColumn(0, 150000, nullptr, true);
+    auto const before = table->documentOffset();
+    scrollView->contentView()->scrollTo({ 0, scrolled() + 1000000 });
+    ASSERT_NE(table->documentOffset(), before);
+    auto const frame = table->frameOfCellAtColumn(0, 150000);
+    ASSERT_TRUE(table->currentEditor());
+    EXPECT_EQ(table->currentEditor()->superview()->frame().y, frame.y);
+}
+
 TEST_F(LongTables, KeysReachBothEnds)
 {
     key(NSEndFunctionKey);
