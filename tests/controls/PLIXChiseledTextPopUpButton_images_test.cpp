@@ -240,16 +240,16 @@ void expectTitleOverShadow(float scale)
 {
     auto const button = make<PLIXChiseledTextPopUpButton>(Rect { 0, 0, 130, 23 });
     button->setTitle("Engraved");
-    auto const& sample = *make<PLIXChiseledTextField>(Rect {});
+    auto const sample = make<PLIXChiseledTextField>(Rect {});
     auto const expected = [&](TitleColors const& colors, std::string_view arrow) {
         return pixelsOf(composedByHand(*button, colors, arrow), scale);
     };
     EXPECT_EQ(countDifferences(pixelsOf(button->ConstructIdleImage(), scale),
-                  expected({ sample.activeColor(), sample.shadowActiveColor() }, "chiseledPopUp_DownArrow_Black")),
+                  expected({ sample->activeColor(), sample->shadowActiveColor() }, "chiseledPopUp_DownArrow_Black")),
         0);
     button->deactivate(nullptr);
     EXPECT_EQ(countDifferences(pixelsOf(button->ConstructIdleImage(), scale),
-                  expected({ sample.inactiveColor(), sample.shadowInactiveColor() }, "chiseledPopUp_DownArrow_Black")),
+                  expected({ sample->inactiveColor(), sample->shadowInactiveColor() }, "chiseledPopUp_DownArrow_Black")),
         0);
     // Behind the title of the others lies nothing here.
     PlainResources const resources("e_Mouse");
