@@ -247,20 +247,23 @@ FrameAllocations allocationsOfWarmFrame()
 {
     Machine const machine;
     Table table(1000000);
-    long inHooks = 0;
-    long firstHook = -1;
-    long lastHook = 0;
+    struct Counts {
+        long inHooks { 0 };
+        long firstHook { -1 };
+        long lastHook { 0 };
+    } counts;
     NSTableViewDataSource hooks;
     hooks.numberOfRowsInTableView = [](NSTableView&) { return 1000000L; };
-    hooks.objectValueForTableColumn = [&](NSTableView&, NSTableColumn& column, long row) {
+    // No larger than a hook of a class: std::function allocates for larger ones whenever it is copied.
+    hooks.objectValueForTableColumn = [&counts](NSTableView&, NSTableColumn& column, long row) {
         long const before = allocationCount();
-        if (firstHook < 0)
-            firstHook = before;
+        if (counts.firstHook < 0)
+            counts.firstHook = before;
         std::string text;
         formatTableCell(text, row, column.identifier().intValue());
         ObjectValue value(std::move(text));
-        lastHook = allocationCount();
-        inHooks += lastHook - before;
+        counts.lastHook = allocationCount();
+        counts.inHooks += counts.lastHook - before;
         return value;
     };
     table.view->setDataSourceHooks(std::move(hooks));
@@ -268,12 +271,11 @@ FrameAllocations allocationsOfWarmFrame()
         table.view->selectRow(row, true);
     table.draw();
     table.draw();
-    inHooks = 0;
-    firstHook = -1;
+    counts = {};
     table.view->setNeedsDisplay(true);
     long const before = allocationCount();
     table.window->displayIfNeeded();
-    return { allocationCount() - before - inHooks, lastHook - firstHook - inHooks };
+    return { allocationCount() - before - counts.inHooks, counts.lastHook - counts.firstHook - counts.inHooks };
 }
 
 PLIX_FIGURE("table.allocations")
