@@ -154,6 +154,36 @@ TEST_F(ChiseledPopUpTest, AFontShowsWithTheNextTitle)
     EXPECT_EQ(button->frame().width, std::trunc(sizeOfTitle("Week", 18).width + 20) + 4);
 }
 
+TEST_F(ChiseledPopUpTest, TakesItsOwnTitleAgain)
+{
+    button->setTitle("A title that is too long to be kept inside a string");
+    auto const frame = button->frame();
+    button->setTitle(button->title());
+    EXPECT_EQ(button->title(), "A title that is too long to be kept inside a string");
+    EXPECT_EQ(button->frame(), frame);
+}
+
+TEST_F(ChiseledPopUpTest, TakesTitlesOfAnyKind)
+{
+    for (std::string const& title : { std::string(20000, 'W'), std::string("two\nlines"), std::string("\xFF\xFE broken"),
+             std::string("\0zero", 5), std::string("\u05E2\u05D1\u05E8\u05D9\u05EA") }) {
+        button->setTitle(title);
+        EXPECT_EQ(button->frame().width, std::trunc(sizeOfTitle(title).width + 20) + 4);
+        EXPECT_EQ(button->image()->size(), button->frame().size());
+        window->display();
+    }
+}
+
+TEST_F(ChiseledPopUpTest, TakesFramesOfAnyKind)
+{
+    for (float const side : { 1e9F, -1e9F, 1e30F, std::nanf(""), 0.5F }) {
+        auto const odd = make<PLIXChiseledTextPopUpButton>(Rect { 10, 10, side, side });
+        EXPECT_TRUE(odd->image() != nullptr);
+        odd->setTitle("Still a title");
+        EXPECT_EQ(odd->frame().width, std::trunc(sizeOfTitle("Still a title").width + 20) + 4);
+    }
+}
+
 // MARK: tracking
 
 TEST_F(ChiseledPopUpTest, IsTrackedOnlyInASuperviewAndAWindow)
