@@ -13,7 +13,7 @@ protected:
         app = &start("chiseled", {}, { std::to_string(left), "500" });
         app->expect("key");
     }
-    /// The title's letters and the arrow differ, but here each image is plain: left of the title, inside the left cap.
+    /// A place left of the title, where only the background is: what is behind the button, or one of its left caps.
     std::uint32_t capOf(int window) { return colourOnScreen(display().name(), left + 200 * window + 24, top + 30); }
 
     static constexpr int left = 300;
