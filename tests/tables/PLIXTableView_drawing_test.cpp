@@ -1,8 +1,8 @@
+#include <tests/support/SystemVersion.h>
 #include <tests/support/images.h>
 #include <tests/tables/PlainTable.h>
 
 #include <plix/controls/TQPopUpButtonCell.h>
-#include <plix/platform/foundation/machine_identity.h>
 #include <plix/platform/graphics/NSBezierPath.h>
 #include <plix/platform/graphics/NSGraphicsContext.h>
 #include <plix/platform/graphics/NSMutableAttributedString.h>
@@ -314,15 +314,6 @@ TEST_F(TableDrawing, EmptyTextIsLeftAlone)
     EXPECT_EQ(drawRow(0)[0].text->length(), 0);
     EXPECT_EQ(table->tableColumns()[0]->dataCell()->objectValue(), ObjectValue(""));
 }
-
-class SystemVersion {
-public:
-    explicit SystemVersion(std::uint32_t version) { machineIdentity().setSystemVersion(version); }
-    ~SystemVersion() { machineIdentity().setSystemVersion(m_before); }
-
-private:
-    std::uint32_t m_before { machineIdentity().systemVersion() };
-};
 
 TEST_F(TableDrawing, SelectedTextFollowsItsTextFontAndStyle)
 {
