@@ -41,6 +41,13 @@ protected:
         return column;
     }
 
+    /// The window has the keyboard before its first frame is on the screen.
+    bool isDrawn()
+    {
+        auto const column = colours("shown");
+        return std::set(column.begin(), column.end()).size() >= 4;
+    }
+
 private:
     TestFolder m_root;
 
@@ -51,16 +58,13 @@ protected:
 TEST_F(FilesWindow, ShowsTheFolderOnceItIsThere)
 {
     startBrowser(folder);
-    auto const isDrawn = [this] {
-        auto const column = colours("shown");
-        return std::set(column.begin(), column.end()).size() >= 4;
-    };
-    EXPECT_TRUE(waitUntil(isDrawn));
+    EXPECT_TRUE(waitUntil([this] { return isDrawn(); }));
 }
 
 TEST_F(FilesWindow, AClickSelectsARow)
 {
     startBrowser(folder);
+    ASSERT_TRUE(waitUntil([this] { return isDrawn(); }));
     auto const before = colours("before");
     auto const place = placeOf("plenty");
     auto const y = place.y + place.height / 2;
@@ -75,6 +79,7 @@ TEST_F(FilesWindow, AClickSelectsARow)
 TEST_F(FilesWindow, TheWheelScrolls)
 {
     startBrowser(folder);
+    ASSERT_TRUE(waitUntil([this] { return isDrawn(); }));
     auto const place = placeOf("plenty");
     auto const first = place.x + 232; // in the names of files
     auto const before = screenshot("before");
