@@ -161,7 +161,7 @@ private:
 void compareStarts(Figure& figure, double Start::*value)
 {
     Folder const folder;
-    auto const ours = [&folder, value] { return start({ PLIX_BENCH_BROWSER, folder.files.path() }).*value; };
+    auto const ours = [&folder, value] { return start({ PLIX_BENCH_LIST_WINDOW, folder.files.path() }).*value; };
 #ifdef PLIX_BENCH_QT_WINDOW
     auto const theirs = [&folder, value] { return start({ PLIX_BENCH_QT_WINDOW, folder.files.path() }).*value; };
     figure.sampleAgainst("qt", ours, theirs);
@@ -185,6 +185,22 @@ PLIX_FIGURE("start.rss_desktop")
     figure.setRuns(11);
     figure.wantRatio(1 / 0.8);
     compareStarts(figure, &Start::residentMebibytes);
+}
+
+// The browser shows much more than the list: a tree, four columns, a pop-up button.
+PLIX_FIGURE("start.browser_desktop")
+{
+    Folder const folder;
+    figure.setUnit("ms");
+    figure.sample([&folder] { return start({ PLIX_BENCH_BROWSER, folder.files.path() }).milliseconds; });
+}
+
+PLIX_FIGURE("start.browser_rss_desktop")
+{
+    Folder const folder;
+    figure.setUnit("MiB");
+    figure.setRuns(11);
+    figure.sample([&folder] { return start({ PLIX_BENCH_BROWSER, folder.files.path() }).residentMebibytes; });
 }
 
 PLIX_FIGURE("loop.idle_wakeups")

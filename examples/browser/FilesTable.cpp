@@ -130,6 +130,7 @@ bool FilesTable::init()
     m_table->setAllowsMultipleSelection(true);
     m_table->setVerticalMotionCanBeginDrag(true);
     m_table->setColumnAutoresizingStyle(NSTableViewFirstColumnOnlyAutoresizingStyle);
+    m_table->setUsesAlternatingRowBackgroundColors(true);
     makeColumns();
     m_table->setDataSource(Ref<FilesTable>(this));
     m_table->setDelegate(Ref<FilesTable>(this));
