@@ -105,8 +105,9 @@ public:
     void abortModal();
     NSWindow* modalWindow() const;
 
-    /// Attaches a window to another one, whose input it takes until endSheet(). Answers at once. The handler, where there is one,
-    /// is called by endSheet() with the code.
+    /// Attaches a window to another one, whose input it takes until endSheet(), and answers when it has slid out from under that
+    /// window's title. On a window that has a sheet already it hangs from that one. The handler, where there is one, is called by
+    /// endSheet() with the code; the sheet slides away when it is ordered out after that.
     using SheetEnded = std::function<void(NSWindow& sheet, long returnCode)>;
     virtual void beginSheet(NSWindow& sheet, NSWindow& modalForWindow, SheetEnded = {});
     void endSheet(NSWindow& sheet) { endSheet(sheet, NSRunStoppedResponse); }

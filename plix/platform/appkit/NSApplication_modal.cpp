@@ -18,7 +18,9 @@ Ref<NSModalSession> NSApplication::beginModalSessionForWindow(NSWindow& window)
     m->sessions.push_back(session);
     auto& internals = window.internals();
     if (!internals.isOrderedIn && !internals.isSheet()) {
-        internals.modalParent = m->mainWindow;
+        // A panel that runs while another one is modal stays above that.
+        auto* const below = m->sessions.size() > 1 ? m->sessions[m->sessions.size() - 2]->window() : nullptr;
+        internals.modalParent = below && below->isVisible() ? below : m->mainWindow.get();
         window.center();
     }
     window.makeKeyAndOrderFront(nullptr);
@@ -97,54 +99,6 @@ NSWindow* NSApplication::modalWindow() const
 {
     auto const* const session = m->innermostSession();
     return session ? session->window() : nullptr;
-}
-
-// Sheets.
-
-void NSApplication::beginSheet(NSWindow& sheet, NSWindow& modalForWindow, SheetEnded ended)
-{
-    Ref<NSApplication> const protector(this);
-    Ref<NSWindow> const attached(sheet);
-    auto& parent = modalForWindow.internals().frontmostSheet();
-    if (&parent == &sheet || sheet.isSheet())
-        return;
-    Ref<NSWindow> const parentProtector(parent);
-    auto& above = parent.internals();
-    auto& internals = sheet.internals();
-    above.post(NSWindowWillBeginSheetNotification, &NSWindowDelegate::windowWillBeginSheet);
-    internals.orderOut();
-    internals.sheetParent = parent;
-    internals.sheetEnded = std::move(ended);
-    internals.dropHost();
-    above.sheet = attached;
-    Rect top { above.contentOffset().x, above.contentOffset().y + above.content.height, above.content.width, 0 };
-    if (above.hooks.windowWillPositionSheet)
-        top = above.hooks.windowWillPositionSheet(parent, sheet, top);
-    Point const onScreen = parent.convertBaseToScreen({ top.midX(), top.y });
-    sheet.setFrameTopLeftPoint({ onScreen.x - sheet.frame().width * 0.5F, onScreen.y });
-    if (parent.isVisible())
-        sheet.makeKeyAndOrderFront(nullptr);
-}
-
-void NSApplication::endSheet(NSWindow& sheet, long returnCode)
-{
-    Ref<NSApplication> const protector(this);
-    Ref<NSWindow> const attached(sheet);
-    auto& internals = sheet.internals();
-    Ref<NSWindow> const parent(internals.sheetParent.get());
-    if (!parent)
-        return;
-    bool const wasKey = sheet.isKeyWindow();
-    internals.sheetParent = nullptr;
-    parent->internals().sheet = nullptr;
-    if (!internals.isOrderedIn)
-        internals.dropHost();
-    auto const ended = std::exchange(internals.sheetEnded, {});
-    if (ended)
-        ended(sheet, returnCode);
-    parent->internals().post(NSWindowDidEndSheetNotification, &NSWindowDelegate::windowDidEndSheet);
-    if (wasKey && parent->isVisible())
-        parent->makeKeyWindow();
 }
 
 }

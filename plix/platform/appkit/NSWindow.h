@@ -89,7 +89,8 @@ public:
     /// window.
     Point cascadeTopLeftFromPoint(Point);
     void setContentSize(Size);
-    /// How long an animated change to that frame takes: 0.2 s for each 150 points of change.
+    /// How long an animated change to that frame takes: 0.2 s for each 150 points of change; the user's default
+    /// "NSWindowResizeTime" has another time than 0.2, or 0 for no animation.
     virtual NSTimeInterval animationResizeTime(Rect newFrame);
     /// Here: a titled window's frame moved so that its top edge is on the screen's visible part, and its height no more than that.
     virtual Rect constrainFrameRect(Rect, NSScreen*);

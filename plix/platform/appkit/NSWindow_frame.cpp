@@ -2,8 +2,7 @@
 #include <plix/platform/appkit/NSScreen.h>
 #include <plix/platform/appkit/NSWindow.h>
 #include <plix/platform/appkit/NSWindow_internal.h>
-#include <plix/platform/base/clock.h>
-#include <plix/platform/foundation/NSRunLoop.h>
+#include <plix/platform/appkit/window_animation.h>
 #include <plix/platform/foundation/NSUserDefaults.h>
 #include <plix/platform/host/Display.h>
 #include <plix/platform/host/Host.h>
@@ -19,13 +18,7 @@ namespace plix {
 
 namespace {
 
-constexpr NSTimeInterval resizeTimeUnit = 0.2;
 constexpr float resizeDistanceUnit = 150;
-constexpr NSTimeInterval animationFrame = 1.0 / 60;
-/// Well above what dates can tell apart.
-constexpr NSTimeInterval shortestWait = 0.0005;
-/// No timers and no events of others: an animation only lets the host's messages in.
-constexpr std::string_view animationMode = "NSWindowResizeMode";
 constexpr float cascadeStep = 22;
 constexpr float titleBarButtonsWidth = 80;
 constexpr float titleCharacterWidth = 8;
@@ -63,12 +56,6 @@ Rect between(Rect from, Rect to, float fraction)
         between(from.height, to.height, fraction) };
 }
 
-/// Slow at both ends.
-float eased(double fraction)
-{
-    return static_cast<float>(fraction * fraction * (3 - 2 * fraction));
-}
-
 }
 
 // Frame and content.
@@ -94,7 +81,7 @@ float NSWindow::minFrameWidthWithTitle(std::string_view title, unsigned styleMas
 HostWindowAttributes NSWindow::Internals::hostAttributes() const
 {
     auto attributes = attributesForStyle(styleMask);
-    attributes.contentRect = content;
+    attributes.contentRect = shownContent();
     if (isSheet())
         attributes.isTitled = false;
     if (level >= NSPopUpMenuWindowLevel)
@@ -169,8 +156,8 @@ void NSWindow::setFrame(Rect frame, bool display)
 void NSWindow::Internals::placeHost()
 {
     // A new size takes the pixels away that are being drawn into.
-    if (host && !isDrawing && host->contentRect() != content)
-        host->setContentRect(content);
+    if (host && !isDrawing && host->contentRect() != shownContent())
+        host->setContentRect(shownContent());
 }
 
 void NSWindow::Internals::contentRectChanged(Rect before)
@@ -194,7 +181,7 @@ void NSWindow::Internals::contentRectChanged(Rect before)
     if (resized)
         post(NSWindowDidResizeNotification, &NSWindowDelegate::windowDidResize);
     if (sheet)
-        sheet->setFrameTopLeftPoint({ content.midX() - sheet->frame().width * 0.5F, content.maxY() });
+        placeSheet();
     if (!autosaveName.empty())
         self.saveFrameUsingName(autosaveName);
     noteScreen();
@@ -215,22 +202,13 @@ void NSWindow::setFrame(Rect frame, bool display, bool animate)
     Ref<NSWindow> const protector(this);
     Rect const from = this->frame();
     frame = m->limited(frame);
-    auto const duration = animate && isVisible() ? animationResizeTime(frame) : 0;
-    auto const start = clock().uptime();
-    auto& loop = NSRunLoop::currentRunLoop();
-    auto const waitUntil = [&](NSTimeInterval uptime) {
-        while (clock().uptime() < uptime)
-            loop.runOnce(animationMode, NSDate::dateWithTimeIntervalSinceNow(std::max(uptime - clock().uptime(), shortestWait)));
-    };
-    for (int step = 1; start + step * animationFrame < start + duration; ++step) {
-        waitUntil(start + step * animationFrame);
-        if (!isVisible())
-            break;
-        auto const fraction = std::min((clock().uptime() - start) / duration, 1.0);
-        setFrame(between(from, frame, eased(fraction)), true);
+    if (animate && isVisible()) {
+        runWindowAnimation(animationResizeTime(frame), [&](float progress) {
+            if (isVisible())
+                setFrame(between(from, frame, progress), true);
+            return isVisible();
+        });
     }
-    if (duration > 0)
-        waitUntil(start + duration);
     setFrame(frame, display);
 }
 
@@ -239,7 +217,7 @@ NSTimeInterval NSWindow::animationResizeTime(Rect newFrame)
     Rect const now = frame();
     float const change = std::max({ std::abs(newFrame.x - now.x), std::abs(newFrame.y - now.y),
         std::abs(newFrame.width - now.width), std::abs(newFrame.height - now.height) });
-    return resizeTimeUnit * double { change } / double { resizeDistanceUnit };
+    return windowAnimationUnit() * double { change } / double { resizeDistanceUnit };
 }
 
 void NSWindow::setFrameOrigin(Point origin)

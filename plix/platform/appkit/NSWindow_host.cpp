@@ -150,7 +150,7 @@ void NSWindow::Internals::hostWindowContentRectChanged(Rect rect)
 {
     Ref<NSWindow> const protector(self);
     updateExtents();
-    if (rect == content)
+    if (rect == content || isSliding())
         return;
     Rect const before = content;
     if (rect.size() != before.size()) {

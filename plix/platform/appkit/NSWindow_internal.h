@@ -3,6 +3,7 @@
 #include <plix/platform/appkit/NSWindow.h>
 #include <plix/platform/appkit/NSWindowController.h>
 #include <plix/platform/appkit/WindowTracking.h>
+#include <plix/platform/base/FunctionRef.h>
 #include <plix/platform/foundation/NSUndoManager.h>
 #include <plix/platform/graphics/NSColor.h>
 #include <plix/platform/graphics/region.h>
@@ -70,6 +71,8 @@ struct NSWindow::Internals final : HostWindowClient {
     Ref<NSWindow> sheet;
     Weak<NSWindow> sheetParent;
     std::function<void(NSWindow&, long)> sheetEnded;
+    /// The part of a sliding sheet's height that has come out from under its window's title, from below.
+    float shownShare { 1 };
     Weak<NSWindow> modalParent;
     Weak<NSWindowController> controller;
     HookSource delegateSource;
@@ -130,6 +133,16 @@ struct NSWindow::Internals final : HostWindowClient {
     Rect frameAround(Rect contentRect) const;
     Rect contentInside(Rect frameRect) const;
     bool isSheet() const { return sheetParent.get() != nullptr; }
+    bool isSliding() const { return shownShare < 1; }
+    /// What the host's window shows of the content, on screen: all but of sliding sheets.
+    Rect shownContent() const;
+    /// Puts the attached sheet where it hangs from.
+    void placeSheet();
+    /// On screen and key, drawn out from under the parent's title; answers when it is there.
+    void slideIn();
+    /// Up again; the window stays ordered in.
+    void slideOut();
+    void slide(FunctionRef<float(float progress)> shareAt);
     HostWindowAttributes hostAttributes() const;
     void makeHost();
     /// Drops the host's window, so that the next one is made as the window is then.

@@ -70,9 +70,11 @@ void NSWindow::orderFrontRegardless()
 void NSWindow::orderWindow(NSWindowOrderingMode mode, long relativeTo)
 {
     Ref<NSWindow> const protector(this);
-    if (mode == NSWindowOut)
+    if (mode == NSWindowOut) {
+        if (m->isHostOfSheet && !m->isSheet())
+            m->slideOut();
         m->orderOut();
-    else if (NSApp->internals().isHidden && m->canHide)
+    } else if (NSApp->internals().isHidden && m->canHide)
         m->isHiddenByApplication = true;
     else
         m->orderIn(mode, windowWithNumber(relativeTo));
@@ -225,16 +227,6 @@ NSWindow* NSWindow::parentWindow() const
 void NSWindow::setParentWindow(NSWindow* parent)
 {
     m->parent = parent;
-}
-
-NSWindow* NSWindow::attachedSheet() const
-{
-    return m->sheet.get();
-}
-
-bool NSWindow::isSheet() const
-{
-    return m->isSheet();
 }
 
 // Closing.
