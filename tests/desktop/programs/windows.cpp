@@ -123,6 +123,22 @@ PLIX_DESCRIBE(RowsView)
 {
 }
 
+class BlueView : public NSView {
+    PLIX_CLASS(BlueView, NSView);
+
+public:
+    using NSView::init;
+    void drawRect(Rect dirty) override
+    {
+        NSColor::colorWithDeviceRed(0, 0, 1, 1)->set();
+        NSRectFill(dirty);
+    }
+};
+
+PLIX_DESCRIBE(BlueView)
+{
+}
+
 /// Reports for one window.
 class Watcher : public NSObject {
     PLIX_CLASS(Watcher, NSObject);
@@ -229,6 +245,30 @@ void trackPopup(NSWindow& popup)
 
 using Command = std::function<void(std::istream&)>;
 
+Ref<NSWindow> s_sheet;
+
+/// A red sheet of a size, blue in its lower half.
+void beginSheet(NSWindow& window, std::istream& words)
+{
+    Rect content;
+    words >> content.width >> content.height;
+    s_sheet = make<NSWindow>(content, NSTitledWindowMask, NSBackingStoreBuffered, true);
+    s_sheet->setBackgroundColor(NSColor::colorWithDeviceRed(1, 0, 0, 1));
+    s_sheet->setTitle("sheet");
+    auto const lower = make<BlueView>(Rect { 0, 0, content.width, content.height / 2 });
+    s_sheet->contentView()->addSubview(*lower);
+    report("sheet begins");
+    NSApp->beginSheet(*s_sheet, window);
+    report("sheet is there");
+}
+
+void endSheet(std::istream&)
+{
+    NSApp->endSheet(*s_sheet);
+    s_sheet->orderOut(nullptr);
+    report("sheet is gone");
+}
+
 Command onWindow(std::function<void(NSWindow&, std::istream&)> action)
 {
     return [action](std::istream& words) {
@@ -287,6 +327,8 @@ std::map<std::string, Command> const& commands()
              report("modal begins");
              report("modal ended " + std::to_string(NSApp->runModalForWindow(window)));
          }) },
+        { "sheet", onWindow(beginSheet) },
+        { "unsheet", endSheet },
         { "unmodal", [](std::istream&) { NSApp->stopModalWithCode(7); } },
         { "attention", [](std::istream&) { s_requests.push_back(NSApp->requestUserAttention(NSInformationalRequest)); } },
         { "cancel", cancelRequests },
@@ -335,6 +377,7 @@ int run()
     report("ready");
     application.run();
     source->invalidate();
+    s_sheet = nullptr;
     s_windows.clear();
     report("ended");
     return 0;
