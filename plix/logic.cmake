@@ -46,6 +46,7 @@ list(APPEND PLIX_LOGIC_SOURCES
     platform/foundation/date_parsing.cpp
     platform/foundation/date_pattern.cpp
     platform/foundation/date_text.cpp
+    platform/foundation/module_file.cpp
     platform/foundation/natural_dates.cpp
     platform/appkit/view_geometry.cpp
     platform/appkit/window_sizing.cpp

@@ -7,6 +7,7 @@
 #include <plix/platform/foundation/file_bytes.h>
 #include <plix/platform/foundation/path_operations.h>
 #include <plix/platform/foundation/path_resolution.h>
+#include <plix/platform/foundation/plugin_classes.h>
 #include <plix/platform/foundation/process_identity.h>
 #include <plix/platform/foundation/property_list.h>
 #include <plix/platform/foundation/strings_file.h>
@@ -103,18 +104,28 @@ PLIX_DESCRIBE(NSBundle)
 
 NSBundle& NSBundle::mainBundle()
 {
-    static auto* const s_bundle = make<NSBundle>(mainFolders()).leak();
+    static auto* const s_bundle = [] {
+        auto bundle = make<NSBundle>(mainFolders());
+        bundle->m_isLoaded = true;
+        return bundle.leak();
+    }();
     return *s_bundle;
 }
 
 NSBundle& NSBundle::libraryBundle()
 {
-    static auto* const s_bundle = make<NSBundle>(libraryFolders()).leak();
+    static auto* const s_bundle = [] {
+        auto bundle = make<NSBundle>(libraryFolders());
+        bundle->m_isLoaded = true;
+        return bundle.leak();
+    }();
     return *s_bundle;
 }
 
 NSBundle& NSBundle::bundleForClass(Class const& described)
 {
+    if (auto* plugin = pluginThatBrought(described))
+        return *plugin;
     auto const& name = described.bundleName();
     auto const found = registered().find(name);
     if (found != registered().end())

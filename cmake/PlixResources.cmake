@@ -1,0 +1,76 @@
+# What programs on plix need beside them, and modules that they load.
+
+# Where the strings for hosts are, and the plug-in bundles when they are not built together with the program. The installed package
+# sets both before it includes this file.
+if(NOT DEFINED PLIX_HOST_STRINGS)
+    set(PLIX_HOST_STRINGS ${CMAKE_CURRENT_LIST_DIR}/../plix/resources/host)
+endif()
+if(NOT DEFINED PLIX_PLUGINS)
+    set(PLIX_PLUGINS ${PROJECT_BINARY_DIR}/plugins)
+endif()
+set(PLIX_RESOURCES_SCRIPT ${CMAKE_CURRENT_LIST_DIR}/PlixCopyResources.cmake)
+set(PLIX_PLUGIN_INFO ${CMAKE_CURRENT_LIST_DIR}/PluginInfo.plist.in)
+
+# plix_add_plugin(name PRINCIPAL_CLASS class [FOLDER folder] source...): a module <name> in <folder>/<name>.bundle, which NSBundle
+# loads. A source of it has PLIX_PLUGIN_MODULE of plix/platform/foundation/plugin_module.h. The module uses its host's plix and brings none.
+function(plix_add_plugin name)
+    cmake_parse_arguments(PLUGIN "" "PRINCIPAL_CLASS;FOLDER" "" ${ARGN})
+    if(NOT PLUGIN_FOLDER)
+        set(PLUGIN_FOLDER ${CMAKE_CURRENT_BINARY_DIR})
+    endif()
+    set(PLUGIN_NAME ${name})
+    set(bundle ${PLUGIN_FOLDER}/${name}.bundle)
+    add_library(${name} MODULE ${PLUGIN_UNPARSED_ARGUMENTS})
+    set_target_properties(${name} PROPERTIES PREFIX "" SUFFIX ".so" OUTPUT_NAME ${name} LIBRARY_OUTPUT_DIRECTORY ${bundle}
+        POSITION_INDEPENDENT_CODE ON PLIX_BUNDLE ${bundle})
+    target_compile_features(${name} PRIVATE cxx_std_20)
+    target_include_directories(${name} PRIVATE $<TARGET_PROPERTY:plix::plix,INTERFACE_INCLUDE_DIRECTORIES>)
+    target_compile_definitions(${name} PRIVATE $<TARGET_PROPERTY:plix::plix,INTERFACE_COMPILE_DEFINITIONS>)
+    configure_file(${PLIX_PLUGIN_INFO} ${bundle}/Info.plist @ONLY)
+endfunction()
+
+# plix_add_resources(program [STRINGS folder...] [PLUGINS name...]): puts beside a program what the library looks for in its main
+# bundle: the plug-in bundle DatePicker, and Localizable.strings in four languages. A program's own strings
+# (<folder>/<language>.lproj/Localizable.strings, in UTF-8) are joined to these and win over them. Plug-ins that plix_add_plugin() made go
+# beside it as well. The program shows its symbols to modules and has all of plix in it, whatever of that it uses by itself.
+function(plix_add_resources target)
+    cmake_parse_arguments(RESOURCES "" "" "STRINGS;PLUGINS" ${ARGN})
+    set_target_properties(${target} PROPERTIES ENABLE_EXPORTS ON)
+    get_target_property(real plix::plix ALIASED_TARGET)
+    if(NOT real)
+        set(real plix::plix)
+    endif()
+    get_target_property(kind ${real} TYPE)
+    if(kind STREQUAL "STATIC_LIBRARY")
+        target_link_options(${target} PRIVATE
+            "SHELL:-Wl,--whole-archive $<TARGET_FILE:plix::plix> $<TARGET_FILE:plix::logic> -Wl,--no-whole-archive")
+    endif()
+
+    set(strings ${PLIX_HOST_STRINGS} ${RESOURCES_STRINGS})
+    set(bundles "")
+    set(needed ${PLIX_RESOURCES_SCRIPT})
+    foreach(plugin DatePicker ${RESOURCES_PLUGINS})
+        if(TARGET ${plugin})
+            list(APPEND bundles $<TARGET_PROPERTY:${plugin},PLIX_BUNDLE>)
+            list(APPEND needed ${plugin} $<TARGET_FILE:${plugin}>)
+        else()
+            list(APPEND bundles ${PLIX_PLUGINS}/${plugin}.bundle)
+        endif()
+    endforeach()
+    foreach(folder ${strings})
+        get_filename_component(folder ${folder} ABSOLUTE)
+        list(APPEND folders ${folder})
+        file(GLOB files CONFIGURE_DEPENDS ${folder}/*.lproj/Localizable.strings)
+        list(APPEND needed ${files})
+    endforeach()
+    set(stamp ${CMAKE_CURRENT_BINARY_DIR}/${target}_resources.stamp)
+    add_custom_command(OUTPUT ${stamp}
+        COMMAND ${CMAKE_COMMAND} "-DSTRINGS=${folders}" "-DBUNDLES=${bundles}" "-DTO=$<TARGET_FILE_DIR:${target}>"
+            -DLOCK=${PROJECT_BINARY_DIR}/plix_resources.lock -P ${PLIX_RESOURCES_SCRIPT}
+        COMMAND ${CMAKE_COMMAND} -E touch ${stamp}
+        DEPENDS ${needed}
+        COMMENT "Putting resources beside ${target}"
+        VERBATIM)
+    add_custom_target(${target}_resources DEPENDS ${stamp})
+    add_dependencies(${target} ${target}_resources)
+endfunction()

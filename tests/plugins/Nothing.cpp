@@ -1,0 +1,6 @@
+extern "C" int nothingForAnyone();
+
+extern "C" int nothingForAnyone()
+{
+    return 0;
+}
