@@ -54,11 +54,11 @@ TEST_F(RealSheet, SlidesOutWithItsLowerEdgeAheadAndBackAgain)
     auto const down = heightsUntil("sheet is there");
     EXPECT_THAT(down, SizeIs(Gt(8U)));
     EXPECT_TRUE(std::ranges::is_sorted(down));
-    EXPECT_THAT(down, Each(Le(120)));
+    EXPECT_THAT(down, Each(Le(119)));
     EXPECT_THAT(lowestPart, SizeIs(Gt(2U)));
     EXPECT_THAT(lowestPart, Each(blue));
     EXPECT_TRUE(waitForPixel(300, 101, red));
-    EXPECT_TRUE(waitForPixel(300, 219, blue));
+    EXPECT_TRUE(waitForPixel(300, 218, blue));
     screenshot("sheet");
     app.say("unsheet");
     auto const up = heightsUntil("sheet is gone");

@@ -2,6 +2,7 @@
 #include <plix/platform/appkit/NSView_internal.h>
 #include <plix/platform/appkit/NSWindow.h>
 #include <plix/platform/appkit/NSWindow_internal.h>
+#include <plix/platform/appkit/Theme.h>
 #include <plix/platform/appkit/pixel_moves.h>
 #include <plix/platform/appkit/view_drawing.h>
 #include <plix/platform/graphics/NSBitmapImageRep.h>
@@ -147,6 +148,10 @@ void NSWindow::Internals::drawRegion(Region const& region)
             drawBackground(*target, whole.rects());
         if (!contentView->isHidden())
             ViewDrawing(*target).drawTree(*contentView, whole.rects());
+        if (isHostOfSheet) {
+            target->setTransform({});
+            Theme::current().drawSheetEdge({ 0, 0, content.width, content.height });
+        }
     }
     isDrawing = false;
     hostsInUse.clear();

@@ -102,6 +102,8 @@ public:
 
     // Menus.
     void drawMenuBackground(Rect) const;
+    /// Over a sheet's content, whose own colour may be that of the window behind: a line along all edges but the upper one.
+    void drawSheetEdge(Rect) const;
     void drawMenuHighlight(Rect item) const;
     void drawMenuSeparator(Rect item) const;
     /// A check mark, or a dash for the mixed state, in the column before the titles.

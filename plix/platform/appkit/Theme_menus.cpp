@@ -49,6 +49,13 @@ void Theme::drawMenuBackground(Rect rect) const
     NSFrameRectWithWidth(rect, 1);
 }
 
+void Theme::drawSheetEdge(Rect rect) const
+{
+    GraphicsState const saved;
+    color(ThemeRole::menuBorder)->setFill();
+    NSFrameRectWithWidth({ rect.x, rect.y, rect.width, rect.height + 1 }, 1);
+}
+
 void Theme::drawMenuHighlight(Rect item) const
 {
     fill({ item.x + 1, item.y, item.width - 2, item.height }, *NSColor::selectedMenuItemColor());

@@ -134,16 +134,27 @@ TEST_F(Sheets, ShowTheirLowestPartWhileTheySlide)
         EXPECT_EQ(shown->pixelsHigh(), height);
         if (height < 50) {
             ++partly;
-            EXPECT_TRUE(areaNear(shown, { 0, 0, 200, height }, colors::green));
+            EXPECT_TRUE(areaNear(shown, { 1, 0, 198, height - 1 }, colors::green));
         } else {
             ++nearlyWhole;
-            EXPECT_TRUE(areaNear(shown, { 0, height - 50, 200, 50 }, colors::green));
-            EXPECT_TRUE(areaNear(shown, { 0, 0, 200, height - 50 }, colors::red));
+            EXPECT_TRUE(areaNear(shown, { 1, height - 50, 198, 49 }, colors::green));
+            EXPECT_TRUE(areaNear(shown, { 1, 0, 198, height - 50 }, colors::red));
         }
     };
     app().beginSheet(*sheet, *parent);
     EXPECT_GT(partly, 3);
     EXPECT_GT(nearlyWhole, 3);
+}
+
+TEST_F(Sheets, AreSetOffByALineAlongAllEdgesButTheUpper)
+{
+    app().beginSheet(*sheet, *parent);
+    Pixels const shown(sheet->snapshot());
+    EXPECT_TRUE(areaNear(shown, { 1, 0, 198, 50 }, colors::red));
+    for (PixelRect const edge : { PixelRect { 0, 0, 1, 100 }, PixelRect { 199, 0, 1, 100 }, PixelRect { 0, 99, 200, 1 } }) {
+        EXPECT_EQ(countPixels(shown, edge, colors::red), 0);
+        EXPECT_EQ(countPixels(shown, edge, colors::green), 0);
+    }
 }
 
 TEST_F(Sheets, SlideAwayWhenTheyAreOrderedOutAtTheEnd)
