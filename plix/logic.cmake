@@ -32,6 +32,7 @@ list(APPEND PLIX_LOGIC_SOURCES
     platform/appkit/progress_layout.cpp
     platform/appkit/segment_layout.cpp
     platform/appkit/split_layout.cpp
+    platform/appkit/tab_layout.cpp
     platform/appkit/column_layout.cpp
     platform/appkit/outline_tree.cpp
     platform/appkit/row_layout.cpp

@@ -3,25 +3,13 @@
 #include <plix/platform/appkit/NSTextView.h>
 #include <plix/platform/appkit/NSWindow.h>
 #include <plix/platform/appkit/NSWindow_internal.h>
-#include <plix/platform/appkit/reading_order.h>
+#include <plix/platform/appkit/key_views.h>
 
 #include <utility>
 
 namespace plix {
 
 namespace {
-
-void collectInReadingOrder(NSView& view, std::vector<NSView*>& into)
-{
-    std::vector<Rect> frames;
-    for (auto const& subview : view.subviews())
-        frames.push_back(subview->frame());
-    for (auto const index : readingOrder(frames, view.isFlipped())) {
-        auto& subview = *view.subviews()[index];
-        into.push_back(&subview);
-        collectInReadingOrder(subview, into);
-    }
-}
 
 /// Sets a value for the scope that it lives in.
 template <typename T> class ValueWhile {
@@ -86,8 +74,7 @@ NSView* NSWindow::Internals::firstKeyView() const
 {
     if (auto* const initial = initialFirstResponder.get())
         return initial->canBecomeKeyView() ? initial : initial->nextValidKeyView();
-    std::vector<NSView*> views;
-    collectInReadingOrder(*contentView, views);
+    auto views = viewsInReadingOrder(*contentView);
     views.insert(views.begin(), contentView.get());
     for (auto* view : views) {
         if (view->canBecomeKeyView())
@@ -99,8 +86,7 @@ NSView* NSWindow::Internals::firstKeyView() const
 void NSWindow::Internals::selectInitialFirstResponder()
 {
     if (!initialFirstResponder) {
-        std::vector<NSView*> views;
-        collectInReadingOrder(*contentView, views);
+        auto const views = viewsInReadingOrder(*contentView);
         bool const hasLoop = contentView->nextKeyView()
             || std::any_of(views.begin(), views.end(), [](auto const* view) { return view->nextKeyView() != nullptr; });
         if (!hasLoop)
@@ -114,8 +100,8 @@ void NSWindow::Internals::selectInitialFirstResponder()
 
 void NSWindow::recalculateKeyViewLoop()
 {
-    std::vector<NSView*> views { m->contentView.get() };
-    collectInReadingOrder(*m->contentView, views);
+    auto views = viewsInReadingOrder(*m->contentView);
+    views.insert(views.begin(), m->contentView.get());
     for (std::size_t i = 0; i < views.size(); ++i)
         views[i]->setNextKeyView(views[(i + 1) % views.size()]);
 }
