@@ -126,11 +126,23 @@ std::optional<std::string> linkTarget(std::string const& path)
     return std::string(target, static_cast<std::size_t>(length));
 }
 
-bool copyEntry(std::string const& source, std::string const& destination, struct stat const& status)
+bool mayGoOn(NSFileCopyHandler const& handler, std::string const& path)
 {
+    bool const goesOn = !handler.willProcessPath || handler.willProcessPath(path);
+    if (!goesOn)
+        errno = ECANCELED;
+    return goesOn;
+}
+
+bool copyEntry(
+    std::string const& source, std::string const& destination, struct stat const& status, NSFileCopyHandler const& handler)
+{
+    if (!mayGoOn(handler, source))
+        return false;
     switch (status.st_mode & S_IFMT) {
     case S_IFREG:
-        return copyFileBytes(source, destination, status.st_mode & 07777);
+        return copyFileBytes(source, destination, status.st_mode & 07777,
+            [&](std::uint64_t bytes) { return !handler.didCopyBytes || handler.didCopyBytes(bytes); });
     case S_IFLNK: {
         auto const target = linkTarget(source);
         return target && ::symlink(target->c_str(), destination.c_str()) == 0;
@@ -143,22 +155,22 @@ bool copyEntry(std::string const& source, std::string const& destination, struct
     }
 }
 
-bool copyTree(std::string const& source, std::string const& destination)
+bool copyTree(std::string const& source, std::string const& destination, NSFileCopyHandler const& handler)
 {
     struct Folder {
         std::string source;
         std::string destination;
-        mode_t mode;
+        struct stat status;
     };
     auto const status = linkStatus(source);
     if (!status)
         return false;
     if (!isFolder(*status))
-        return copyEntry(source, destination, *status);
-    std::vector<Folder> folders { { source, destination, status->st_mode } };
+        return copyEntry(source, destination, *status, handler);
+    std::vector<Folder> folders { { source, destination, *status } };
     for (std::size_t next = 0; next < folders.size(); ++next) {
         auto const folder = folders[next];
-        if (::mkdir(folder.destination.c_str(), 0700) != 0)
+        if (!mayGoOn(handler, folder.source) || ::mkdir(folder.destination.c_str(), 0700) != 0)
             return false;
         bool succeeded = false;
         for (auto const& name : namesIn(folder.source, succeeded)) {
@@ -168,16 +180,18 @@ bool copyTree(std::string const& source, std::string const& destination)
             if (!entry)
                 return false;
             if (isFolder(*entry))
-                folders.push_back({ from, to, entry->st_mode });
-            else if (!copyEntry(from, to, *entry))
+                folders.push_back({ from, to, *entry });
+            else if (!copyEntry(from, to, *entry, handler))
                 return false;
         }
         if (!succeeded)
             return false;
     }
-    // A folder that may not be written gets its permissions when all is in it.
+    // A folder gets its permissions, which may be not to write it, and its date when all is in it.
     for (auto folder = folders.rbegin(); folder != folders.rend(); ++folder) {
-        if (::chmod(folder->destination.c_str(), folder->mode & 07777) != 0)
+        timespec const dates[] { { 0, UTIME_OMIT }, folder->status.st_mtim };
+        if (::utimensat(AT_FDCWD, folder->destination.c_str(), dates, 0) != 0
+            || ::chmod(folder->destination.c_str(), folder->status.st_mode & 07777) != 0)
             return false;
     }
     return true;
@@ -325,6 +339,11 @@ bool NSFileManager::createDirectoriesAtPath(std::string const& path, unsigned pe
 
 bool NSFileManager::copyPath(std::string const& source, std::string const& destination)
 {
+    return copyPath(source, destination, {});
+}
+
+bool NSFileManager::copyPath(std::string const& source, std::string const& destination, NSFileCopyHandler const& handler)
+{
     auto const status = linkStatus(source);
     if (!status)
         return succeed(false);
@@ -336,7 +355,7 @@ bool NSFileManager::copyPath(std::string const& source, std::string const& desti
         errno = EINVAL;
         return succeed(false);
     }
-    if (copyTree(source, destination))
+    if (copyTree(source, destination, handler))
         return true;
     succeed(false);
     auto const made = linkStatus(destination);

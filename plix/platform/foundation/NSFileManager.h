@@ -4,6 +4,7 @@
 #include <plix/platform/base/NSDate.h>
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -28,6 +29,14 @@ struct NSFileAttributes {
     unsigned long referenceCount { 1 };
     unsigned ownerAccountID { 0 };
     unsigned groupOwnerAccountID { 0 };
+};
+
+/// What a copy tells while it runs, on the thread that copies. A call that answers false ends the copy; empty functions go on.
+struct NSFileCopyHandler {
+    /// Before each file, link or folder of the source.
+    std::function<bool(std::string const& path)> willProcessPath;
+    /// After each part of a file's contents.
+    std::function<bool(std::uint64_t bytes)> didCopyBytes;
 };
 
 /// Files and folders. Paths and names are bytes: names that are no UTF-8 pass through unharmed. Operations that fail answer
@@ -60,6 +69,9 @@ public:
     bool createDirectoriesAtPath(std::string const& path, unsigned permissions = 0777);
     /// Copies a file, a link itself, or a folder with all in it. Fails where the destination exists or lies in the source.
     bool copyPath(std::string const& source, std::string const& destination);
+    /// The same, told how it goes. Where the handler ends the copy, nothing is left of it and lastError() says that it was
+    /// canceled.
+    bool copyPath(std::string const& source, std::string const& destination, NSFileCopyHandler const&);
     /// Fails where the destination exists.
     bool movePath(std::string const& source, std::string const& destination);
     /// Removes a file, a link itself, or a folder with all in it.

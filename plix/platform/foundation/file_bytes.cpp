@@ -130,7 +130,21 @@ bool replaceFileBytes(std::string const& path, std::span<std::uint8_t const> byt
     return isWhole || giveUp(beside);
 }
 
-bool copyFileBytes(std::string const& source, std::string const& destination, unsigned permissions)
+namespace {
+
+bool keepDate(int from, int to)
+{
+    struct stat status { };
+    if (::fstat(from, &status) != 0)
+        return false;
+    timespec const dates[] { { 0, UTIME_OMIT }, status.st_mtim };
+    return ::futimens(to, dates) == 0;
+}
+
+}
+
+bool copyFileBytes(std::string const& source, std::string const& destination, unsigned permissions,
+    std::function<bool(std::uint64_t bytes)> const& didCopy)
 {
     FileDescriptor const from(::open(source.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
     if (!from)
@@ -145,8 +159,12 @@ bool copyFileBytes(std::string const& source, std::string const& destination, un
             return giveUp(destination);
         if (count == 0)
             break;
+        if (!didCopy(static_cast<std::uint64_t>(count))) {
+            errno = ECANCELED;
+            return giveUp(destination);
+        }
     }
-    return (::fchmod(to.get(), permissions) == 0 && to.close()) || giveUp(destination);
+    return (::fchmod(to.get(), permissions) == 0 && keepDate(from.get(), to.get()) && to.close()) || giveUp(destination);
 }
 
 }

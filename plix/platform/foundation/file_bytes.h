@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <limits>
 #include <optional>
 #include <span>
@@ -20,7 +21,9 @@ bool writeFileBytes(std::string const& path, std::span<std::uint8_t const>, unsi
 /// Writes another file in the same folder, waits until it is on the disk, and renames it to `path`. Readers see the old bytes
 /// or the new, nothing between.
 bool replaceFileBytes(std::string const& path, std::span<std::uint8_t const>, unsigned permissions);
-/// Copies a regular file to a new one with these permissions; fails where the destination exists.
-bool copyFileBytes(std::string const& source, std::string const& destination, unsigned permissions);
+/// Copies a regular file to a new one with these permissions and the source's date; fails where the destination exists, and with
+/// ECANCELED where `didCopy`, called after each part, answers false.
+bool copyFileBytes(std::string const& source, std::string const& destination, unsigned permissions,
+    std::function<bool(std::uint64_t bytes)> const& didCopy);
 
 }

@@ -6,6 +6,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <numeric>
+
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -112,6 +114,53 @@ TEST_F(NSFileManagerTest, CopiesAFolderWithAllInIt)
     EXPECT_EQ(files.pathContentOfSymbolicLinkAtPath(folder / "to/link"), "nowhere");
     for (auto const* name : { "from/deep", "to/deep" })
         files.setPosixPermissions(folder / name, 0700);
+}
+
+TEST_F(NSFileManagerTest, KeepsTheDatesOfWhatItCopies)
+{
+    folder.write("from/file", "text");
+    auto const then = NSDate::dateWithTimeIntervalSince1970(1'000'000'000.5);
+    files.setModificationDate(folder / "from/file", then);
+    files.setModificationDate(folder / "from", then);
+    EXPECT_TRUE(files.copyPath(folder / "from", folder / "to"));
+    for (auto const* name : { "to", "to/file" })
+        EXPECT_EQ(files.fileAttributesAtPath(folder / name, false)->modificationDate, then) << name;
+}
+
+TEST_F(NSFileManagerTest, TellsHowACopyGoes)
+{
+    folder.write("from/file", "text");
+    folder.write("from/sub/large", std::string(600'000, 'x'));
+    files.createSymbolicLinkAtPath(folder / "from/link", "nowhere");
+    std::vector<std::string> paths;
+    std::vector<std::uint64_t> parts;
+    NSFileCopyHandler const handler {
+        .willProcessPath = [&](std::string const& path) { return paths.push_back(path), true; },
+        .didCopyBytes = [&](std::uint64_t bytes) { return parts.push_back(bytes), true; },
+    };
+    EXPECT_TRUE(files.copyPath(folder / "from", folder / "to", handler));
+    EXPECT_THAT(paths,
+        UnorderedElementsAre(
+            folder / "from", folder / "from/file", folder / "from/link", folder / "from/sub", folder / "from/sub/large"));
+    EXPECT_EQ(paths.front(), folder / "from");
+    EXPECT_EQ(std::accumulate(parts.begin(), parts.end(), std::uint64_t { 0 }), 600'004U);
+    EXPECT_GT(parts.size(), 3U);
+}
+
+TEST_F(NSFileManagerTest, LeavesNothingOfACopyThatWasCanceled)
+{
+    folder.write("from/file", "text");
+    folder.write("from/sub/large", std::string(600'000, 'x'));
+    for (int calls = 1; calls <= 7; ++calls) {
+        int left = calls;
+        NSFileCopyHandler const handler {
+            .willProcessPath = [&](std::string const&) { return --left > 0; },
+            .didCopyBytes = [&](std::uint64_t) { return --left > 0; },
+        };
+        EXPECT_FALSE(files.copyPath(folder / "from", folder / "to", handler)) << calls;
+        EXPECT_EQ(files.lastError(), "Operation canceled") << calls;
+        EXPECT_FALSE(files.fileExistsAtPath(folder / "to")) << calls;
+    }
 }
 
 TEST_F(NSFileManagerTest, RefusesToCopyOntoSomethingOrIntoItself)
