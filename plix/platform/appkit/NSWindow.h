@@ -70,6 +70,12 @@ public:
     bool init(Rect contentRect, unsigned styleMask, NSBackingStoreType, bool defer);
     /// The content rectangle is relative to that screen's origin; null means the main screen.
     bool init(Rect contentRect, unsigned styleMask, NSBackingStoreType, bool defer, NSScreen*);
+    /// For a window of the machine's that another object has: takes it over with its place, style and title, and leaves the other
+    /// off screen. Nil for null, for what no window has, and for a sheet's.
+    bool init(HostWindow* windowRef);
+    /// Archived are place, style, title, limits, colour and content; the window is off screen.
+    bool init(NSCoder&);
+    void encodeWithCoder(NSCoder&) const override;
 
     // Frame and content.
     static Rect frameRectForContentRect(Rect, unsigned styleMask);

@@ -147,6 +147,8 @@ struct NSWindow::Internals final : HostWindowClient {
     void makeHost();
     /// Drops the host's window, so that the next one is made as the window is then.
     void dropHost();
+    /// Of another window, which leaves the screen.
+    void takeHost(Internals& from);
     void updateExtents();
     void applySizeLimits();
     /// Gives the host's window the content's rectangle; while the window draws, when it has drawn.

@@ -57,6 +57,9 @@ class HostWindow {
 public:
     virtual ~HostWindow() = default;
 
+    /// From now on told what happens to the window, in place of the client before. Must outlive the window.
+    virtual void setClient(HostWindowClient&) = 0;
+
     virtual Rect contentRect() const = 0;
     /// Tells the client before it returns when anything changed.
     virtual void setContentRect(Rect) = 0;

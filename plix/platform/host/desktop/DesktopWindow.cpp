@@ -55,7 +55,7 @@ PixelRect bounded(PixelRect pixels)
 
 DesktopWindow::DesktopWindow(DesktopDisplay& display, HostWindowAttributes const& attributes, HostWindowClient& client)
     : m_display(&display)
-    , m_client(client)
+    , m_client(&client)
     , m_kind(attributes.kind)
     , m_isTitled(attributes.isTitled && attributes.kind != HostWindowKind::popup)
     , m_isResizable(attributes.isResizable)
@@ -174,7 +174,7 @@ void DesktopWindow::setContentRect(Rect rect)
     if (pixels == m_pixels)
         return;
     place(pixels);
-    m_client.hostWindowContentRectChanged(contentRect());
+    m_client->hostWindowContentRectChanged(contentRect());
 }
 
 void DesktopWindow::place(PixelRect pixels)
@@ -510,8 +510,8 @@ void DesktopWindow::noteScreensChanged(float scaleBefore)
     if (bounded(placed) != m_pixels)
         place(bounded(placed));
     if (scale != scaleBefore)
-        m_client.hostWindowScaleChanged(scale);
-    m_client.hostWindowContentRectChanged(contentRect());
+        m_client->hostWindowScaleChanged(scale);
+    m_client->hostWindowContentRectChanged(contentRect());
 }
 
 }

@@ -20,6 +20,7 @@ public:
     DesktopWindow& operator=(DesktopWindow const&) = delete;
 
     // HostWindow:
+    void setClient(HostWindowClient& client) override { m_client = &client; }
     Rect contentRect() const override;
     void setContentRect(Rect) override;
     FrameExtents frameExtents() const override;
@@ -48,7 +49,7 @@ public:
     // What DesktopDisplay asks and tells:
     std::uint32_t number() const { return m_number; }
     ::Window native() const { return m_native; }
-    HostWindowClient& client() { return m_client; }
+    HostWindowClient& client() { return *m_client; }
     bool isPopup() const { return m_kind == HostWindowKind::popup; }
     bool isMiniaturized() const { return m_isMiniaturized; }
     /// The content in the window system's coordinates.
@@ -84,7 +85,7 @@ private:
     PixelRect pixelsFor(Rect) const;
 
     DesktopDisplay* m_display { nullptr };
-    HostWindowClient& m_client;
+    HostWindowClient* m_client;
     HostWindowKind m_kind { HostWindowKind::document };
     bool m_isTitled { false };
     Handle<SDL_Window> m_window;

@@ -22,7 +22,7 @@ int pixelsFor(float points, float scale)
 HeadlessWindow::HeadlessWindow(HeadlessDisplay& display, HostWindowAttributes const& attributes, HostWindowClient& client)
     : m_display(display)
     , m_attributes(attributes)
-    , m_client(client)
+    , m_client(&client)
     , m_contentRect(attributes.contentRect)
 {
     m_display.windowMade(*this);
@@ -61,7 +61,7 @@ void HeadlessWindow::setContentRect(Rect rect)
     auto const scale = std::exchange(m_scale, m_display.scaleAt(rect));
     allocatePixels();
     // The client may destroy the window in each of these calls.
-    auto& client = m_client;
+    auto& client = *m_client;
     auto& display = m_display;
     client.hostWindowContentRectChanged(rect);
     if (display.owns(this) && scale != m_scale)
@@ -125,7 +125,7 @@ void HeadlessWindow::setMiniaturized(bool isMiniaturized)
     m_isMiniaturized = isMiniaturized;
     if (isMiniaturized)
         m_display.windowHidden(*this);
-    m_client.hostWindowMiniaturizedChanged(isMiniaturized);
+    m_client->hostWindowMiniaturizedChanged(isMiniaturized);
 }
 
 void HeadlessWindow::zoom()
@@ -165,7 +165,7 @@ void HeadlessWindow::present(std::span<PixelRect const> rects)
 void HeadlessWindow::losePixels()
 {
     m_keepsContent = false;
-    m_client.hostWindowNeedsRepaint({ 0, 0, m_contentRect.width, m_contentRect.height });
+    m_client->hostWindowNeedsRepaint({ 0, 0, m_contentRect.width, m_contentRect.height });
 }
 
 void HeadlessWindow::screensChanged()
@@ -180,7 +180,7 @@ void HeadlessWindow::updateScale()
         return;
     m_scale = scale;
     allocatePixels();
-    m_client.hostWindowScaleChanged(scale);
+    m_client->hostWindowScaleChanged(scale);
 }
 
 void HeadlessWindow::allocatePixels()

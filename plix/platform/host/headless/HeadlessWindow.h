@@ -16,7 +16,7 @@ public:
     HeadlessWindow(HeadlessDisplay&, HostWindowAttributes const&, HostWindowClient&);
     ~HeadlessWindow() override;
 
-    HostWindowClient& client() { return m_client; }
+    HostWindowClient& client() { return *m_client; }
     HostWindowKind kind() const { return m_attributes.kind; }
     HostWindow* parent() const { return m_attributes.parent; }
     std::string const& title() const { return m_title; }
@@ -42,6 +42,7 @@ public:
     void screensChanged();
 
     // HostWindow:
+    void setClient(HostWindowClient& client) override { m_client = &client; }
     Rect contentRect() const override { return m_contentRect; }
     void setContentRect(Rect) override;
     FrameExtents frameExtents() const override;
@@ -73,7 +74,7 @@ private:
 
     HeadlessDisplay& m_display;
     HostWindowAttributes m_attributes;
-    HostWindowClient& m_client;
+    HostWindowClient* m_client;
     Rect m_contentRect;
     Rect m_unzoomedRect;
     Size m_minimumSize;
