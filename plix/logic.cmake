@@ -70,6 +70,8 @@ list(APPEND PLIX_LOGIC_SOURCES
     platform/host/desktop/DeliveryQueue.cpp
     platform/host/desktop/key_translation.cpp
     platform/host/desktop/screen_space.cpp
+    platform/host/sound_kind.cpp
+    platform/host/sound_volume.cpp
     platform/host/window_placement.cpp
     platform/graphics/region.cpp
     system/identity_text.cpp

@@ -71,6 +71,7 @@
 #include <plix/platform/appkit/NSScroller.h>
 #include <plix/platform/appkit/NSSegmentedCell.h>
 #include <plix/platform/appkit/NSSegmentedControl.h>
+#include <plix/platform/appkit/NSSound.h>
 #include <plix/platform/appkit/NSSplitView.h>
 #include <plix/platform/appkit/NSSplitViewDelegate.h>
 #include <plix/platform/appkit/NSTableColumn.h>

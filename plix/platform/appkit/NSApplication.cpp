@@ -6,6 +6,7 @@
 #include <plix/platform/appkit/classes.h>
 #include <plix/platform/foundation/NSNotificationCenter.h>
 #include <plix/platform/graphics/NSImage.h>
+#include <plix/platform/host/Audio.h>
 #include <plix/platform/host/Host.h>
 
 #include <algorithm>
@@ -183,7 +184,9 @@ int NSApplicationMain(int, char const* const*)
 
 void NSBeep()
 {
-    host().display().beep();
+    auto* const audio = host().audio();
+    if (!audio || !audio->beep())
+        host().display().beep();
 }
 
 // Screens.

@@ -29,6 +29,7 @@
 #include <plix/platform/appkit/NSScroller.h>
 #include <plix/platform/appkit/NSSegmentedCell.h>
 #include <plix/platform/appkit/NSSegmentedControl.h>
+#include <plix/platform/appkit/NSSound.h>
 #include <plix/platform/appkit/NSSplitView.h>
 #include <plix/platform/appkit/NSTableColumn.h>
 #include <plix/platform/appkit/NSTableHeaderCell.h>
@@ -92,6 +93,7 @@ void registerAppKitClasses()
     NSScroller::staticClass();
     NSClipView::staticClass();
     NSScrollView::staticClass();
+    NSSound::staticClass();
 }
 
 }

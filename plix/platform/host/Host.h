@@ -5,6 +5,7 @@
 
 namespace plix {
 
+class Audio;
 class Clipboard;
 class Display;
 class EventSource;
@@ -18,6 +19,7 @@ public:
     virtual Display& display() = 0;
     virtual Clipboard& clipboard() = 0;
     virtual EventSource& events() = 0;
+    virtual Audio* audio() { return nullptr; }
 };
 
 /// The host in use. Chosen at the first call: the environment's PLIX_HOST ("headless" or "desktop"), else desktop where it is built

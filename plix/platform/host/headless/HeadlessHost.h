@@ -1,6 +1,7 @@
 #pragma once
 
 #include <plix/platform/host/Host.h>
+#include <plix/platform/host/headless/HeadlessAudio.h>
 #include <plix/platform/host/headless/HeadlessClipboard.h>
 #include <plix/platform/host/headless/HeadlessClock.h>
 #include <plix/platform/host/headless/HeadlessDisplay.h>
@@ -25,12 +26,14 @@ public:
     /// Stands still between waits where time is movable.
     HeadlessClock& headlessClock() { return m_clock; }
     HeadlessEvents& headlessEvents() { return m_events; }
+    HeadlessAudio& headlessAudio() { return m_audio; }
 
     // Host:
     std::string_view name() const override { return "headless"; }
     Display& display() override { return m_display; }
     Clipboard& clipboard() override { return m_clipboard; }
     EventSource& events() override { return m_events; }
+    Audio* audio() override { return &m_audio; }
 
 private:
     HeadlessClock m_clock;
@@ -38,6 +41,7 @@ private:
     HeadlessDisplay m_display;
     HeadlessScript m_script;
     HeadlessClipboard m_clipboard;
+    HeadlessAudio m_audio;
 };
 
 }

@@ -1,0 +1,35 @@
+#include <plix/platform/host/sound_volume.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace plix {
+
+namespace {
+
+constexpr float fullHalf = 0x0100;
+constexpr double fullBeepVolume = 16777472.0; // 0x01000100
+
+std::uint32_t half(float volume)
+{
+    return static_cast<std::uint32_t>(std::lround(soundGain(volume) * fullHalf));
+}
+
+}
+
+float soundGain(float volume)
+{
+    return volume > 0 ? std::min(volume, 1.0F) : 0;
+}
+
+std::uint32_t packedVolume(StereoVolume volume)
+{
+    return half(volume.right) << 16 | half(volume.left);
+}
+
+float beepVolumeFraction(std::uint32_t beepVolume)
+{
+    return static_cast<float>(beepVolume / fullBeepVolume);
+}
+
+}

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <cstdint>
+
+namespace plix {
+
+/// How loud the output device is set for the left and the right ear: 0 to 1, as a person sees it on a slider.
+struct StereoVolume {
+    float left { 0 };
+    float right { 0 };
+    friend bool operator==(StereoVolume const&, StereoVolume const&) = default;
+};
+
+/// What is multiplied with samples for a volume: 0 to 1; 0 for what is no number.
+float soundGain(float volume);
+
+/// Two halves, the left one below, each 0x0100 for full volume.
+std::uint32_t packedVolume(StereoVolume);
+
+/// The share of full volume that a beep volume stands for. It is read as one number although it is two halves, so the upper one
+/// counts nearly alone; that is meant. More than 1 where the halves are above 0x0100.
+float beepVolumeFraction(std::uint32_t beepVolume);
+
+}
