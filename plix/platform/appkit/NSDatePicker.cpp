@@ -129,8 +129,7 @@ bool NSDatePicker::becomeFirstResponder()
 bool NSDatePicker::resignFirstResponder()
 {
     Ref<NSDatePicker> const protector(this);
-    pickerCell().commitTyping();
-    return Base::resignFirstResponder();
+    return pickerCell().commitTyping() && Base::resignFirstResponder();
 }
 
 }

@@ -1,5 +1,6 @@
 #include <plix/platform/appkit/NSDatePickerCell.h>
 
+#include <plix/platform/appkit/NSApplication.h>
 #include <plix/platform/appkit/NSEvent.h>
 #include <plix/platform/appkit/NSView.h>
 #include <plix/platform/appkit/NSWindow.h>
@@ -144,7 +145,7 @@ NSDate NSDatePickerCell::limited(NSDate date) const
 void NSDatePickerCell::setDateValue(NSDate date)
 {
     auto const taken = limited(date);
-    m_typed = {};
+    forgetTyping();
     if (taken == m_date)
         return;
     m_date = taken;
@@ -187,11 +188,15 @@ void NSDatePickerCell::change(CalendarFields const& fields)
     NSTimeInterval interval = 0;
     if (m_hooks.validateProposedDateValue)
         m_hooks.validateProposedDateValue(*this, proposed, interval);
-    auto const typed = m_typed;
+    if (timeZone().fieldsForDate(proposed) != fields)
+        m_typing.day = 0;
     if (proposed == m_date)
         return;
+    auto const typing = m_typing;
+    auto const before = m_dateBeforeTyping;
     setDateValue(proposed);
-    m_typed = typed;
+    m_typing = typing;
+    m_dateBeforeTyping = before;
     sendAction();
 }
 
@@ -210,10 +215,12 @@ void NSDatePickerCell::setObjectValue(ObjectValue value)
 std::string const& NSDatePickerCell::stringValue() const
 {
     m_shownText.clear();
-    auto const date = reading();
-    auto const halves = currentHalves();
-    for (auto const& field : fields())
-        m_shownText += textOfDateField(field, date, halves);
+    long index = 0;
+    for (auto const& field : fields()) {
+        bool const isLiteral = field.kind == DateFieldKind::literal;
+        m_shownText += shownText(field, !isLiteral && index == m_selected);
+        index += isLiteral ? 0 : 1;
+    }
     return m_shownText;
 }
 
@@ -248,7 +255,7 @@ DateFieldKind NSDatePickerCell::kindOfField(long index) const
 
 void NSDatePickerCell::selectField(long index)
 {
-    commitTyping();
+    endField();
     index = std::clamp(index, 0L, std::max(0L, numberOfFields() - 1));
     if (m_selected == index)
         return;
@@ -256,25 +263,123 @@ void NSDatePickerCell::selectField(long index)
     looksChanged();
 }
 
-void NSDatePickerCell::commitTyping()
+bool NSDatePickerCell::isFieldEmpty(long index) const
 {
-    auto const typed = std::exchange(m_typed, {});
-    if (typed.count == 0 || kindOfField(m_selected) != DateFieldKind::year)
+    return m_typing.isEmptied(kindOfField(index));
+}
+
+// MARK: typing
+
+// The caret leaves the selected field, or comes to it anew.
+void NSDatePickerCell::endField()
+{
+    auto const kind = kindOfField(m_selected);
+    if (!keepsEmptyFields() && m_typing.isEmptied(kind)) {
+        m_typing.setEmptied(kind, false);
+        looksChanged();
+    }
+    auto const ended = m_typing;
+    m_typing.digits = {};
+    if (ended.digits.count == 0 || kind != DateFieldKind::year)
         return;
-    auto fields = reading();
-    // Two digits are a year of the century that is shown.
-    fields.year = typed.count <= 2 ? fields.year / 100 * 100 + typed.value : std::max(1, typed.value);
-    fields.day = std::min(fields.day, daysInMonth(fields.year, fields.month));
-    change(fields);
+    change(dateByEndingYear(reading(), ended));
+    looksChanged();
+}
+
+bool NSDatePickerCell::commitTyping()
+{
+    Ref<NSDatePickerCell> const protector(this);
+    endField();
+    for (long i = 0; isEnabled() && i < numberOfFields(); ++i) {
+        if (!isFieldEmpty(i))
+            continue;
+        m_selected = i;
+        m_showsRefusal = true;
+        looksChanged();
+        NSBeep();
+        return false;
+    }
+    forgetTyping();
+    return true;
+}
+
+void NSDatePickerCell::forgetTyping()
+{
+    m_dateBeforeTyping.reset();
+    m_hasGoneOn = false;
+    if (!std::exchange(m_showsRefusal, false) && m_typing.isUntouched())
+        return;
+    m_typing = {};
     looksChanged();
 }
 
 void NSDatePickerCell::step(int by)
 {
-    commitTyping();
-    if (kindOfField(m_selected) == DateFieldKind::half)
+    endField();
+    auto const kind = kindOfField(m_selected);
+    m_typing.setEmptied(kind, false);
+    if (kind == DateFieldKind::day || kind == DateFieldKind::month || kind == DateFieldKind::year)
+        m_typing.day = 0;
+    m_showsRefusal = false;
+    if (kind == DateFieldKind::half)
         by = 1;
-    change(dateByStepping(reading(), kindOfField(m_selected), by));
+    change(dateByStepping(reading(), kind, by));
+    looksChanged();
+}
+
+void NSDatePickerCell::takeDigit(int digit)
+{
+    auto const kind = kindOfField(m_selected);
+    auto const typed = dateByTyping(reading(), kind, m_typing, digit);
+    if (typed.isLeftOver) {
+        if (m_selected + 1 >= numberOfFields() || kindOfField(m_selected + 1) == DateFieldKind::half)
+            return NSBeep();
+        selectField(m_selected + 1);
+        return takeDigit(digit);
+    }
+    if (!m_dateBeforeTyping)
+        m_dateBeforeTyping = m_date;
+    m_typing = typed.typing;
+    looksChanged();
+    change(typed.date);
+    if (typed.isDone) {
+        m_typing.digits = {};
+        selectField(m_selected + 1);
+        m_hasGoneOn = true;
+    }
+}
+
+void NSDatePickerCell::takeBackDigit()
+{
+    if (!m_dateBeforeTyping)
+        m_dateBeforeTyping = m_date;
+    m_typing = typingByDeleting(m_typing, kindOfField(m_selected));
+    looksChanged();
+}
+
+bool NSDatePickerCell::takeBackTyping()
+{
+    if (!m_dateBeforeTyping)
+        return false;
+    auto const before = *m_dateBeforeTyping;
+    bool const changes = before != m_date;
+    setDateValue(before);
+    if (changes)
+        sendAction();
+    return true;
+}
+
+bool NSDatePickerCell::takeHalf(char32_t key)
+{
+    if (key <= 0x20 || key >= 0x80)
+        return false;
+    auto const halves = currentHalves();
+    auto const begins
+        = [&](std::string const& text) { return !text.empty() && (static_cast<char32_t>(text[0]) | 0x20U) == (key | 0x20U); };
+    bool const isAfternoon = valueOfDateField(DateFieldKind::half, reading()) == 1;
+    if ((begins(halves.morning) && isAfternoon) || (begins(halves.afternoon) && !isAfternoon))
+        step(1);
+    return begins(halves.morning) || begins(halves.afternoon);
 }
 
 bool NSDatePickerCell::takeKey(NSEvent& event)
@@ -284,6 +389,9 @@ bool NSDatePickerCell::takeKey(NSEvent& event)
         return false;
     auto const key = event.characterIgnoringModifiers();
     auto const kind = kindOfField(m_selected);
+    bool const hasGoneOn = std::exchange(m_hasGoneOn, false);
+    if (std::exchange(m_showsRefusal, false))
+        looksChanged();
     switch (key) {
     case NSUpArrowFunctionKey:
         step(1);
@@ -297,6 +405,12 @@ bool NSDatePickerCell::takeKey(NSEvent& event)
     case NSLeftArrowFunctionKey:
         selectField(m_selected - 1);
         return true;
+    case NSHomeFunctionKey:
+        selectField(0);
+        return true;
+    case NSEndFunctionKey:
+        selectField(numberOfFields() - 1);
+        return true;
     case NSTabCharacter:
         if (m_selected + 1 >= numberOfFields())
             return false;
@@ -307,36 +421,46 @@ bool NSDatePickerCell::takeKey(NSEvent& event)
             return false;
         selectField(m_selected - 1);
         return true;
+    case NSEscapeCharacter:
+        return takeBackTyping();
+    case NSBackspaceCharacter:
+    case NSDeleteCharacter:
+    case NSDeleteFunctionKey:
+        if (kind != DateFieldKind::half)
+            takeBackDigit();
+        return true;
     default:
         break;
     }
+    if (kind == DateFieldKind::half && takeHalf(key))
+        return true;
     if (key >= U'0' && key <= U'9' && kind != DateFieldKind::half) {
-        auto const typed = dateByTyping(reading(), kind, m_typed, static_cast<int>(key - U'0'));
-        m_typed = typed.isDone ? TypedDigits {} : typed.digits;
-        // A year counts when it is whole: its first digits would be another age.
-        if (kind != DateFieldKind::year || typed.isDone)
-            change(typed.date);
-        else
-            looksChanged();
-        if (typed.isDone)
+        takeDigit(static_cast<int>(key - U'0'));
+        return true;
+    }
+    // Separators go on to the next field, where the digit before has not done so already.
+    if (key == U'/' || key == U'.' || key == U'-' || key == U':' || key == U',' || key == U' ') {
+        if (!hasGoneOn)
             selectField(m_selected + 1);
         return true;
     }
-    if (kind == DateFieldKind::half && key < 0x80 && key > 0x20) {
-        auto const halves = currentHalves();
-        auto const begins
-            = [&](std::string const& text) { return !text.empty() && (static_cast<char32_t>(text[0]) | 0x20U) == (key | 0x20U); };
-        bool const isAfternoon = valueOfDateField(kind, reading()) == 1;
-        if ((begins(halves.morning) && isAfternoon) || (begins(halves.afternoon) && !isAfternoon))
-            step(1);
-        return begins(halves.morning) || begins(halves.afternoon);
-    }
-    // Separators go on to the next field.
-    if (key == U'/' || key == U'.' || key == U'-' || key == U':' || key == U',' || key == U' ') {
-        selectField(m_selected + 1);
-        return true;
-    }
     return false;
+}
+
+std::string NSDatePickerCell::shownText(DateField const& field, bool isSelected) const
+{
+    auto const width = static_cast<std::size_t>(field.kind == DateFieldKind::year ? 4 : 2);
+    if (field.kind != DateFieldKind::literal && m_typing.isEmptied(field.kind))
+        return std::string(width, '-');
+    if (isSelected && m_typing.digits.count > 0) {
+        auto const digits = std::to_string(m_typing.digits.value);
+        auto const count = static_cast<std::size_t>(m_typing.digits.count);
+        return digits.size() < count ? std::string(count - digits.size(), '0') + digits : digits;
+    }
+    auto date = reading();
+    if (field.kind == DateFieldKind::day && m_typing.day != 0)
+        date.day = m_typing.day;
+    return textOfDateField(field, date, currentHalves());
 }
 
 // MARK: geometry
@@ -356,15 +480,14 @@ std::vector<NSDatePickerCell::Placed> NSDatePickerCell::placedFields(Rect frame)
     Ref<NSFont> const textFont = font() ? Ref<NSFont>(font()) : NSFont::systemFontOfSize(0);
     float const height = textFont->defaultLineHeightForFont();
     float const digit = widthOfTextLine("0", *textFont);
-    auto const date = reading();
     auto const halves = currentHalves();
     std::vector<Placed> placed;
     long index = 0;
     float x = room.x + textPadding;
     for (auto const& field : fields()) {
-        bool const isTyped = field.kind == DateFieldKind::year && m_typed.count > 0 && index == m_selected;
+        bool const isSelected = field.kind != DateFieldKind::literal && index == m_selected;
         index += field.kind == DateFieldKind::literal ? 0 : 1;
-        Placed part { field, {}, isTyped ? std::to_string(m_typed.value) : textOfDateField(field, date, halves) };
+        Placed part { field, {}, shownText(field, isSelected) };
         float width = widthOfTextLine(part.text, *textFont);
         // Fields stay where they are while their digits change.
         if (field.kind == DateFieldKind::half)
@@ -497,9 +620,14 @@ void NSDatePickerCell::drawInteriorWithFrame(Rect frame, NSView& controlView)
     for (auto const& part : placedFields(frame)) {
         bool const isField = part.field.kind != DateFieldKind::literal;
         bool const isSelected = isField && showsSelection && index == m_selected;
-        if (isSelected)
+        bool const isRefused = m_showsRefusal && isField && m_typing.isEmptied(part.field.kind);
+        if (isRefused)
+            theme.fill(NSInsetRect(part.rect, -1, 0), ThemeRole::errorText);
+        else if (isSelected)
             theme.fill(NSInsetRect(part.rect, -1, 0), *NSColor::alternateSelectedControlColor());
-        Ref<NSColor> const ink = isSelected ? NSColor::alternateSelectedControlTextColor() : color;
+        Ref<NSColor> const ink = isRefused ? NSColor::textBackgroundColor()
+            : isSelected                   ? NSColor::alternateSelectedControlTextColor()
+                                           : color;
         auto const alignment = isField ? NSCenterTextAlignment : NSLeftTextAlignment;
         drawTextLine(part.text, part.rect, { *textFont, ink.get(), alignment, NSLineBreakByClipping });
         index += isField ? 1 : 0;

@@ -86,10 +86,16 @@ public:
     /// In the control view's coordinates, when the cell has that frame.
     Rect rectOfField(long, Rect frame) const;
     Rect stepperRect(Rect frame) const;
-    /// What a key does to the selected field; false for a key that the picker has no use for.
+    /// What a key does to the selected field; false for a key that the picker has no use for. A digit that does not fit behind
+    /// those typed before goes into the next field; a day waits for the month and year that have it. Backspace and Delete take
+    /// digits away, Escape all that was typed since the keyboard came.
     bool takeKey(NSEvent&);
-    /// Takes a year over of which not all digits were typed; two of them are a year of the century.
-    void commitTyping();
+    /// Takes over what was typed: a year of two digits is one of the century, a day that the month lacks its last. False, with
+    /// a beep, the caret on it and colour behind it, where a field was left empty.
+    bool commitTyping();
+    /// Whether a field that was emptied stays so until something is typed into it. Here it shows the date's again.
+    virtual bool keepsEmptyFields() const { return false; }
+    bool isFieldEmpty(long) const;
     /// The selected field, one more or less.
     void step(int by);
 
@@ -116,6 +122,13 @@ private:
     CalendarFields reading() const;
     NSDate limited(NSDate) const;
     void change(CalendarFields const&);
+    void endField();
+    void forgetTyping();
+    void takeDigit(int digit);
+    void takeBackDigit();
+    bool takeBackTyping();
+    bool takeHalf(char32_t key);
+    std::string shownText(DateField const&, bool isSelected) const;
     void trackStepper(NSEvent&, Rect frame, NSView&);
 
     NSDate m_date;
@@ -130,10 +143,15 @@ private:
     unsigned m_elements { NSYearMonthDayDatePickerElementFlag | NSHourMinuteDatePickerElementFlag };
     NSDatePickerStyle m_style { NSTextFieldAndStepperDatePickerStyle };
     long m_selected { 0 };
-    TypedDigits m_typed;
+    DateTyping m_typing;
+    /// What Escape brings back.
+    std::optional<NSDate> m_dateBeforeTyping;
     /// Which half of the stepper is pressed: 1 up, -1 down.
     int m_pressedStep { 0 };
     bool m_drawsBackground { true };
+    bool m_showsRefusal { false };
+    /// The caret came to the selected field by the last digit of the one before.
+    bool m_hasGoneOn { false };
 };
 
 }

@@ -38,6 +38,12 @@ Range rangeOf(DateFieldKind kind, CalendarFields const& date)
     return { 0, 0, 0 };
 }
 
+// Any month may follow a day.
+Range rangeOfTyping(DateFieldKind kind)
+{
+    return rangeOf(kind, { 2000, 1, 1 });
+}
+
 CalendarFields withValue(CalendarFields date, DateFieldKind kind, int value)
 {
     auto const range = rangeOf(kind, date);
@@ -235,16 +241,56 @@ CalendarFields dateByStepping(CalendarFields date, DateFieldKind kind, int step)
     return withValue(date, kind, range.lowest + (place % count + count) % count);
 }
 
-TypedDate dateByTyping(CalendarFields const& date, DateFieldKind kind, TypedDigits digits, int digit)
+void DateTyping::setEmptied(DateFieldKind kind, bool isEmptied)
 {
-    auto const range = rangeOf(kind, date);
+    unsigned const bit = 1U << static_cast<unsigned>(kind);
+    emptied = isEmptied ? emptied | bit : emptied & ~bit;
+}
+
+TypedDate dateByTyping(CalendarFields const& date, DateFieldKind kind, DateTyping const& before, int digit)
+{
+    auto const range = rangeOfTyping(kind);
     if (range.digits == 0 || digit < 0 || digit > 9)
-        return { date, digits, false };
-    TypedDigits typed { digits.value * 10 + digit, digits.count + 1 };
-    if (typed.count > range.digits || typed.value > range.highest)
-        typed = { digit, 1 };
-    bool const isDone = typed.count == range.digits || typed.value * 10 > range.highest;
-    return { withValue(date, kind, typed.value), typed, isDone };
+        return { date, before, false, false };
+    TypedDigits const digits { before.digits.value * 10 + digit, before.digits.count + 1 };
+    if (digits.value > range.highest)
+        return { date, before, true, true };
+    TypedDate typed { date, before, digits.count == range.digits || digits.value * 10 > range.highest, false };
+    typed.typing.digits = digits;
+    typed.typing.setEmptied(kind, false);
+    bool const counts = kind == DateFieldKind::year ? typed.isDone : typed.isDone || digits.value >= range.lowest;
+    if (!counts)
+        return typed;
+    if (kind == DateFieldKind::day)
+        typed.typing.day = std::max(digits.value, range.lowest);
+    if (typed.typing.day != 0)
+        typed.date.day = typed.typing.day;
+    typed.date = withValue(typed.date, kind, digits.value);
+    return typed;
+}
+
+CalendarFields dateByEndingYear(CalendarFields date, DateTyping const& typing)
+{
+    if (typing.digits.count == 0)
+        return date;
+    if (typing.day != 0)
+        date.day = typing.day;
+    bool const isOfCentury = typing.digits.count <= 2;
+    return withValue(date, DateFieldKind::year,
+        isOfCentury ? static_cast<int>(date.year / 100 * 100) + typing.digits.value : typing.digits.value);
+}
+
+DateTyping typingByDeleting(DateTyping typing, DateFieldKind kind)
+{
+    if (typing.digits.count > 1) {
+        typing.digits = { typing.digits.value / 10, typing.digits.count - 1 };
+        return typing;
+    }
+    typing.digits = {};
+    typing.setEmptied(kind, true);
+    if (kind == DateFieldKind::day)
+        typing.day = 0;
+    return typing;
 }
 
 }

@@ -41,18 +41,42 @@ std::string textOfDateField(DateField const&, CalendarFields const&, DateHalves 
 /// which becomes the month's last. Years stay within 1 to 9999.
 CalendarFields dateByStepping(CalendarFields, DateFieldKind, int step);
 
-/// Digits typed into one field. A field that no further digit fits into is done.
+/// Digits typed into one field.
 struct TypedDigits {
     int value { 0 };
     int count { 0 };
 };
+
+/// What a person has typed into the fields of a date, until it is taken over for good.
+struct DateTyping {
+    /// Of the field with the caret.
+    TypedDigits digits;
+    /// The day that was typed, 0 for none. While month and year change it counts again: in a month that lacks it, its last stands
+    /// for it.
+    int day { 0 };
+    /// Those of which every digit was deleted: a bit for each kind.
+    unsigned emptied { 0 };
+
+    bool isEmptied(DateFieldKind kind) const { return (emptied >> static_cast<unsigned>(kind) & 1U) != 0; }
+    void setEmptied(DateFieldKind kind, bool isEmptied);
+    bool isUntouched() const { return digits.count == 0 && day == 0 && emptied == 0; }
+};
+
 struct TypedDate {
     CalendarFields date;
-    TypedDigits digits;
+    DateTyping typing;
+    /// No further digit fits into the field.
     bool isDone { false };
+    /// The digit does not fit behind those before it and was not taken: it is the first of the next field.
+    bool isLeftOver { false };
 };
-/// After one more digit; a value that the field can't have is taken as the nearest that it can, at the end of typing.
-TypedDate dateByTyping(CalendarFields const&, DateFieldKind, TypedDigits, int digit);
+/// After one more digit. A value that the field can't have is taken as the nearest that it can; a 0 counts with what follows it. A
+/// year changes the date when all its digits are there.
+TypedDate dateByTyping(CalendarFields const&, DateFieldKind, DateTyping const&, int digit);
+/// With what was typed of a year so far: two digits are one of the century that the date is in.
+CalendarFields dateByEndingYear(CalendarFields, DateTyping const&);
+/// Without the digit typed last, or where none was typed, without all of them: then the field is emptied.
+DateTyping typingByDeleting(DateTyping, DateFieldKind);
 
 /// The field's value, as a person reads it: hours of halves 1 to 12.
 int valueOfDateField(DateFieldKind, CalendarFields const&);

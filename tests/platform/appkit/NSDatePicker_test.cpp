@@ -151,6 +151,82 @@ TEST_F(DatePickerTest, SeparatorsGoToTheNextField)
     EXPECT_EQ(reading().month, 1);
     EXPECT_EQ(reading().day, 2);
     EXPECT_EQ(cell().selectedField(), 2);
+    key(NSHomeFunctionKey);
+    EXPECT_EQ(cell().selectedField(), 0);
+    key(NSEndFunctionKey);
+    EXPECT_EQ(cell().selectedField(), cell().numberOfFields() - 1);
+}
+
+TEST_F(DatePickerTest, ADateMayBeTypedAsItIsWritten)
+{
+    clickField(0);
+    type("12/31/2031 4:45 p");
+    EXPECT_EQ(reading(), (CalendarFields { 2031, 12, 31, 16, 45, 30 }));
+    clickField(0);
+    type("2/29/2028");
+    EXPECT_EQ(reading(), (CalendarFields { 2028, 2, 29, 16, 45, 30 }));
+}
+
+TEST_F(DatePickerTest, ADigitThatDoesNotFitGoesIntoTheNextField)
+{
+    clickField(0);
+    type("13");
+    EXPECT_EQ(reading(), (CalendarFields { 2027, 1, 3, 9, 5, 30 }));
+    EXPECT_EQ(cell().selectedField(), fieldOf(DateFieldKind::day));
+    type("5");
+    EXPECT_EQ(picker->stringValue(), "1/3/5 9:05 AM");
+    type("025");
+    EXPECT_EQ(reading().year, 5025);
+    clickField(fieldOf(DateFieldKind::minute));
+    type("59");
+    type("7");
+    EXPECT_EQ(reading().minute, 59);
+}
+
+TEST_F(DatePickerTest, ADayWaitsForAMonthThatHasIt)
+{
+    picker->setDateValue(dateOf({ 2027, 2, 14, 9, 5, 30 }));
+    clickField(fieldOf(DateFieldKind::day));
+    type("31");
+    EXPECT_EQ(reading().day, 28);
+    EXPECT_EQ(picker->stringValue(), "2/31/2027 9:05 AM");
+    clickField(0);
+    type("12");
+    EXPECT_EQ(reading(), (CalendarFields { 2027, 12, 31, 9, 5, 30 }));
+    clickField(0);
+    type("2");
+    EXPECT_EQ(reading().day, 28);
+    window->makeFirstResponder(nullptr);
+    EXPECT_EQ(picker->stringValue(), "2/28/2027 9:05 AM");
+}
+
+TEST_F(DatePickerTest, BackspaceTakesDigitsBack)
+{
+    clickField(fieldOf(DateFieldKind::year));
+    type("203");
+    EXPECT_EQ(picker->stringValue(), "3/14/203 9:05 AM");
+    key(NSBackspaceCharacter);
+    key(NSBackspaceCharacter);
+    type("198");
+    EXPECT_EQ(picker->stringValue(), "3/14/2198 9:05 AM");
+    // An empty field is the date's again.
+    clickField(0);
+    key(NSBackspaceCharacter);
+    EXPECT_EQ(picker->stringValue(), "--/14/2198 9:05 AM");
+    key(NSRightArrowFunctionKey);
+    EXPECT_EQ(picker->stringValue(), "3/14/2198 9:05 AM");
+}
+
+TEST_F(DatePickerTest, EscapeBringsBackWhatWasThere)
+{
+    clickField(0);
+    type("12252031");
+    key(NSEscapeCharacter);
+    EXPECT_EQ(reading(), (CalendarFields { 2027, 3, 14, 9, 5, 30 }));
+    EXPECT_EQ(picker->stringValue(), "3/14/2027 9:05 AM");
+    int const calls = target->calls;
+    key(NSEscapeCharacter);
+    EXPECT_EQ(target->calls, calls);
 }
 
 TEST_F(DatePickerTest, TabGoesThroughTheFieldsAndOut)
