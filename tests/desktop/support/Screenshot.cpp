@@ -1,6 +1,6 @@
 #include <tests/desktop/support/Screenshot.h>
 
-#include <tests/desktop/support/ChildProcess.h>
+#include <tests/support/ChildProcess.h>
 
 #include <cstdio>
 #include <filesystem>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <tests/desktop/support/ChildProcess.h>
+#include <tests/support/ChildProcess.h>
 
 #include <memory>
 #include <optional>

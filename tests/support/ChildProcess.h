@@ -8,7 +8,7 @@
 
 #include <sys/types.h>
 
-namespace plix::desktop {
+namespace plix {
 
 using Seconds = std::chrono::duration<double>;
 

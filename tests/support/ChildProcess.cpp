@@ -1,4 +1,4 @@
-#include <tests/desktop/support/ChildProcess.h>
+#include <tests/support/ChildProcess.h>
 
 #include <cerrno>
 #include <csignal>
@@ -12,7 +12,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-namespace plix::desktop {
+namespace plix {
 
 namespace {
 
