@@ -382,23 +382,9 @@ bool NSDatePickerCell::takeHalf(char32_t key)
     return begins(halves.morning) || begins(halves.afternoon);
 }
 
-bool NSDatePickerCell::takeKey(NSEvent& event)
+bool NSDatePickerCell::moveCaret(char32_t key)
 {
-    Ref<NSDatePickerCell> const protector(this);
-    if (!isEnabled() || event.hasShortcutModifier() || numberOfFields() == 0)
-        return false;
-    auto const key = event.characterIgnoringModifiers();
-    auto const kind = kindOfField(m_selected);
-    bool const hasGoneOn = std::exchange(m_hasGoneOn, false);
-    if (std::exchange(m_showsRefusal, false))
-        looksChanged();
     switch (key) {
-    case NSUpArrowFunctionKey:
-        step(1);
-        return true;
-    case NSDownArrowFunctionKey:
-        step(-1);
-        return true;
     case NSRightArrowFunctionKey:
         selectField(m_selected + 1);
         return true;
@@ -420,6 +406,30 @@ bool NSDatePickerCell::takeKey(NSEvent& event)
         if (m_selected == 0)
             return false;
         selectField(m_selected - 1);
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool NSDatePickerCell::takeKey(NSEvent& event)
+{
+    Ref<NSDatePickerCell> const protector(this);
+    if (!isEnabled() || event.hasShortcutModifier() || numberOfFields() == 0)
+        return false;
+    auto const key = event.characterIgnoringModifiers();
+    auto const kind = kindOfField(m_selected);
+    bool const hasGoneOn = std::exchange(m_hasGoneOn, false);
+    if (std::exchange(m_showsRefusal, false))
+        looksChanged();
+    if (moveCaret(key))
+        return true;
+    switch (key) {
+    case NSUpArrowFunctionKey:
+        step(1);
+        return true;
+    case NSDownArrowFunctionKey:
+        step(-1);
         return true;
     case NSEscapeCharacter:
         return takeBackTyping();

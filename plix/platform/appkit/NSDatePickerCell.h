@@ -128,6 +128,7 @@ private:
     void takeBackDigit();
     bool takeBackTyping();
     bool takeHalf(char32_t key);
+    bool moveCaret(char32_t key);
     std::string shownText(DateField const&, bool isSelected) const;
     void trackStepper(NSEvent&, Rect frame, NSView&);
 
