@@ -12,7 +12,7 @@ inline constexpr char const* PLIXApplicationUserInputNotification = "PLIXApplica
 
 /// An application that announces user input, knows when the last event was dispatched, and can keep requests for attention
 /// harmless.
-class PLIXApplication : public NSApplication {
+class PLIX_EXPORT PLIXApplication : public NSApplication {
     PLIX_CLASS(PLIXApplication, NSApplication);
 
 public:

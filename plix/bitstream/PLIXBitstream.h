@@ -15,7 +15,7 @@ namespace plix {
 /// The end is where length() says. Reads at or beyond it give zero bits and stay; skips stop on the last bit before it. Bits at
 /// -1 to -7 read as 0. A read outside the bytes that are really there raises NSRangeException, and so does a code whose first 1
 /// does not come before the end; the location is then where the reads had got to.
-class PLIXBitstream : public NSObject {
+class PLIX_EXPORT PLIXBitstream : public NSObject {
     PLIX_CLASS(PLIXBitstream, NSObject);
 
 public:

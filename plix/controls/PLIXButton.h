@@ -5,7 +5,7 @@
 namespace plix {
 
 /// A button whose key equivalent fires when the key goes down, never a second time when it comes up.
-class PLIXButton : public NSButton {
+class PLIX_EXPORT PLIXButton : public NSButton {
     PLIX_CLASS(PLIXButton, NSButton);
 
 public:

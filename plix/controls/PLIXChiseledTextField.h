@@ -9,11 +9,11 @@ namespace plix {
 struct NSNotification;
 
 // The default colours; see PLIXChiseledTextField::classActiveColor(). What a host assigns before they are first asked for is taken.
-extern Global<NSColor> PLIXChiseledTextField_ActiveColor;
-extern Global<NSColor> PLIXChiseledTextField_ShadowActiveColor;
-extern Global<NSColor> PLIXChiseledTextField_InactiveColor;
-extern Global<NSColor> PLIXChiseledTextField_ShadowInactiveColor;
-extern Global<NSColor> PLIXChiseledTextField_DisabledColor;
+PLIX_EXPORT extern Global<NSColor> PLIXChiseledTextField_ActiveColor;
+PLIX_EXPORT extern Global<NSColor> PLIXChiseledTextField_ShadowActiveColor;
+PLIX_EXPORT extern Global<NSColor> PLIXChiseledTextField_InactiveColor;
+PLIX_EXPORT extern Global<NSColor> PLIXChiseledTextField_ShadowInactiveColor;
+PLIX_EXPORT extern Global<NSColor> PLIXChiseledTextField_DisabledColor;
 
 /// A label that looks engraved: the same text stands one point below in a light colour. The colours follow the window: one pair is
 /// for a window with the keyboard, or an active application where the window is of a class of the host's own; another pair is for
@@ -21,7 +21,7 @@ extern Global<NSColor> PLIXChiseledTextField_DisabledColor;
 ///
 /// The look changes with activate(), deactivate() and setEnabled() only: a new colour shows with the next of these. An attributed
 /// value is coloured when it is set.
-class PLIXChiseledTextField : public NSTextField {
+class PLIX_EXPORT PLIXChiseledTextField : public NSTextField {
     PLIX_CLASS(PLIXChiseledTextField, NSTextField);
 
 public:

@@ -16,7 +16,7 @@ struct NSNotification;
 ///
 /// Of what is archived only the base's part comes back: its cell's title is taken, while anchor and height fitting are as in a new
 /// one.
-class PLIXChiseledTextPopUpButton : public PLIXPopUpButton {
+class PLIX_EXPORT PLIXChiseledTextPopUpButton : public PLIXPopUpButton {
     PLIX_CLASS(PLIXChiseledTextPopUpButton, PLIXPopUpButton);
 
 public:

@@ -13,7 +13,7 @@ class NSAttributedString;
 
 /// An image view that shows a default image while it has none: a dashed, rounded border with a caption, or an image of the host's.
 /// Scaled in proportion, its image becomes smaller where that is needed, never larger, and lies on whole points.
-class PLIXImageView : public NSImageView {
+class PLIX_EXPORT PLIXImageView : public NSImageView {
     PLIX_CLASS(PLIXImageView, NSImageView);
 
 public:

@@ -15,7 +15,7 @@ class NSMenuItem;
 /// A plain button that pops up a menu below itself when it is pressed, and is highlighted as long as that is open. Choosing an item
 /// only sends the item's action: whoever wants the choice selected calls selectItemAtIndex() or selectItemWithTag(), which checks
 /// the item and makes its title the button's.
-class PLIXPopUpButton : public NSButton {
+class PLIX_EXPORT PLIXPopUpButton : public NSButton {
     PLIX_CLASS(PLIXPopUpButton, NSButton);
 
 public:

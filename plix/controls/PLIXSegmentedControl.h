@@ -13,11 +13,11 @@ namespace plix {
 
 /// Where thin lines between the segments of controls belong: rectangles as NSStringFromRect() writes them, under the control's
 /// address in decimal. Null until the first is entered, then there for the whole process; an entry is emptied, never removed.
-extern std::map<std::string, std::vector<std::string>>* separatorsForSegmentedControls;
+PLIX_EXPORT extern std::map<std::string, std::vector<std::string>>* separatorsForSegmentedControls;
 
 /// Notes, while its segments draw, where a line belongs: behind each segment but the last and those at both sides of the selected
 /// one.
-class PLIXSegmentedCell : public NSSegmentedCell {
+class PLIX_EXPORT PLIXSegmentedCell : public NSSegmentedCell {
     PLIX_CLASS(PLIXSegmentedCell, NSSegmentedCell);
 
 public:
@@ -29,7 +29,7 @@ public:
 };
 
 /// Draws the lines that its cell, where that is a PLIXSegmentedCell, has noted, as long as its window is key.
-class PLIXSegmentedControl : public NSSegmentedControl {
+class PLIX_EXPORT PLIXSegmentedControl : public NSSegmentedControl {
     PLIX_CLASS(PLIXSegmentedControl, NSSegmentedControl);
 
 public:
@@ -50,7 +50,7 @@ public:
 };
 
 /// A segmented control with one picture in its middle.
-class PLIXSegmentedControlButton : public NSSegmentedControl {
+class PLIX_EXPORT PLIXSegmentedControlButton : public NSSegmentedControl {
     PLIX_CLASS(PLIXSegmentedControlButton, NSSegmentedControl);
 
 public:
@@ -72,10 +72,10 @@ private:
 };
 
 /// The cell's tag of the selected segment; -1 where none is selected.
-int selectedSegmentTag(NSSegmentedControl const&);
+PLIX_EXPORT int selectedSegmentTag(NSSegmentedControl const&);
 /// The first segment with that tag, or -1.
-int segmentWithTag(NSSegmentedControl const&, int tag);
+PLIX_EXPORT int segmentWithTag(NSSegmentedControl const&, int tag);
 /// Selects the first segment with that tag; false where there is none.
-bool selectSegmentWithTag(NSSegmentedControl&, int tag);
+PLIX_EXPORT bool selectSegmentWithTag(NSSegmentedControl&, int tag);
 
 }

@@ -5,7 +5,7 @@
 namespace plix {
 
 /// An attachment's cell whose place against the baseline the host sets.
-class PLIXTextAttachmentCell : public NSTextAttachmentCell {
+class PLIX_EXPORT PLIXTextAttachmentCell : public NSTextAttachmentCell {
     PLIX_CLASS(PLIXTextAttachmentCell, NSTextAttachmentCell);
 
 public:

@@ -5,7 +5,7 @@
 namespace plix {
 
 /// A combo box's cell for rows of tables: no bezel, the text, and a small knob in the place of the button.
-class TQComboBoxCell : public NSComboBoxCell {
+class PLIX_EXPORT TQComboBoxCell : public NSComboBoxCell {
     PLIX_CLASS(TQComboBoxCell, NSComboBoxCell);
 
 public:

@@ -5,7 +5,7 @@
 namespace plix {
 
 /// A pop-up button's cell that draws a given attributed string in place of its usual inside, for rows of tables.
-class TQPopUpButtonCell : public NSPopUpButtonCell {
+class PLIX_EXPORT TQPopUpButtonCell : public NSPopUpButtonCell {
     PLIX_CLASS(TQPopUpButtonCell, NSPopUpButtonCell);
 
 public:

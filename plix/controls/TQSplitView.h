@@ -5,7 +5,7 @@
 namespace plix {
 
 /// A split view whose dividers are as thick as the host says: 7 points at first. The thickness is not archived.
-class TQSplitView : public NSSplitView {
+class PLIX_EXPORT TQSplitView : public NSSplitView {
     PLIX_CLASS(TQSplitView, NSSplitView);
 
 public:

@@ -23,12 +23,12 @@ struct PopUpSlices {
 };
 
 /// All three images place the title by the pressed left cap.
-Point chiseledTitleOrigin(Rect button, Size title, float pressedLeftWidth);
+PLIX_EXPORT Point chiseledTitleOrigin(Rect button, Size title, float pressedLeftWidth);
 /// The pressed middle begins at its own width and is as wide as the hover caps leave it: it covers part of the left cap, which is
 /// meant.
-PopUpSlices popUpSlices(PopUpBackground, Rect button, SliceWidths pressed, SliceWidths hover);
+PLIX_EXPORT PopUpSlices popUpSlices(PopUpBackground, Rect button, SliceWidths pressed, SliceWidths hover);
 /// Behind the title; its height counts from the image's bottom edge by the title's and the arrow's heights alone.
-Point popUpArrowOrigin(Rect title, Size arrow);
+PLIX_EXPORT Point popUpArrowOrigin(Rect title, Size arrow);
 
 struct PopUpFrameRequest {
     Rect frame;
@@ -40,8 +40,8 @@ struct PopUpFrameRequest {
 };
 
 /// The frame for a new title. Sizes are cut to whole points.
-Size popUpSizeForTitle(PopUpFrameRequest const&);
+PLIX_EXPORT Size popUpSizeForTitle(PopUpFrameRequest const&);
 /// The origin once the button has taken its new width.
-Point popUpOriginForWidth(PopUpFrameRequest const&, float newWidth);
+PLIX_EXPORT Point popUpOriginForWidth(PopUpFrameRequest const&, float newWidth);
 
 }

@@ -11,7 +11,7 @@ namespace plix {
 
 /// A gradient of two colours along an axis, painted into the current context's clip. The axis lies in user space; at first it runs
 /// up the middle of the unit square, so that a host scales the context to the area or sets its own points.
-class PLIXShading : public NSObject {
+class PLIX_EXPORT PLIXShading : public NSObject {
     PLIX_CLASS(PLIXShading, NSObject);
 
 public:
@@ -53,6 +53,6 @@ private:
 
 /// The evaluate callback of a CGFunction over a PLIXShading (info): for a place on the axis (one value in) the components between
 /// start and end colour, as many as numColorComponents() says. The place is not clamped, the colour not premultiplied.
-void PLIXShadingStandardShadingFunction(void* info, float const* in, float* out);
+PLIX_EXPORT void PLIXShadingStandardShadingFunction(void* info, float const* in, float* out);
 
 }

@@ -6,8 +6,8 @@
 namespace plix {
 
 /// A new path around the rectangle with all corners rounded; see roundedRectOutline.
-Ref<NSBezierPath> bezierPathWithRoundedRect(Rect, float cornerRadius);
+PLIX_EXPORT Ref<NSBezierPath> bezierPathWithRoundedRect(Rect, float cornerRadius);
 /// Only the corners are rounded whose two sides are in the style, a mask of PLIXRoundingStyle.
-Ref<NSBezierPath> bezierPathWithRoundedRect(Rect, float cornerRadius, unsigned roundingStyle);
+PLIX_EXPORT Ref<NSBezierPath> bezierPathWithRoundedRect(Rect, float cornerRadius, unsigned roundingStyle);
 
 }

@@ -18,20 +18,20 @@ enum PLIXRectAlignment : int {
 };
 
 /// Both coordinates to the nearest whole number, halves to the even one.
-Point PLIXIntegralPoint(Point);
+PLIX_EXPORT Point PLIXIntegralPoint(Point);
 /// Each of the four fields rounded by itself as in PLIXIntegralPoint; the size does not follow from the rounded edges, and a
 /// negative one stays negative.
-Rect PLIXNormalizedRect(Rect);
+PLIX_EXPORT Rect PLIXNormalizedRect(Rect);
 /// At the origin.
-Rect PLIXMakeRectWithSize(Size);
+PLIX_EXPORT Rect PLIXMakeRectWithSize(Size);
 /// a's size in the middle of b, not rounded; begins outside b where it is the larger.
-Rect PLIXRectCenterOnRect(Rect a, Rect b);
+PLIX_EXPORT Rect PLIXRectCenterOnRect(Rect a, Rect b);
 /// a's size made as large as fits b with its proportions kept, up or down; a's origin stays.
-Rect PLIXScaleRectToRect(Rect a, Rect b);
+PLIX_EXPORT Rect PLIXScaleRectToRect(Rect a, Rect b);
 /// a's size at one of the nine places of PLIXRectAlignment inside b, not rounded; a itself for any other number.
-Rect PLIXAlignRectOnRect(Rect a, Rect b, int alignment);
+PLIX_EXPORT Rect PLIXAlignRectOnRect(Rect a, Rect b, int alignment);
 /// The nearest multiple; from half of the increment (rounded down) on the next one. A negative value always moves towards zero. An
 /// increment of 0 is the caller's error; a result past 32 bits wraps.
-int PLIXRoundToNearestIncrement(int value, int increment);
+PLIX_EXPORT int PLIXRoundToNearestIncrement(int value, int increment);
 
 }

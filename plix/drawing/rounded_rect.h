@@ -15,6 +15,6 @@ enum PLIXRoundingStyle : unsigned {
 
 /// The outline behind bezierPathWithRoundedRect: from the corner at minimum x and y counter-clockwise, closed. The radius is at
 /// most half of the shorter side.
-PathGeometry roundedRectOutline(Rect, float cornerRadius, unsigned roundingStyle = PLIXRoundAllSides);
+PLIX_EXPORT PathGeometry roundedRectOutline(Rect, float cornerRadius, unsigned roundingStyle = PLIXRoundAllSides);
 
 }

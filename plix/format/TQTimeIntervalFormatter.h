@@ -9,7 +9,7 @@ namespace plix {
 /// back. What is shown lies between a minimum and a maximum. With milliseconds the lowest component has three decimals, if it is
 /// seconds; without, reading drops the fraction, through 32 bits: a total outside them gives -2147483648. One component alone is
 /// shown as seconds divided by its base, not by its scalar.
-class TQTimeIntervalFormatter : public NSFormatter {
+class PLIX_EXPORT TQTimeIntervalFormatter : public NSFormatter {
     PLIX_CLASS(TQTimeIntervalFormatter, NSFormatter);
 
 public:

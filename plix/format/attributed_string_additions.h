@@ -10,9 +10,9 @@ class NSAttributedString;
 class NSMutableAttributedString;
 
 /// The attribute's value at the first character; nil for an empty string, and where that has no such attribute.
-ObjectValue attribute(NSAttributedString const&, std::string_view name);
+PLIX_EXPORT ObjectValue attribute(NSAttributedString const&, std::string_view name);
 
 /// Sets the attribute on all characters, whatever it was; every run keeps its others.
-void replaceAttribute(NSMutableAttributedString&, std::string_view name, ObjectValue const& value);
+PLIX_EXPORT void replaceAttribute(NSMutableAttributedString&, std::string_view name, ObjectValue const& value);
 
 }

@@ -60,10 +60,10 @@ std::vector<Element> objectsAtIndexes(std::vector<Element> const& array, std::op
 
 /// Where each of the objects is first, by equality; NSNotFound is in the set for those that are not there. Empty where `objects` is
 /// no array.
-NSIndexSet indexesOfObjects(ObjectValue::Array const& array, ObjectValue const& objects);
+PLIX_EXPORT NSIndexSet indexesOfObjects(ObjectValue::Array const& array, ObjectValue const& objects);
 
 /// The numbers' integers as indexes. Negative ones are none, and left out.
-NSIndexSet indexSetFromRowNumbers(std::optional<ObjectValue::Array> const& numbers);
+PLIX_EXPORT NSIndexSet indexSetFromRowNumbers(std::optional<ObjectValue::Array> const& numbers);
 
 /// Inserts the objects from the index on; nothing happens for nil or an index beyond the count.
 template <typename Element>

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <plix/platform/base/Ref.h>
+#include <plix/platform/base/export.h>
 
 #include <optional>
 #include <vector>
@@ -12,15 +13,15 @@ class NSMenuItem;
 class NSPopUpButton;
 
 /// Appends each item in order; nothing for nil.
-void addItems(NSMenu&, std::optional<std::vector<Ref<NSMenuItem>>> const&);
+PLIX_EXPORT void addItems(NSMenu&, std::optional<std::vector<Ref<NSMenuItem>>> const&);
 /// Null for an empty menu.
-NSMenuItem* lastItem(NSMenu const&);
+PLIX_EXPORT NSMenuItem* lastItem(NSMenu const&);
 
 /// Null where no item has the tag.
-NSMenuItem* itemWithTag(NSPopUpButton const&, int tag);
+PLIX_EXPORT NSMenuItem* itemWithTag(NSPopUpButton const&, int tag);
 /// Selects the item with the tag and answers true; answers false and leaves the selection alone where there is none.
-bool selectItemWithTag(NSPopUpButton&, int tag);
+PLIX_EXPORT bool selectItemWithTag(NSPopUpButton&, int tag);
 /// Selects the item with the tag, or clears the selection where there is none.
-void selectItemWithTagOrNone(NSPopUpButton&, int tag);
+PLIX_EXPORT void selectItemWithTagOrNone(NSPopUpButton&, int tag);
 
 }

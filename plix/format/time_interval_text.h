@@ -1,5 +1,7 @@
 #pragma once
 
+#include <plix/platform/base/export.h>
+
 #include <optional>
 #include <string>
 #include <string_view>
@@ -16,12 +18,12 @@ enum TQTimeIntervalComponent : int {
 };
 
 /// How many seconds one unit of a component has; 1 for any other code.
-double _TQTimeIntervalComponentScalar(int component);
+PLIX_EXPORT double _TQTimeIntervalComponentScalar(int component);
 /// How many units make one of the next component; 1 for weeks and any other code.
-double _TQTimeIntervalComponentBase(int component);
+PLIX_EXPORT double _TQTimeIntervalComponentBase(int component);
 
 /// How intervals are written and read; see TQTimeIntervalFormatter.
-struct TimeIntervalFormat {
+struct PLIX_EXPORT TimeIntervalFormat {
     int minimumComponent { TQTimeIntervalSeconds };
     int maximumComponent { TQTimeIntervalWeeks };
     bool showsMilliseconds { false };
@@ -34,9 +36,9 @@ struct TimeIntervalFormat {
     long componentCount() const;
 };
 
-std::string textForTimeInterval(double seconds, TimeIntervalFormat const&);
+PLIX_EXPORT std::string textForTimeInterval(double seconds, TimeIntervalFormat const&);
 /// The seconds that the text says, or those of no text at all. Never fails: what is no number counts as 0.
-double timeIntervalForText(std::optional<std::string_view> text, TimeIntervalFormat const&);
-double valueForComponentText(std::string_view text, long component);
+PLIX_EXPORT double timeIntervalForText(std::optional<std::string_view> text, TimeIntervalFormat const&);
+PLIX_EXPORT double valueForComponentText(std::string_view text, long component);
 
 }

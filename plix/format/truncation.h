@@ -14,8 +14,9 @@ class NSCell;
 /// Text that fits stays as it is. Where even "..." does not fit NSRangeException is raised.
 
 /// Changes the cell's string value, and measures the attributed string that the cell makes of it. Nothing for nil.
-void TruncateStringInCell(NSCell*, float width);
+PLIX_EXPORT void TruncateStringInCell(NSCell*, float width);
 /// Nil where either is nil.
-std::optional<std::string> TruncateStringWithAttributes(std::optional<std::string_view> string, Attributes const*, float width);
+PLIX_EXPORT std::optional<std::string> TruncateStringWithAttributes(
+    std::optional<std::string_view> string, Attributes const*, float width);
 
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <plix/platform/base/export.h>
+
 namespace plix {
 
 class Class;
@@ -8,6 +10,6 @@ class NSView;
 
 /// The first responder behind the view in its chain that is of exactly this class, else the first that is of its kind; null where
 /// there is neither. Never the view itself.
-NSResponder* nextResponderOfClass(NSView const&, Class const&);
+PLIX_EXPORT NSResponder* nextResponderOfClass(NSView const&, Class const&);
 
 }

@@ -1,12 +1,13 @@
 #pragma once
 
 #include <plix/platform/base/Ref.h>
+#include <plix/platform/base/export.h>
 #include <plix/platform/graphics/Forward.h>
 
 namespace plix {
 
 /// The gradient image that a view draws in its selected rows, kept until the height of rows changes.
-class HighlightGradient {
+class PLIX_EXPORT HighlightGradient {
 public:
     HighlightGradient();
     ~HighlightGradient();

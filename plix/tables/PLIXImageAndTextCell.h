@@ -8,7 +8,7 @@ namespace plix {
 
 /// Text with an image before it, as a name with its icon in a row of a table. The image is scaled into a box of a set size, in the
 /// middle of the cell's height; text and editor stand to the right of it. Without image a plain text cell, but for cellSize().
-class PLIXImageAndTextCell : public NSTextFieldCell {
+class PLIX_EXPORT PLIXImageAndTextCell : public NSTextFieldCell {
     PLIX_CLASS(PLIXImageAndTextCell, NSTextFieldCell);
 
 public:

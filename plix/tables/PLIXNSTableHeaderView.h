@@ -8,7 +8,7 @@ class NSTableColumn;
 
 /// The header of the library's tables: a double click on a divider makes the column before it as wide as its data needs. Ignores
 /// the mouse while its table is disabled.
-class PLIXNSTableHeaderView : public NSTableHeaderView {
+class PLIX_EXPORT PLIXNSTableHeaderView : public NSTableHeaderView {
     PLIX_CLASS(PLIXNSTableHeaderView, NSTableHeaderView);
 
 public:

@@ -8,12 +8,12 @@
 
 namespace plix {
 
-extern template class StyledTable<NSOutlineView>;
+extern template class PLIX_EXPORT StyledTable<NSOutlineView>;
 
 /// An outline with the library's looks and keys, which StyledTable describes. Its selection may follow the indentation of rows, its
 /// disclosure images are "expanded" and "collapsed" unless the delegate has others, and it turns grey as a whole while it is
 /// disabled.
-class PLIXOutlineView : public StyledTable<NSOutlineView> {
+class PLIX_EXPORT PLIXOutlineView : public StyledTable<NSOutlineView> {
     PLIX_CLASS(PLIXOutlineView, StyledTable<NSOutlineView>);
 
 public:

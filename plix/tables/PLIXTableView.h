@@ -13,10 +13,10 @@ namespace plix {
 
 class NSAttributedString;
 
-extern template class StyledTable<NSTableView>;
+extern template class PLIX_EXPORT StyledTable<NSTableView>;
 
 /// A table with the library's looks and keys, which StyledTable describes, and a message in its middle while it has no rows.
-class PLIXTableView : public StyledTable<NSTableView> {
+class PLIX_EXPORT PLIXTableView : public StyledTable<NSTableView> {
     PLIX_CLASS(PLIXTableView, StyledTable<NSTableView>);
 
 public:

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <plix/platform/base/Ref.h>
+#include <plix/platform/base/export.h>
 
 #include <cstddef>
 #include <memory>
@@ -12,7 +13,7 @@ class NSTextFieldCell;
 
 /// What the text of selected rows looks like: white, with the shadow, and on newer systems bold. Kept for plain texts, so that
 /// drawing a row again makes nothing.
-class SelectedTexts {
+class PLIX_EXPORT SelectedTexts {
 public:
     SelectedTexts();
     ~SelectedTexts();

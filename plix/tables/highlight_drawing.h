@@ -20,7 +20,7 @@ struct HighlightPaint {
 };
 
 /// Draws the highlights of rows that are much alike: keeps the outline of the last one.
-class HighlightPainter {
+class PLIX_EXPORT HighlightPainter {
 public:
     HighlightPainter();
     ~HighlightPainter();
@@ -45,10 +45,10 @@ private:
 
 enum class DropTarget { unselected, selected };
 /// Leaves the default line width of paths at 2 points, for the process.
-void drawDropHighlight(Rect, HighlightPaint const&, DropTarget);
+PLIX_EXPORT void drawDropHighlight(Rect, HighlightPaint const&, DropTarget);
 /// Around all that is visible of a view.
-void drawDropFrame(Rect bounds, HighlightPaint const&);
+PLIX_EXPORT void drawDropFrame(Rect bounds, HighlightPaint const&);
 /// Leaves the default line width of paths at 2 points, for the process.
-void drawInsertionMarker(InsertionMarker const&, HighlightPaint const&);
+PLIX_EXPORT void drawInsertionMarker(InsertionMarker const&, HighlightPaint const&);
 
 }

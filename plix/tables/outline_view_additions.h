@@ -1,10 +1,12 @@
 #pragma once
 
+#include <plix/platform/base/export.h>
+
 namespace plix {
 
 class NSOutlineView;
 
 /// Clears the flag of any outline by which it draws disclosure triangles of its own.
-void zapIndentationMarker(NSOutlineView&);
+PLIX_EXPORT void zapIndentationMarker(NSOutlineView&);
 
 }

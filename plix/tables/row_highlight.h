@@ -27,17 +27,17 @@ struct RowHighlight {
 
 /// A custom image fills the row's whole rectangle; the drawn highlight keeps half a point from each side and ends one point
 /// earlier. The indentation, which is 0 in tables, moves the start.
-RowHighlight rowHighlight(Rect rowRect, std::uint32_t style, HighlightImage, int indentation);
+PLIX_EXPORT RowHighlight rowHighlight(Rect rowRect, std::uint32_t style, HighlightImage, int indentation);
 
 enum class RowItem { leaf, expandable };
 
 /// How far the highlight of an outline's row starts from the left: a leaf below the top level also skips a disclosure triangle's
 /// width.
-int highlightIndentation(long level, float indentationPerLevel, RowItem);
+PLIX_EXPORT int highlightIndentation(long level, float indentationPerLevel, RowItem);
 
 inline constexpr float dropHighlightCornerRadius = 3.0F;
 /// The outline of a row that takes a drop; a table's custom image makes it the whole row.
-Rect dropHighlightRect(Rect rowRect, HighlightImage);
+PLIX_EXPORT Rect dropHighlightRect(Rect rowRect, HighlightImage);
 
 /// The marker between two rows: a ring before a line.
 struct InsertionMarker {
@@ -58,18 +58,18 @@ struct InsertionPlace {
 };
 
 /// For rows that are no neighbours in the table everything but the offset counts as zero.
-InsertionMarker insertionMarker(InsertionPlace const&, float offset);
+PLIX_EXPORT InsertionMarker insertionMarker(InsertionPlace const&, float offset);
 
 enum class ColumnPlace { only, first, middle, last };
-ColumnPlace columnPlace(long column, long numberOfColumns);
+PLIX_EXPORT ColumnPlace columnPlace(long column, long numberOfColumns);
 enum class FirstColumn { plain, indented };
 
 /// The cell's frame with room for the highlight's rounded ends; an indented first column needs none at its start.
-Rect textRoom(Rect cellFrame, std::uint32_t style, ColumnPlace, FirstColumn);
+PLIX_EXPORT Rect textRoom(Rect cellFrame, std::uint32_t style, ColumnPlace, FirstColumn);
 
 /// Where the message of an empty table stands; nothing where it is taller than what is visible. `textHeight` is the message's
 /// height at emptyMessageWidth().
-float emptyMessageWidth(Rect superviewFrame);
-std::optional<Rect> emptyMessageRect(Rect superviewFrame, Rect superviewBounds, float textHeight);
+PLIX_EXPORT float emptyMessageWidth(Rect superviewFrame);
+PLIX_EXPORT std::optional<Rect> emptyMessageRect(Rect superviewFrame, Rect superviewBounds, float textHeight);
 
 }

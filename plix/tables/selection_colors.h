@@ -11,9 +11,9 @@ enum class ViewState { disabled, enabled };
 
 /// What selected rows are filled with: the base while the view has the keyboard in the key window, else a grey. A disabled view's
 /// is brought to the grey of its paler shade.
-ColorComponents selectionFill(ColorComponents const& base, ViewFocus, ViewState);
+PLIX_EXPORT ColorComponents selectionFill(ColorComponents const& base, ViewFocus, ViewState);
 /// The edge of a filled row: opaque, and four fifths as bright.
-ColorComponents selectionEdge(ColorComponents const& fill);
+PLIX_EXPORT ColorComponents selectionEdge(ColorComponents const& fill);
 
 /// From a row's upper edge to its lower one.
 struct GradientColors {
@@ -21,11 +21,11 @@ struct GradientColors {
     ColorComponents bottom;
 };
 /// Paler and lighter at the top, richer and darker at the bottom.
-GradientColors highlightGradientColors(ColorComponents const& base);
+PLIX_EXPORT GradientColors highlightGradientColors(ColorComponents const& base);
 
 /// The line around a drop target that is not selected, or around a whole view.
-ColorComponents dropLine(ColorComponents const& edge);
+PLIX_EXPORT ColorComponents dropLine(ColorComponents const& edge);
 /// The wash over a drop target that is not selected.
-ColorComponents dropWash(ColorComponents const& fill);
+PLIX_EXPORT ColorComponents dropWash(ColorComponents const& fill);
 
 }

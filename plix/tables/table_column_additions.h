@@ -1,5 +1,7 @@
 #pragma once
 
+#include <plix/platform/base/export.h>
+
 namespace plix {
 
 class NSTableColumn;
@@ -8,8 +10,8 @@ class NSTableColumn;
 
 /// How wide the column is to be for its widest value: every row's is asked for and measured in the data cell, whose own value is
 /// put back afterwards. minWidth() for a column without table, or in one without data source.
-float dataWidth(NSTableColumn&);
+PLIX_EXPORT float dataWidth(NSTableColumn&);
 /// Makes the column as wide as that, within its least and greatest width.
-void sizeToFitData(NSTableColumn&);
+PLIX_EXPORT void sizeToFitData(NSTableColumn&);
 
 }

@@ -7,11 +7,11 @@ namespace plix {
 
 /// The shadows of text in selected rows, which PLIXTableView::standardShadow() and deactivatedShadow() make when they are first
 /// asked for; null before.
-extern Global<NSShadow> plixTableView_StandardShadow;
-extern Global<NSShadow> plixTableView_DeactivatedShadow;
+PLIX_EXPORT extern Global<NSShadow> plixTableView_StandardShadow;
+PLIX_EXPORT extern Global<NSShadow> plixTableView_DeactivatedShadow;
 
 /// The global of that name, made where it is not there yet.
-Ref<NSShadow> standardTableShadow();
-Ref<NSShadow> deactivatedTableShadow();
+PLIX_EXPORT Ref<NSShadow> standardTableShadow();
+PLIX_EXPORT Ref<NSShadow> deactivatedTableShadow();
 
 }

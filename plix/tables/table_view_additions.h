@@ -12,12 +12,12 @@ class NSTableView;
 // the keyboard, itself or in a cell that is edited, and its window is key; else they are grey. So they are while the view is
 // disabled.
 
-Ref<NSColor> selectionColor(NSTableView const&);
+PLIX_EXPORT Ref<NSColor> selectionColor(NSTableView const&);
 /// The same without making a colour.
-ColorComponents selectionComponents(NSTableView const&);
+PLIX_EXPORT ColorComponents selectionComponents(NSTableView const&);
 /// Of the edge of a selected row: darker, and always opaque.
-Ref<NSColor> selectionOutlineColor(NSTableView const&);
+PLIX_EXPORT Ref<NSColor> selectionOutlineColor(NSTableView const&);
 /// Whether selected rows get a gradient in place of the plain colour: the view is active, as above, and enabled.
-bool selectionShouldDrawGradient(NSTableView const&);
+PLIX_EXPORT bool selectionShouldDrawGradient(NSTableView const&);
 
 }

@@ -2,6 +2,7 @@
 
 #include <plix/platform/appkit/NSWindow.h>
 #include <plix/platform/base/Global.h>
+#include <plix/platform/base/export.h>
 #include <plix/platform/graphics/Forward.h>
 
 namespace plix {
@@ -18,7 +19,7 @@ extern Global<NSImage> PLIXWindow_BackgroundImage;
 /// The background is a pattern as wide as the image, which repeats from side to side. It is made anew when the frame is set, not
 /// when a person resizes the window: for that the host makes the window its own delegate. From system version 0x1050 on the
 /// platform's background stays instead, whatever is asked for.
-class PLIXWindow : public NSWindow {
+class PLIX_EXPORT PLIXWindow : public NSWindow {
     PLIX_CLASS(PLIXWindow, NSWindow);
 
 public:

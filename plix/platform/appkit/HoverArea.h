@@ -5,7 +5,7 @@
 namespace plix {
 
 /// Keeps a tracking rectangle on all of a view, for views that look different under the pointer.
-class HoverArea {
+class PLIX_EXPORT HoverArea {
 public:
     /// From resetCursorRects(), which is called whenever the geometry changes. Answers whether the pointer is inside now.
     bool follow(NSView&);

@@ -1,10 +1,12 @@
 #pragma once
 
+#include <plix/platform/base/export.h>
+
 namespace plix {
 
 /// A document view that stands for more than its coordinates can tell apart: it holds a stretch of the whole at a time and moves
 /// that along as it is scrolled. Scrollers show, and go by, the whole. Lengths and places are in points along y, from the top.
-class LongDocument {
+class PLIX_EXPORT LongDocument {
 public:
     virtual ~LongDocument() = default;
     virtual double documentLength() const = 0;

@@ -7,7 +7,7 @@ namespace plix {
 class NSControl;
 
 /// A cell with a target, an action and a tag, which tells its control when it looks different.
-class NSActionCell : public NSCell {
+class PLIX_EXPORT NSActionCell : public NSCell {
     PLIX_CLASS(NSActionCell, NSCell);
 
 public:

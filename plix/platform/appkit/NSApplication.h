@@ -21,7 +21,7 @@ enum NSModalResponse : long { NSRunStoppedResponse = -1000, NSRunAbortedResponse
 enum NSRequestUserAttentionType : int { NSCriticalRequest = 0, NSInformationalRequest = 10 };
 
 /// The one object that takes events from the host and hands them to windows. init() makes it NSApp.
-class NSApplication : public NSResponder {
+class PLIX_EXPORT NSApplication : public NSResponder {
     PLIX_CLASS(NSApplication, NSResponder);
 
 public:
@@ -139,12 +139,12 @@ private:
     std::unique_ptr<Internals> m;
 };
 
-extern Global<NSApplication> NSApp;
+PLIX_EXPORT extern Global<NSApplication> NSApp;
 
 /// Makes the application object and runs it; answers the process's exit status.
-int NSApplicationMain(int argc, char const* const* argv);
+PLIX_EXPORT int NSApplicationMain(int argc, char const* const* argv);
 /// The system's alert sound.
-void NSBeep();
+PLIX_EXPORT void NSBeep();
 
 inline constexpr char const* NSApplicationWillFinishLaunchingNotification = "NSApplicationWillFinishLaunchingNotification";
 inline constexpr char const* NSApplicationDidFinishLaunchingNotification = "NSApplicationDidFinishLaunchingNotification";

@@ -15,7 +15,7 @@ enum NSBoxType : int { NSBoxPrimary = 0, NSBoxSecondary = 1, NSBoxSeparator = 2,
 
 /// A frame with a title around other views, or a line between them (NSBoxSeparator), horizontal or vertical as the longer side is.
 /// What is added goes into the content view, which the box keeps in its place.
-class NSBox : public NSView {
+class PLIX_EXPORT NSBox : public NSView {
     PLIX_CLASS(NSBox, NSView);
 
 public:

@@ -9,7 +9,7 @@ class NSButtonCell;
 
 /// A button, a check box or a radio button. Pressed by the mouse, by the space bar while it has the keyboard, and by its key
 /// equivalent. Radio buttons that share a superview and an action turn each other off.
-class NSButton : public NSControl {
+class PLIX_EXPORT NSButton : public NSControl {
     PLIX_CLASS(NSButton, NSControl);
 
 public:

@@ -10,7 +10,7 @@ namespace plix {
 
 /// A button in a rectangle: a title, an image or both, perhaps on a bezel, or a check box or radio button beside its title. Its
 /// value is its state.
-class NSButtonCell : public NSActionCell {
+class PLIX_EXPORT NSButtonCell : public NSActionCell {
     PLIX_CLASS(NSButtonCell, NSActionCell);
 
 public:

@@ -31,7 +31,7 @@ enum NSFocusRingType : int;
 /// Holds a value, knows how large it is and draws it in a rectangle of a view; follows the mouse there. Light enough that one cell
 /// serves many places: a table draws all rows of a column with one. Rectangles are in the control view's coordinates; cells count
 /// on flipped ones for what is above and below.
-class NSCell : public NSObject {
+class PLIX_EXPORT NSCell : public NSObject {
     PLIX_CLASS(NSCell, NSObject);
 
 public:

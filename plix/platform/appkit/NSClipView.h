@@ -6,7 +6,7 @@ namespace plix {
 
 /// Shows a part of its document view: scrolling moves the origin of its bounds. As flipped as the document. What the document does
 /// not cover is filled with the background colour.
-class NSClipView : public NSView {
+class PLIX_EXPORT NSClipView : public NSView {
     PLIX_CLASS(NSClipView, NSView);
 
 public:

@@ -10,7 +10,7 @@ namespace plix {
 class NSComboBoxCell;
 
 /// A text field with a list of what may be entered; see NSComboBoxCell. The down arrow opens the list, and the button does.
-class NSComboBox : public NSTextField {
+class PLIX_EXPORT NSComboBox : public NSTextField {
     PLIX_CLASS(NSComboBox, NSTextField);
 
 public:

@@ -11,7 +11,7 @@ namespace plix {
 
 /// A text field's cell with a button that shows a list to choose from. Items are the cell's own, or come from a data source. The
 /// wheel changes nothing while the list is closed.
-class NSComboBoxCell : public NSTextFieldCell {
+class PLIX_EXPORT NSComboBoxCell : public NSTextFieldCell {
     PLIX_CLASS(NSComboBoxCell, NSTextFieldCell);
 
 public:

@@ -11,7 +11,7 @@ class NSActionCell;
 
 /// A view that lets a cell do its work: draw a value, follow the mouse, send an action. Setters reach the cell, which says when
 /// something is to be drawn anew. A control without a cell reads as 0, "" and nil, and takes no events.
-class NSControl : public NSView {
+class PLIX_EXPORT NSControl : public NSView {
     PLIX_CLASS(NSControl, NSView);
 
 public:

@@ -8,7 +8,7 @@
 namespace plix {
 
 /// The pointer's shape.
-class NSCursor : public NSObject {
+class PLIX_EXPORT NSCursor : public NSObject {
     PLIX_CLASS(NSCursor, NSObject);
 
 public:

@@ -6,7 +6,7 @@
 namespace plix {
 
 /// A field with a date in it; see NSDatePickerCell.
-class NSDatePicker : public NSControl {
+class PLIX_EXPORT NSDatePicker : public NSControl {
     PLIX_CLASS(NSDatePicker, NSControl);
 
 public:

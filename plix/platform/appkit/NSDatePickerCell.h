@@ -39,7 +39,7 @@ struct NSDatePickerCellDelegate {
 
 /// A date as a row of fields, each changed by itself: by digits, the up and down arrows or the stepper. In the order of the user's
 /// short date and time. The wheel changes nothing.
-class NSDatePickerCell : public NSActionCell {
+class PLIX_EXPORT NSDatePickerCell : public NSActionCell {
     PLIX_CLASS(NSDatePickerCell, NSActionCell);
 
 public:

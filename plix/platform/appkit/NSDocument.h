@@ -12,7 +12,7 @@ namespace plix {
 enum NSDocumentChangeType : int { NSChangeDone = 0, NSChangeUndone = 1, NSChangeCleared = 2 };
 
 /// Something that a person works on, shown in windows by its window controllers, which it holds.
-class NSDocument : public NSObject {
+class PLIX_EXPORT NSDocument : public NSObject {
     PLIX_CLASS(NSDocument, NSObject);
 
 public:

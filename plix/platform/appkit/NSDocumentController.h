@@ -8,7 +8,7 @@
 namespace plix {
 
 /// Holds the open documents.
-class NSDocumentController : public NSObject {
+class PLIX_EXPORT NSDocumentController : public NSObject {
     PLIX_CLASS(NSDocumentController, NSObject);
 
 public:

@@ -8,7 +8,7 @@
 namespace plix {
 
 /// A drag as its destination sees it.
-class NSDraggingInfo : public NSObject {
+class PLIX_EXPORT NSDraggingInfo : public NSObject {
 public:
     virtual NSPasteboard& draggingPasteboard() const = 0;
     /// The view that the drag came from, null for another application's.

@@ -14,7 +14,7 @@ namespace plix {
 
 /// What happened, as the application's queue hands it out. Never changes once it is made. What an event of its type does not have
 /// reads as zero, empty or nil.
-class NSEvent : public NSObject {
+class PLIX_EXPORT NSEvent : public NSObject {
     PLIX_CLASS(NSEvent, NSObject);
 
 public:

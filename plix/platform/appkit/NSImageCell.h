@@ -6,7 +6,7 @@
 namespace plix {
 
 /// Shows an image in a frame. The object value is the image.
-class NSImageCell : public NSActionCell {
+class PLIX_EXPORT NSImageCell : public NSActionCell {
     PLIX_CLASS(NSImageCell, NSActionCell);
 
 public:

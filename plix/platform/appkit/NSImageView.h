@@ -9,7 +9,7 @@ class NSImageCell;
 
 /// Shows an image. An editable one takes the keyboard: the image can be cut, copied and deleted, and another pasted or dropped on
 /// it, which sends the action.
-class NSImageView : public NSControl {
+class PLIX_EXPORT NSImageView : public NSControl {
     PLIX_CLASS(NSImageView, NSControl);
 
 public:

@@ -16,7 +16,7 @@
 namespace plix {
 
 /// A list of items, shown in a window of its own while a person chooses one. Indexes outside raise NSRangeException.
-class NSMenu : public NSObject {
+class PLIX_EXPORT NSMenu : public NSObject {
     PLIX_CLASS(NSMenu, NSObject);
 
 public:

@@ -18,14 +18,14 @@ class NSAttributedString;
 
 /// For targets that say whether their items may be chosen, each time before a menu that enables its items by itself is shown or
 /// looked through for a key.
-class NSMenuValidation {
+class PLIX_EXPORT NSMenuValidation {
 public:
     virtual ~NSMenuValidation() = default;
     virtual bool validateMenuItem(NSMenuItem&) = 0;
 };
 
 /// A line of a menu. The menu it is in, at most one, holds it.
-class NSMenuItem : public NSObject {
+class PLIX_EXPORT NSMenuItem : public NSObject {
     PLIX_CLASS(NSMenuItem, NSObject);
 
 public:

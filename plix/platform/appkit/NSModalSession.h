@@ -6,7 +6,7 @@
 namespace plix {
 
 /// One modal window's turn. Made by NSApplication::beginModalSessionForWindow().
-class NSModalSession : public NSObject {
+class PLIX_EXPORT NSModalSession : public NSObject {
 public:
     NSWindow* window() const { return m_window.get(); }
     /// NSRunContinuesResponse until it is stopped.

@@ -12,7 +12,7 @@ class NSButtonCell;
 /// A table of items that have items below them: those that can be expanded have a triangle in the outline column, whose cells are
 /// moved in by the item's level. Items are any objects, told apart by identity, and held while they are known; a null item is the
 /// top. What is expanded stays so through reloads as long as the item is there.
-class NSOutlineView : public NSTableView {
+class PLIX_EXPORT NSOutlineView : public NSTableView {
     PLIX_CLASS(NSOutlineView, NSTableView);
 
 public:

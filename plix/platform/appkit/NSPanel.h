@@ -6,7 +6,7 @@ namespace plix {
 
 /// A companion window: never main, closed by Escape where it has a close box, out of sight while the application is not active
 /// where it floats.
-class NSPanel : public NSWindow {
+class PLIX_EXPORT NSPanel : public NSWindow {
     PLIX_CLASS(NSPanel, NSWindow);
 
 public:

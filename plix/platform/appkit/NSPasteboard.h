@@ -27,7 +27,7 @@ inline constexpr char const* NSDragPboard = "Apple CFPasteboard drag";
 
 /// What copy, paste and drag carry, by type, the best type first. The general one's text goes to other applications and comes from
 /// them; other types stay within the application.
-class NSPasteboard : public NSObject {
+class PLIX_EXPORT NSPasteboard : public NSObject {
     PLIX_CLASS(NSPasteboard, NSObject);
 
 public:

@@ -9,7 +9,7 @@ class NSPopUpButtonCell;
 
 /// A button that shows a menu of choices, or one that pulls down; see NSPopUpButtonCell. Space and the arrow keys open it while it
 /// has the keyboard.
-class NSPopUpButton : public NSButton {
+class PLIX_EXPORT NSPopUpButton : public NSButton {
     PLIX_CLASS(NSPopUpButton, NSButton);
 
 public:

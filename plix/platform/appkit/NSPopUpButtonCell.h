@@ -11,7 +11,7 @@ enum NSPopUpArrowPosition : int { NSPopUpNoArrow = 0, NSPopUpArrowAtCenter = 1, 
 
 /// A button that shows a menu: of choices, one of which is selected and gives the title, or one that pulls down and whose first
 /// item is the title. The wheel changes nothing. Choosing an item sends its action, or the cell's where it has none.
-class NSPopUpButtonCell : public NSButtonCell {
+class PLIX_EXPORT NSPopUpButtonCell : public NSButtonCell {
     PLIX_CLASS(NSPopUpButtonCell, NSButtonCell);
 
 public:

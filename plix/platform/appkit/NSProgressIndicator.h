@@ -17,7 +17,7 @@ enum NSProgressIndicatorThickness : int {
 
 /// Shows how far something is, or that something goes on: a bar or a turning wheel. While it is not seen (hidden, scrolled away, in
 /// a window that is not on screen) it does no work.
-class NSProgressIndicator : public NSView {
+class PLIX_EXPORT NSProgressIndicator : public NSView {
     PLIX_CLASS(NSProgressIndicator, NSView);
 
 public:

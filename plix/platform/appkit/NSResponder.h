@@ -11,7 +11,7 @@ namespace plix {
 
 /// A link of the chain along which events and actions are offered. Each event operation hands the event to the next responder
 /// unless a subclass does something about it.
-class NSResponder : public NSObject {
+class PLIX_EXPORT NSResponder : public NSObject {
     PLIX_CLASS(NSResponder, NSObject);
 
 public:

@@ -9,7 +9,7 @@
 namespace plix {
 
 /// A screen as it was when it was asked for. Points, y upwards; the first screen's lower left corner is the origin.
-class NSScreen : public NSObject {
+class PLIX_EXPORT NSScreen : public NSObject {
     PLIX_CLASS(NSScreen, NSObject);
 
 public:

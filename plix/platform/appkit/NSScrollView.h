@@ -11,7 +11,7 @@ struct ScrollViewLayout;
 
 /// Lets a person move a large document view about in a small place: by the wheel, scrollers and keys. Holds a clip view with the
 /// document, up to two scrollers, and what the document brings along as a header (see ScrollHeader).
-class NSScrollView : public NSView {
+class PLIX_EXPORT NSScrollView : public NSView {
     PLIX_CLASS(NSScrollView, NSView);
 
 public:

@@ -11,7 +11,7 @@ enum NSScrollerArrow : int { NSScrollerIncrementArrow = 0, NSScrollerDecrementAr
 /// A bar with a knob that shows which part of something is seen, from 0 (top or left) to 1, and lets a person move it. Tells its
 /// target by the action what was hit (hitPart()), and goes on telling while a page or an arrow is held. As long as its longer side
 /// says: horizontal or vertical.
-class NSScroller : public NSControl {
+class PLIX_EXPORT NSScroller : public NSControl {
     PLIX_CLASS(NSScroller, NSControl);
 
 public:

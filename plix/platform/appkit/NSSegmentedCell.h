@@ -15,7 +15,7 @@ enum NSSegmentSwitchTracking : int {
 };
 
 /// Buttons side by side, of which one, any number or none stays selected. Indexes outside raise NSRangeException.
-class NSSegmentedCell : public NSActionCell {
+class PLIX_EXPORT NSSegmentedCell : public NSActionCell {
     PLIX_CLASS(NSSegmentedCell, NSActionCell);
 
 public:

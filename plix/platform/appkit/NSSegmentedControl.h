@@ -10,7 +10,7 @@ class NSSegmentedCell;
 
 /// Buttons side by side; see NSSegmentedCell. While it has the keyboard the arrow keys go from segment to segment and the space bar
 /// presses.
-class NSSegmentedControl : public NSControl {
+class PLIX_EXPORT NSSegmentedControl : public NSControl {
     PLIX_CLASS(NSSegmentedControl, NSControl);
 
 public:

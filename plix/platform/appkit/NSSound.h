@@ -3,6 +3,7 @@
 #include <plix/platform/base/Class.h>
 #include <plix/platform/base/Hook.h>
 #include <plix/platform/base/HookSource.h>
+#include <plix/platform/base/export.h>
 
 #include <memory>
 #include <string>
@@ -25,7 +26,7 @@ struct NSSoundDelegate {
 
 /// A short sound of a file or of bytes. It is held while it plays. On a machine that makes no sounds it plays in silence; where
 /// none can be decoded there is no NSSound at all.
-class NSSound : public NSObject {
+class PLIX_EXPORT NSSound : public NSObject {
     PLIX_CLASS(NSSound, NSObject);
 
 public:

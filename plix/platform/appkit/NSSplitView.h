@@ -11,7 +11,7 @@ namespace plix {
 
 /// Shows its subviews as panes beside or below each other, with dividers between them that a person can drag. Panes fill the view,
 /// in whole points; when it is resized each keeps its share.
-class NSSplitView : public NSView {
+class PLIX_EXPORT NSSplitView : public NSView {
     PLIX_CLASS(NSSplitView, NSView);
 
 public:

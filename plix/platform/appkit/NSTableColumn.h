@@ -19,7 +19,7 @@ enum NSTableColumnResizingMask : unsigned {
 };
 
 /// A column of a table: its identifier, its widths in points, the cell that draws its header and the cell that draws its values.
-class NSTableColumn : public NSObject {
+class PLIX_EXPORT NSTableColumn : public NSObject {
     PLIX_CLASS(NSTableColumn, NSObject);
 
 public:

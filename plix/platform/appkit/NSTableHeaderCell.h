@@ -7,7 +7,7 @@ namespace plix {
 enum class HeaderShade { plain, chosen, pressed };
 
 /// Draws a column's header: its title, and at the right end an image that says how the column is sorted.
-class NSTableHeaderCell : public NSTextFieldCell {
+class PLIX_EXPORT NSTableHeaderCell : public NSTextFieldCell {
     PLIX_CLASS(NSTableHeaderCell, NSTextFieldCell);
 
 public:

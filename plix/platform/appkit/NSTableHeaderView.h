@@ -9,7 +9,7 @@ class NSTableView;
 
 /// The headers of a table's columns, in the table's horizontal coordinates. A click on one tells the table; its right edge is
 /// dragged to resize the column, the header itself to move it.
-class NSTableHeaderView : public NSView {
+class PLIX_EXPORT NSTableHeaderView : public NSView {
     PLIX_CLASS(NSTableHeaderView, NSView);
 
 public:
@@ -69,7 +69,7 @@ private:
 };
 
 /// What fills the corner beside the header, above the vertical scroller.
-class NSTableCornerView : public NSView {
+class PLIX_EXPORT NSTableCornerView : public NSView {
     PLIX_CLASS(NSTableCornerView, NSView);
 
 public:

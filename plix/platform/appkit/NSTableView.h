@@ -42,7 +42,7 @@ enum NSTableViewGridLineStyle : unsigned {
 ///
 /// Values come from a data source, decisions from a delegate; both are held weakly, and may reload, close or let go of the table
 /// in whatever they are asked.
-class NSTableView : public NSControl, public ScrollHeader, public LongDocument {
+class PLIX_EXPORT NSTableView : public NSControl, public ScrollHeader, public LongDocument {
     PLIX_CLASS(NSTableView, NSControl);
 
 public:

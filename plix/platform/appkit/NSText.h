@@ -25,7 +25,7 @@ enum NSTextMovement : int {
 };
 
 /// A view of text that can be selected and edited. Abstract: NSTextView is one. Positions and lengths count UTF-16 units.
-class NSText : public NSView {
+class PLIX_EXPORT NSText : public NSView {
     PLIX_CLASS(NSText, NSView);
 
 public:

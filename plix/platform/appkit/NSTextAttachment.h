@@ -10,7 +10,7 @@ class NSTextAttachmentCell;
 
 /// Stands in an attributed string under NSAttachmentAttributeName, on an NSAttachmentCharacter; its cell says how large it is and
 /// draws it.
-class NSTextAttachment : public NSObject, public InlineObject {
+class PLIX_EXPORT NSTextAttachment : public NSObject, public InlineObject {
     PLIX_CLASS(NSTextAttachment, NSObject);
 
 public:

@@ -7,7 +7,7 @@ namespace plix {
 class NSTextAttachment;
 
 /// Draws an attachment in a line of text: its image, as large as that is, standing on the baseline.
-class NSTextAttachmentCell : public NSCell {
+class PLIX_EXPORT NSTextAttachmentCell : public NSCell {
     PLIX_CLASS(NSTextAttachmentCell, NSCell);
 
 public:

@@ -10,7 +10,7 @@ class FieldEditing;
 class NSTextFieldCell;
 
 /// Text in a control: a label, or a field to type in. A new one is a field: bezeled, with a background, editable.
-class NSTextField : public NSControl {
+class PLIX_EXPORT NSTextField : public NSControl {
     PLIX_CLASS(NSTextField, NSControl);
 
 public:

@@ -7,7 +7,7 @@ namespace plix {
 enum class FieldShape;
 
 /// Text on a background, in a border or bezel, or bare as a label.
-class NSTextFieldCell : public NSActionCell {
+class PLIX_EXPORT NSTextFieldCell : public NSActionCell {
     PLIX_CLASS(NSTextFieldCell, NSActionCell);
 
 public:

@@ -44,7 +44,7 @@ enum NSSelectionGranularity : int { NSSelectByCharacter = 0, NSSelectByWord = 1,
 /// Text that a person edits with keyboard, mouse and input methods. Flipped. As a field editor it is what stands in a window's
 /// fields while they are edited; else it is a view of its own, mostly in a scroll view. Only what has changed is laid out and
 /// drawn.
-class NSTextView : public NSText, public NSMenuValidation {
+class PLIX_EXPORT NSTextView : public NSText, public NSMenuValidation {
     PLIX_CLASS(NSTextView, NSText);
 
 public:

@@ -27,7 +27,7 @@ using NSToolTipTag = long;
 /// A rectangle of a window that draws and takes events. The frame is in the superview's coordinates, the bounds in the view's own;
 /// y grows upwards unless isFlipped() says otherwise. A superview holds its subviews; views and windows may go away in any
 /// callback.
-class NSView : public NSResponder {
+class PLIX_EXPORT NSView : public NSResponder {
     PLIX_CLASS(NSView, NSResponder);
 
 public:

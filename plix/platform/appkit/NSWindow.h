@@ -57,7 +57,7 @@ enum NSWindowButton : int {
 /// A window on the screen. Its frame is in screen coordinates, y upwards, and includes what the window system puts around the
 /// content; base coordinates begin at the frame's lower left corner. The application keeps a window while it is on screen;
 /// otherwise whoever made it does. The host's window is made when the window first comes on screen.
-class NSWindow : public NSResponder {
+class PLIX_EXPORT NSWindow : public NSResponder {
     PLIX_CLASS(NSWindow, NSResponder);
 
 public:

@@ -9,7 +9,7 @@ namespace plix {
 
 /// Looks after one window of a document, or of none. Stands behind its window in the responder chain. Holds the window; the
 /// document holds it.
-class NSWindowController : public NSResponder {
+class PLIX_EXPORT NSWindowController : public NSResponder {
     PLIX_CLASS(NSWindowController, NSResponder);
 
 public:

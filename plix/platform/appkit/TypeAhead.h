@@ -1,6 +1,7 @@
 #pragma once
 
 #include <plix/platform/base/FunctionRef.h>
+#include <plix/platform/base/export.h>
 
 #include <string>
 #include <string_view>
@@ -9,7 +10,7 @@ namespace plix {
 
 /// Letters typed to find something in a list. Those that follow each other within a second look for one word; the same letter again
 /// and again goes from one match to the next.
-class TypeAhead {
+class PLIX_EXPORT TypeAhead {
 public:
     /// `uptime` is when, in seconds that only grow.
     void add(std::string_view text, double uptime);

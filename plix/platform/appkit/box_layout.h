@@ -29,9 +29,9 @@ struct BoxLayout {
     Rect title;
     Rect content;
 };
-BoxLayout boxLayout(Rect bounds, BoxShape const&);
+PLIX_EXPORT BoxLayout boxLayout(Rect bounds, BoxShape const&);
 
 /// The size of a box around a content of that size.
-Size boxSizeAround(Size content, BoxShape const&);
+PLIX_EXPORT Size boxSizeAround(Size content, BoxShape const&);
 
 }

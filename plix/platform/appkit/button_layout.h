@@ -26,15 +26,15 @@ struct ButtonContentPlan {
 
 /// Where title and image stand in an area of a flipped view: together in its middle, or at the side that the title is aligned to;
 /// on whole points. The title is cut where there is no room for it, an image is scaled down in proportion.
-ButtonContentPlan buttonContentPlan(ButtonContent const&, Rect area);
+PLIX_EXPORT ButtonContentPlan buttonContentPlan(ButtonContent const&, Rect area);
 /// What they take together.
-Size buttonContentSize(ButtonContent const&);
+PLIX_EXPORT Size buttonContentSize(ButtonContent const&);
 
 /// From the frame to the content, for each bezel style and size.
-CellInsets buttonInsets(ButtonFace, NSBezelStyle, NSControlSize);
+PLIX_EXPORT CellInsets buttonInsets(ButtonFace, NSBezelStyle, NSControlSize);
 /// The side of a check box or radio button.
-float indicatorSide(NSControlSize);
+PLIX_EXPORT float indicatorSide(NSControlSize);
 /// Its place: at the frame's left end, on the middle of its height.
-Rect indicatorRect(Rect frame, NSControlSize);
+PLIX_EXPORT Rect indicatorRect(Rect frame, NSControlSize);
 
 }

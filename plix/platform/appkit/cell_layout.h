@@ -18,17 +18,17 @@ struct CellInsets {
 
 /// What border or bezel take: a border 1 point, a bezel also the distance to its text, which depends on the control size, so that a
 /// field with the system font of that size is 22, 19 or 16 points high.
-CellInsets cellFrameInsets(CellFrameStyle, NSControlSize);
+PLIX_EXPORT CellInsets cellFrameInsets(CellFrameStyle, NSControlSize);
 
 /// The rectangle inside the insets; a side never becomes negative.
-Rect insetRect(Rect, CellInsets);
+PLIX_EXPORT Rect insetRect(Rect, CellInsets);
 /// The size around a content of this size.
-Size outsetSize(Size content, CellInsets);
+PLIX_EXPORT Size outsetSize(Size content, CellInsets);
 
 /// Text keeps this distance to both ends of its cell.
 inline constexpr float cellTextPadding = 2;
 
 /// An image of this size in the middle of an area, on whole points; scaled down in proportion where it is larger.
-Rect centredImageRect(Rect area, Size imageSize);
+PLIX_EXPORT Rect centredImageRect(Rect area, Size imageSize);
 
 }

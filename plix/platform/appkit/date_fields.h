@@ -29,17 +29,17 @@ struct DateField {
 
 /// The parts of a short date and a time in the order in which the formats (see formatDate()) have them, without those that are not
 /// shown; literals beside what is left out go with it.
-std::vector<DateField> dateFields(std::string_view dateFormat, std::string_view timeFormat, DateFieldChoice const&);
+PLIX_EXPORT std::vector<DateField> dateFields(std::string_view dateFormat, std::string_view timeFormat, DateFieldChoice const&);
 
 struct DateHalves {
     std::string morning { "AM" };
     std::string afternoon { "PM" };
 };
-std::string textOfDateField(DateField const&, CalendarFields const&, DateHalves const&);
+PLIX_EXPORT std::string textOfDateField(DateField const&, CalendarFields const&, DateHalves const&);
 
 /// One more or less in one field: it goes around at its ends and leaves the others as they are, but for a day that the month lacks,
 /// which becomes the month's last. Years stay within 1 to 9999.
-CalendarFields dateByStepping(CalendarFields, DateFieldKind, int step);
+PLIX_EXPORT CalendarFields dateByStepping(CalendarFields, DateFieldKind, int step);
 
 /// Digits typed into one field.
 struct TypedDigits {
@@ -48,7 +48,7 @@ struct TypedDigits {
 };
 
 /// What a person has typed into the fields of a date, until it is taken over for good.
-struct DateTyping {
+struct PLIX_EXPORT DateTyping {
     /// Of the field with the caret.
     TypedDigits digits;
     /// The day that was typed, 0 for none. While month and year change it counts again: in a month that lacks it, its last stands
@@ -72,13 +72,13 @@ struct TypedDate {
 };
 /// After one more digit. A value that the field can't have is taken as the nearest that it can; a 0 counts with what follows it. A
 /// year changes the date when all its digits are there.
-TypedDate dateByTyping(CalendarFields const&, DateFieldKind, DateTyping const&, int digit);
+PLIX_EXPORT TypedDate dateByTyping(CalendarFields const&, DateFieldKind, DateTyping const&, int digit);
 /// With what was typed of a year so far: two digits are one of the century that the date is in.
-CalendarFields dateByEndingYear(CalendarFields, DateTyping const&);
+PLIX_EXPORT CalendarFields dateByEndingYear(CalendarFields, DateTyping const&);
 /// Without the digit typed last, or where none was typed, without all of them: then the field is emptied.
-DateTyping typingByDeleting(DateTyping, DateFieldKind);
+PLIX_EXPORT DateTyping typingByDeleting(DateTyping, DateFieldKind);
 
 /// The field's value, as a person reads it: hours of halves 1 to 12.
-int valueOfDateField(DateFieldKind, CalendarFields const&);
+PLIX_EXPORT int valueOfDateField(DateFieldKind, CalendarFields const&);
 
 }

@@ -28,9 +28,9 @@ enum NSImageFrameStyle : int {
 
 /// Where an image of that size goes in an area, on whole points; y grows downwards. In proportion it is made smaller, never larger;
 /// to fit it fills the area; else it keeps its size, and may reach over the area's edges.
-Rect alignedImageRect(Rect area, Size image, NSImageScaling, NSImageAlignment);
+PLIX_EXPORT Rect alignedImageRect(Rect area, Size image, NSImageScaling, NSImageAlignment);
 
 /// How far an image lies inside its frame, on each side.
-float imageFrameThickness(NSImageFrameStyle);
+PLIX_EXPORT float imageFrameThickness(NSImageFrameStyle);
 
 }

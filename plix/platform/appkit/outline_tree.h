@@ -22,7 +22,7 @@ struct OutlineSource {
 /// when their row is reached, not before; their number when their parent is expanded. An item that the source gives more than once
 /// counts where it was met first. The source may change the tree, or reload it, in whatever it is asked: what was under way then
 /// finds nothing.
-class OutlineTree {
+class PLIX_EXPORT OutlineTree {
 public:
     OutlineTree();
     ~OutlineTree();

@@ -10,7 +10,7 @@ namespace plix {
 ///
 /// Views count in 32-bit floats, which cannot tell a point from the next beyond some millions. So a view shows a stretch of the
 /// rows only, from `firstRow` on; y = 0 is its top. All that has few enough rows is one stretch. Places in the whole are doubles.
-struct RowLayout {
+struct PLIX_EXPORT RowLayout {
     long numberOfRows { 0 };
     float rowHeight { 16 };
     float spacing { 2 };
@@ -47,6 +47,6 @@ struct RowDropPlace {
 };
 
 /// The middle half of a row is the row itself, the quarters at its ends are the gaps; below all rows is below the last.
-RowDropPlace dropPlaceAt(float y, RowLayout const&);
+PLIX_EXPORT RowDropPlace dropPlaceAt(float y, RowLayout const&);
 
 }

@@ -29,13 +29,13 @@ enum class SelectionChange {
 
 /// After a click, or a move of the keyboard, onto a row. Without multiple selection every change replaces, but toggling the one
 /// selected row empties where that is allowed.
-RowSelection selectionAfterChange(RowSelection const&, long row, SelectionChange, RowSelectionRules);
+PLIX_EXPORT RowSelection selectionAfterChange(RowSelection const&, long row, SelectionChange, RowSelectionRules);
 
 /// Where the keyboard goes from here: `distance` rows on, kept within the rows; with nothing selected to the first row (down) or
 /// the last (up). Nothing in a table without rows.
-std::optional<long> rowAfterMove(RowSelection const&, long distance, long numberOfRows);
+PLIX_EXPORT std::optional<long> rowAfterMove(RowSelection const&, long distance, long numberOfRows);
 
 /// The selection without rows that are there no more.
-RowSelection selectionWithinRows(RowSelection, long numberOfRows);
+PLIX_EXPORT RowSelection selectionWithinRows(RowSelection, long numberOfRows);
 
 }

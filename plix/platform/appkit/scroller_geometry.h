@@ -42,7 +42,7 @@ struct ScrollerState {
 };
 
 /// Where the parts of a scroller lie, in its bounds, whose y grows downwards. Parts that there is no room for are zero rectangles.
-struct ScrollerPlan {
+struct PLIX_EXPORT ScrollerPlan {
     NSUsableScrollerParts usableParts { NSNoScrollerParts };
     ScrollerAxis axis { ScrollerAxis::vertical };
     Rect knobSlot;
@@ -58,11 +58,11 @@ struct ScrollerPlan {
 };
 
 /// The longer side is the axis. A value or proportion outside 0..1, or not a number, is taken into that range first.
-ScrollerPlan scrollerPlan(Rect bounds, ScrollerMetrics const&, ScrollerState const&);
+PLIX_EXPORT ScrollerPlan scrollerPlan(Rect bounds, ScrollerMetrics const&, ScrollerState const&);
 
 /// The value that brings the knob's start to this distance from the slot's start, from 0 to 1; 0 where the knob cannot move.
-float scrollerValueForKnobStart(ScrollerPlan const&, ScrollerMetrics const&, float start);
+PLIX_EXPORT float scrollerValueForKnobStart(ScrollerPlan const&, ScrollerMetrics const&, float start);
 /// How far the knob's start is from the slot's start.
-float knobStart(ScrollerPlan const&);
+PLIX_EXPORT float knobStart(ScrollerPlan const&);
 
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <plix/platform/base/export.h>
+
 #include <cstddef>
 #include <vector>
 
@@ -17,10 +19,10 @@ struct SplitPane {
 
 /// The panes in whole points, so that they fill a view of that length with a divider between each two: each keeps its share. Panes
 /// that had no length at all share alike. Without room all are 0.
-std::vector<SplitPane> splitPanesFilling(std::vector<SplitPane> panes, float viewLength, float dividerThickness);
+PLIX_EXPORT std::vector<SplitPane> splitPanesFilling(std::vector<SplitPane> panes, float viewLength, float dividerThickness);
 
 /// Where each pane begins.
-std::vector<float> splitPaneStarts(std::vector<SplitPane> const& panes, float dividerThickness);
+PLIX_EXPORT std::vector<float> splitPaneStarts(std::vector<SplitPane> const& panes, float dividerThickness);
 
 /// Between which positions a divider can be, as the start of its rectangle.
 struct SplitRange {
@@ -29,7 +31,7 @@ struct SplitRange {
     friend bool operator==(SplitRange const&, SplitRange const&) = default;
 };
 /// As far as its two neighbours reach: no other pane changes.
-SplitRange splitRange(std::vector<SplitPane> const& panes, std::size_t divider, float dividerThickness);
+PLIX_EXPORT SplitRange splitRange(std::vector<SplitPane> const& panes, std::size_t divider, float dividerThickness);
 
 /// What the host allows a divider.
 struct SplitLimits {
@@ -39,7 +41,7 @@ struct SplitLimits {
 };
 /// The panes with a divider at a position, to whole points and within what is allowed. A neighbour that may collapse does so where
 /// less than half of its least length would be left, and comes back above that.
-std::vector<SplitPane> splitPanesDragged(
+PLIX_EXPORT std::vector<SplitPane> splitPanesDragged(
     std::vector<SplitPane> panes, std::size_t divider, float position, float dividerThickness, SplitLimits const&);
 
 }

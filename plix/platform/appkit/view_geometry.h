@@ -33,16 +33,16 @@ struct SpanFlexibility {
 /// Where a subview lies on one axis after its superview's bounds grew from the old length to the new one. The change is shared
 /// evenly among the parts that give way; where none does, the far margin takes it all. The length never becomes negative: what it
 /// cannot give the margins give.
-Span resizedSpan(Span, float oldSuperLength, float newSuperLength, SpanFlexibility);
+PLIX_EXPORT Span resizedSpan(Span, float oldSuperLength, float newSuperLength, SpanFlexibility);
 
 /// Both axes, by an autoresizing mask; in an unflipped superview the minimum y margin is the lower one, in a flipped one the upper
 /// one.
-Rect resizedFrame(Rect frame, Size oldSuperSize, Size newSuperSize, unsigned autoresizingMask);
+PLIX_EXPORT Rect resizedFrame(Rect frame, Size oldSuperSize, Size newSuperSize, unsigned autoresizingMask);
 
 /// The frame that encloses the subviews' frames, which are in the bounds' coordinates, for a view with this frame and bounds
 /// origin: of their union's size, moved by how far the union's origin is from that of the bounds. Empty frames count too.
 /// `count` must be at least 1.
-Rect frameEnclosing(Rect const* subviewFrames, long count, Rect frame, Point boundsOrigin);
+PLIX_EXPORT Rect frameEnclosing(Rect const* subviewFrames, long count, Rect frame, Point boundsOrigin);
 
 struct ViewPlacement {
     Rect frame;
@@ -53,6 +53,6 @@ struct ViewPlacement {
 };
 
 /// From a view's bounds coordinates to its superview's.
-AffineTransform transformToSuperview(ViewPlacement const&);
+PLIX_EXPORT AffineTransform transformToSuperview(ViewPlacement const&);
 
 }

@@ -18,7 +18,7 @@ template <typename T> class ClassDescription;
 /// What is known of a class at run time: its name and superclass, how to make one, its outlets and actions by name, the
 /// bundle that holds its resources. Interface files, archives, key bindings, copying and class look-up use it.
 /// Descriptors live for the whole process.
-class Class {
+class PLIX_EXPORT Class {
 public:
     using Action = std::function<void(NSObject& receiver, NSObject* sender)>;
     /// Connects an object to an outlet; false where the object is of a class that the outlet does not take.
@@ -74,8 +74,8 @@ private:
 };
 
 /// The described class of that name, or null.
-Class const* NSClassFromString(std::string_view name);
-std::string const& NSStringFromClass(Class const&);
+PLIX_EXPORT Class const* NSClassFromString(std::string_view name);
+PLIX_EXPORT std::string const& NSStringFromClass(Class const&);
 
 /// Handed to a class's describe(): says what interface files, key bindings and delegates may find in it.
 template <typename T> class ClassDescription {

@@ -13,7 +13,7 @@ namespace plix {
 
 /// A delegate or data source, packed with what fills each set of hooks from it. A set is a struct of Hook members with
 /// `template<typename Host> void fillFrom(Host& host)`, which names each of them in a PLIX_FILL_HOOK. Holds the object weakly.
-class HookSource {
+class PLIX_EXPORT HookSource {
 public:
     HookSource() = default;
 

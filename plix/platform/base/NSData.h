@@ -9,7 +9,7 @@
 namespace plix {
 
 /// Bytes that never change; shared freely.
-class NSData : public NSObject {
+class PLIX_EXPORT NSData : public NSObject {
     PLIX_CLASS(NSData, NSObject);
 
 public:

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <plix/platform/base/export.h>
+
 #include <compare>
 
 namespace plix {
@@ -10,7 +12,7 @@ using NSTimeInterval = double;
 inline constexpr NSTimeInterval NSTimeIntervalSince1970 = 978307200.0;
 
 /// A moment, in seconds since 1 January 2001 00:00 UTC.
-struct NSDate {
+struct PLIX_EXPORT NSDate {
     NSTimeInterval timeIntervalSinceReferenceDate { 0 };
 
     /// Now, by the installed clock.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <plix/platform/base/NSRange.h>
+#include <plix/platform/base/export.h>
 
 #include <initializer_list>
 #include <vector>
@@ -8,7 +9,7 @@
 namespace plix {
 
 /// A set of non-negative indexes, held as ranges: the cost follows the number of runs, not of indexes.
-class NSIndexSet {
+class PLIX_EXPORT NSIndexSet {
 public:
     NSIndexSet() = default;
     NSIndexSet(std::initializer_list<long> indexes);

@@ -1,15 +1,17 @@
 #pragma once
 
+#include <plix/platform/base/export.h>
+
 #include <functional>
 #include <string_view>
 
 namespace plix {
 
 /// Writes one line to standard error, or to the sink that is installed.
-void NSLog(std::string_view line);
+PLIX_EXPORT void NSLog(std::string_view line);
 
 using LogSink = std::function<void(std::string_view line)>;
 /// Installs a sink and answers the one before; an empty one writes to standard error.
-LogSink installLogSink(LogSink);
+PLIX_EXPORT LogSink installLogSink(LogSink);
 
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <plix/platform/base/Ref.h>
+#include <plix/platform/base/export.h>
 
 #include <concepts>
 #include <cstddef>
@@ -28,7 +29,7 @@ struct WeakLink {
 /// The root of everything that has identity. Reference counted, main thread only; made by make<T>(), held by Ref<T>.
 /// Debug builds assert the thread, that an object is adopted before it is referenced, and that no reference is taken
 /// while it is destroyed.
-class NSObject {
+class PLIX_EXPORT NSObject {
 public:
     NSObject(NSObject const&) = delete;
     NSObject& operator=(NSObject const&) = delete;
@@ -113,6 +114,6 @@ template <typename T> Ref<T> copyOf(T const& object)
 }
 
 /// Where two objects may be nil: both nil, the same object, or equal by isEqual().
-bool isEqual(NSObject const* a, NSObject const* b);
+PLIX_EXPORT bool isEqual(NSObject const* a, NSObject const* b);
 
 }

@@ -15,7 +15,7 @@ namespace plix {
 
 /// "Any object" of the platform: nil, a truth value, an integer, a floating number, a string, a date, an array, a dictionary, or
 /// an object with identity (data, attributed strings, images and the rest). A value: copies are independent of each other.
-class ObjectValue {
+class PLIX_EXPORT ObjectValue {
 public:
     using Array = std::vector<ObjectValue>;
     using Dictionary = std::map<std::string, ObjectValue>;
@@ -130,8 +130,8 @@ private:
 
 /// The number a string begins with after blanks, as the platform's doubleValue reads it: sign, digits, point, exponent; 0 where
 /// there is none. Independent of the locale.
-double doubleValue(std::string_view text);
+PLIX_EXPORT double doubleValue(std::string_view text);
 /// Likewise for whole numbers, stopping at the first that is no digit; the nearest 32-bit value where it is out of range.
-int intValue(std::string_view text);
+PLIX_EXPORT int intValue(std::string_view text);
 
 }

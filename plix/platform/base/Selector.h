@@ -1,5 +1,7 @@
 #pragma once
 
+#include <plix/platform/base/export.h>
+
 #include <cstddef>
 #include <functional>
 #include <string>
@@ -9,7 +11,7 @@ namespace plix {
 
 /// The name of an operation as a value, written as the platform writes it ("deleteBackward:"). Interned: two selectors
 /// of one name compare equal at the cost of a pointer. A default-made one names nothing.
-class Selector {
+class PLIX_EXPORT Selector {
 public:
     constexpr Selector() = default;
     explicit Selector(std::string_view name);

@@ -7,7 +7,7 @@
 namespace plix {
 
 /// What time it is. The host installs one; tests install one that they move.
-class Clock {
+class PLIX_EXPORT Clock {
 public:
     virtual ~Clock() = default;
     /// The wall clock, which may be set back.
@@ -17,8 +17,8 @@ public:
 };
 
 /// The installed clock; the machine's own until one is installed.
-Clock& clock();
+PLIX_EXPORT Clock& clock();
 /// Installs a clock, which must live until another one is installed; null brings the machine's own back.
-void installClock(Clock*);
+PLIX_EXPORT void installClock(Clock*);
 
 }

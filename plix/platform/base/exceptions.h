@@ -1,16 +1,18 @@
 #pragma once
 
+#include <plix/platform/base/export.h>
+
 #include <stdexcept>
 #include <string>
 
 namespace plix {
 
 /// Raised by the platform's classes for an access outside their bounds.
-class NSRangeException : public std::out_of_range {
+class PLIX_EXPORT NSRangeException : public std::out_of_range {
 public:
     using std::out_of_range::out_of_range;
 };
 
-[[noreturn]] void raiseRangeException(char const* operation, long index, long count);
+[[noreturn]] PLIX_EXPORT void raiseRangeException(char const* operation, long index, long count);
 
 }

@@ -24,7 +24,7 @@ enum class CFXMLNodeTypeCode {
     Whitespace = 12,
 };
 
-struct CFXMLNode {
+struct PLIX_EXPORT CFXMLNode {
     using Attributes = std::vector<std::pair<std::string, std::string>>;
 
     CFXMLNodeTypeCode typeCode { CFXMLNodeTypeCode::Document };
@@ -50,7 +50,7 @@ struct XMLLimits {
 enum class XMLWhitespace { Kept, Skipped };
 
 /// A node of a document and what is in it. Each tree holds its children; the parent is held by nobody below it.
-class CFXMLTree : public NSObject {
+class PLIX_EXPORT CFXMLTree : public NSObject {
     PLIX_CLASS(CFXMLTree, NSObject);
 
 public:
@@ -89,6 +89,6 @@ private:
 };
 
 /// The text as XML writes it between tags and in attributes. Characters that XML cannot say become U+FFFD.
-std::string xmlEscaped(std::string_view text);
+PLIX_EXPORT std::string xmlEscaped(std::string_view text);
 
 }

@@ -16,12 +16,12 @@ namespace plix {
 /// nil, 1 false, 2 true, 3 integer (i64), 4 double (f64), 5 string, 6 date (f64, seconds since 2001), 7 bytes, 8 array (u32 count,
 /// values), 9 dictionary (u32 count, strings and values), 10 object (u32 index). A string is its length in bytes (u32) and those
 /// bytes.
-struct NSArchiver {
+struct PLIX_EXPORT NSArchiver {
     /// An object whose class is not described, or has no init(NSCoder&), is written as nil.
     static Ref<NSData> archivedDataWithRootObject(ObjectValue const& root);
 };
 
-struct NSUnarchiver {
+struct PLIX_EXPORT NSUnarchiver {
     /// Nothing, after one logged line, where the bytes are damaged, beyond the bounds or name an unknown class. At most 64 MiB of
     /// bytes, 1,000,000 objects, arrays and dictionaries nested 64 deep, objects that read each other 512 deep.
     static std::optional<ObjectValue> unarchiveObjectWithData(NSData const&);

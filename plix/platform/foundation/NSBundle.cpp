@@ -15,6 +15,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <dlfcn.h>
 
 namespace plix {
 
@@ -59,16 +60,30 @@ std::vector<std::string> mainFolders()
     return folders;
 }
 
+/// The folder of the file that this code is in: the shared library, or the program.
+std::string folderOfLibrary()
+{
+    Dl_info info {};
+    auto const* const here = reinterpret_cast<void const*>(&folderOfLibrary);
+    // Of the program it tells what it was started as, which need not be a path.
+    if (dladdr(here, &info) == 0 || !info.dli_fname || !isAbsolutePath(info.dli_fname))
+        return folderOfProgram();
+    return stringByDeletingLastPathComponent(stringByResolvingSymlinksInPath(info.dli_fname));
+}
+
 std::vector<std::string> libraryFolders()
 {
     std::vector<std::string> folders;
     if (auto const* set = std::getenv("PLIX_RESOURCES"))
         folders.emplace_back(set);
+    folders.push_back(stringByStandardizingPath(stringByAppendingPathComponent(folderOfLibrary(), PLIX_INSTALLED_RESOURCES)));
     folders.push_back(stringByStandardizingPath(stringByAppendingPathComponent(folderOfProgram(), "../share/plix")));
     auto const shared = inSharedData("plix");
     folders.insert(folders.end(), shared.begin(), shared.end());
+#ifdef PLIX_SOURCE_RESOURCES
     // A program that was built and not installed.
     folders.emplace_back(PLIX_SOURCE_RESOURCES);
+#endif
     return folders;
 }
 

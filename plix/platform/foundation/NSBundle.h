@@ -15,7 +15,7 @@ struct PluginModule;
 
 /// A folder of resources: images, interface files, localised strings. Those in a folder for a language that the user reads
 /// (`de.lproj`, `pt_BR.lproj`) come before those for all; then those of `Base.lproj` and `en.lproj`.
-class NSBundle : public NSObject {
+class PLIX_EXPORT NSBundle : public NSObject {
     PLIX_CLASS(NSBundle, NSObject);
 
 public:
@@ -93,6 +93,6 @@ private:
 };
 
 /// The application's words for a key; the key itself where it has none.
-std::string NSLocalizedString(std::string const& key);
+PLIX_EXPORT std::string NSLocalizedString(std::string const& key);
 
 }

@@ -13,7 +13,7 @@ namespace plix {
 struct DateNames;
 
 /// A moment with the zone it is read in and a format to write it in. Equal and ordered by the moment alone.
-class NSCalendarDate : public NSDate {
+class PLIX_EXPORT NSCalendarDate : public NSDate {
 public:
     /// The reference date in UTC.
     NSCalendarDate() = default;

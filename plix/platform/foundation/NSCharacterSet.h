@@ -1,5 +1,7 @@
 #pragma once
 
+#include <plix/platform/base/export.h>
+
 #include <memory>
 #include <string>
 #include <string_view>
@@ -9,7 +11,7 @@
 namespace plix {
 
 /// A set of characters, by their Unicode scalar values. A value; copies share what they hold.
-class NSCharacterSet {
+class PLIX_EXPORT NSCharacterSet {
 public:
     using Range = std::pair<char32_t, char32_t>;
 
@@ -58,9 +60,9 @@ private:
 
 /// The byte at which the first character that is in the set (or is not) begins, from `byte` on; the text's size where there is
 /// none.
-std::size_t findCharacterInSet(std::string_view text, NSCharacterSet const&, std::size_t byte = 0);
-std::size_t findCharacterNotInSet(std::string_view text, NSCharacterSet const&, std::size_t byte = 0);
+PLIX_EXPORT std::size_t findCharacterInSet(std::string_view text, NSCharacterSet const&, std::size_t byte = 0);
+PLIX_EXPORT std::size_t findCharacterNotInSet(std::string_view text, NSCharacterSet const&, std::size_t byte = 0);
 /// The text without the set's characters at both ends.
-std::string stringByTrimmingCharactersInSet(std::string_view text, NSCharacterSet const&);
+PLIX_EXPORT std::string stringByTrimmingCharactersInSet(std::string_view text, NSCharacterSet const&);
 
 }

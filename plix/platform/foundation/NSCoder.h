@@ -11,7 +11,7 @@ namespace plix {
 /// Through which objects write and read themselves. An object's values stand in a sequence (without key) or under keys; both are
 /// its own, so what its init(NSCoder&) leaves unread disturbs nobody else. Reading beyond the end of the sequence, under a missing
 /// key or a value of another kind gives nil, 0, false or "".
-class NSCoder {
+class PLIX_EXPORT NSCoder {
 public:
     NSCoder() = default;
     NSCoder(NSCoder const&) = delete;

@@ -8,7 +8,7 @@ namespace plix {
 
 /// Dates as text by a format, in the local zone and the user's language (see formatDate() and parseDate()); with natural language
 /// allowed it also takes dates as people write them (see parseNaturalDate()).
-class NSDateFormatter : public NSFormatter {
+class PLIX_EXPORT NSDateFormatter : public NSFormatter {
     PLIX_CLASS(NSDateFormatter, NSFormatter);
 
 public:

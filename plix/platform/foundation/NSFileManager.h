@@ -41,7 +41,7 @@ struct NSFileCopyHandler {
 
 /// Files and folders. Paths and names are bytes: names that are no UTF-8 pass through unharmed. Operations that fail answer
 /// false or nil, leave nothing half-made behind where they made something, and lastError() says why.
-class NSFileManager : public NSObject {
+class PLIX_EXPORT NSFileManager : public NSObject {
     PLIX_CLASS(NSFileManager, NSObject);
 
 public:

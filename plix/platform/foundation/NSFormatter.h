@@ -11,7 +11,7 @@ namespace plix {
 
 /// Turns values into text for cells, and text back into values. Abstract by meaning: this class itself formats nothing and takes
 /// no text.
-class NSFormatter : public NSObject {
+class PLIX_EXPORT NSFormatter : public NSObject {
     PLIX_CLASS(NSFormatter, NSObject);
 
 public:

@@ -18,7 +18,7 @@ namespace plix {
 ///
 /// A registration is for one name or, without one, for all; and for what is about one object or, with nil, about anything.
 /// One for an object goes with that object.
-class NSNotificationCenter : public NSObject {
+class PLIX_EXPORT NSNotificationCenter : public NSObject {
     PLIX_CLASS(NSNotificationCenter, NSObject);
 
 public:

@@ -10,7 +10,7 @@
 namespace plix {
 
 /// This process, through the ProcessIdentity door.
-class NSProcessInfo : public NSObject {
+class PLIX_EXPORT NSProcessInfo : public NSObject {
     PLIX_CLASS(NSProcessInfo, NSObject);
 
 public:

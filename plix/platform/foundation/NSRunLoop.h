@@ -25,7 +25,7 @@ inline constexpr std::string_view NSRunLoopCommonModes = "kCFRunLoopCommonModes"
 /// The main thread's loop: timers, file descriptors, calls from other threads and the host's events in one wait, through the
 /// installed EventSource. Runs in one mode at a time and may be run inside its own callbacks. Sleeps without a deadline when it has
 /// none; nothing wakes it then but its sources.
-class NSRunLoop {
+class PLIX_EXPORT NSRunLoop {
 public:
     /// What one turn did; where both happened, Sources.
     enum class Activity { None, Timers, Sources };

@@ -11,7 +11,7 @@ namespace plix {
 
 /// Reads numbers and words off a string, from the front. Each operation first passes over the characters to be skipped; where it
 /// then finds nothing it answers false, and location and out parameter stay as they were. Locations count UTF-16 units.
-class NSScanner : public NSObject {
+class PLIX_EXPORT NSScanner : public NSObject {
     PLIX_CLASS(NSScanner, NSObject);
 
 public:

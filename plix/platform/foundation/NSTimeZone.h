@@ -12,7 +12,7 @@ struct CalendarFields;
 struct ZoneData;
 
 /// A time zone with its history, from the system's zone data. A value; copies share what they hold.
-class NSTimeZone {
+class PLIX_EXPORT NSTimeZone {
 public:
     /// UTC.
     NSTimeZone();

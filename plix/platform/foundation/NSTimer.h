@@ -18,7 +18,7 @@ class NSRunLoop;
 ///
 /// A repeating timer keeps its phase: what was missed is made up for by one call, then the next time of the original rhythm
 /// follows. It does not fire while it is firing. An interval of 0 or less repeats as 0.1 ms.
-class NSTimer : public NSObject {
+class PLIX_EXPORT NSTimer : public NSObject {
     PLIX_CLASS(NSTimer, NSObject);
 
 public:

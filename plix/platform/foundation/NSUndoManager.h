@@ -13,7 +13,7 @@ namespace plix {
 /// Records how to take changes back, in groups that are undone whole. While a group is undone, what is registered becomes the way
 /// to redo it. Targets are not kept alive: actions of a target that is gone are passed over, and a group with nothing left to do
 /// counts as none.
-class NSUndoManager : public NSObject {
+class PLIX_EXPORT NSUndoManager : public NSObject {
     PLIX_CLASS(NSUndoManager, NSObject);
 
 public:

@@ -40,7 +40,7 @@ inline constexpr auto NSShortDateFormatString = "NSShortDateFormatString";
 /// The application's settings are `<name>/defaults.plist` in the configuration folder, the global ones `plix/global.plist`. Values
 /// that were set are saved a moment later by the run loop, or by synchronize(); a program without a run loop calls it before it
 /// ends.
-class NSUserDefaults : public NSObject {
+class PLIX_EXPORT NSUserDefaults : public NSObject {
     PLIX_CLASS(NSUserDefaults, NSObject);
 
 public:
@@ -108,6 +108,6 @@ private:
 
 /// The pairs "-key value" of a command line, its first entry left out. A key without a value, or with another key behind it, and
 /// what begins with two dashes, is none; a negative number is a value.
-ObjectValue::Dictionary defaultsFromArguments(std::vector<std::string> const& arguments);
+PLIX_EXPORT ObjectValue::Dictionary defaultsFromArguments(std::vector<std::string> const& arguments);
 
 }

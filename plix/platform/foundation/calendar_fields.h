@@ -30,24 +30,24 @@ struct CalendarInterval {
     int seconds { 0 };
 };
 
-bool isLeapYear(std::int64_t year);
+PLIX_EXPORT bool isLeapYear(std::int64_t year);
 /// Of month 1 to 12.
-int daysInMonth(std::int64_t year, int month);
+PLIX_EXPORT int daysInMonth(std::int64_t year, int month);
 /// Days since 1 January 2001. Months and days outside their range count on.
-std::int64_t dayNumber(std::int64_t year, std::int64_t month, std::int64_t day);
+PLIX_EXPORT std::int64_t dayNumber(std::int64_t year, std::int64_t month, std::int64_t day);
 
 /// 0 for Sunday to 6 for Saturday.
-int dayOfWeek(CalendarFields const&);
+PLIX_EXPORT int dayOfWeek(CalendarFields const&);
 /// 1 for 1 January.
-int dayOfYear(CalendarFields const&);
+PLIX_EXPORT int dayOfYear(CalendarFields const&);
 
 /// Seconds from 1 January 2001 00:00 on the same clock. Fields outside their range count on: 24 o'clock is the next day's 0.
-NSTimeInterval clockSeconds(CalendarFields const&);
+PLIX_EXPORT NSTimeInterval clockSeconds(CalendarFields const&);
 /// The other way. Beyond the years of about +-30 million the nearest reading; not a number: 1 January 2001.
-CalendarFields fieldsFromClockSeconds(NSTimeInterval);
+PLIX_EXPORT CalendarFields fieldsFromClockSeconds(NSTimeInterval);
 
 /// The reading after years and months, then days, then hours, minutes and seconds on the clock. After the months, a day that the
 /// month lacks becomes its last day.
-CalendarFields fieldsByAdding(CalendarFields const&, CalendarInterval const&);
+PLIX_EXPORT CalendarFields fieldsByAdding(CalendarFields const&, CalendarInterval const&);
 
 }

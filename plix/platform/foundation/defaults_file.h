@@ -9,7 +9,7 @@ namespace plix {
 
 /// A persistent domain of the user's defaults: an XML property list that several processes read and write. What one process changes
 /// is kept apart until it is saved, and saved into what the file holds by then, so that nobody undoes another's changes.
-class DefaultsFile {
+class PLIX_EXPORT DefaultsFile {
 public:
     DefaultsFile() = default;
     explicit DefaultsFile(std::string path)

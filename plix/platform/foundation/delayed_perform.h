@@ -33,8 +33,9 @@ struct PerformKey {
     friend bool operator==(PerformKey const&, PerformKey const&) = default;
 };
 
-void performAfterDelay(NSObject& target, PerformKey const&, std::function<void()> call, NSTimeInterval delay, RunLoopModes const&);
-void cancelPerforms(NSObject const& target, std::optional<PerformKey> const&);
+PLIX_EXPORT void performAfterDelay(
+    NSObject& target, PerformKey const&, std::function<void()> call, NSTimeInterval delay, RunLoopModes const&);
+PLIX_EXPORT void cancelPerforms(NSObject const& target, std::optional<PerformKey> const&);
 
 }
 
@@ -48,17 +49,17 @@ void performAfterDelay(
         target, detail::PerformKey::of(operation), [&target, operation] { (target.*operation)(); }, delay, modes);
 }
 /// Likewise by NSObject::perform(); holds the argument too.
-void performSelector(NSObject& target, Selector, Ref<NSObject> const& argument, NSTimeInterval delay,
+PLIX_EXPORT void performSelector(NSObject& target, Selector, Ref<NSObject> const& argument, NSTimeInterval delay,
     RunLoopModes const& modes = { NSDefaultRunLoopMode });
 
 /// Calls off all that is waiting for this target.
-void cancelPreviousPerformRequests(NSObject const& target);
+PLIX_EXPORT void cancelPreviousPerformRequests(NSObject const& target);
 /// Only the calls of this operation.
 template <typename T, typename Result, typename C> void cancelPreviousPerformRequests(T const& target, Result (C::*operation)())
 {
     detail::cancelPerforms(target, detail::PerformKey::of(operation));
 }
 /// Only those with this selector and this same argument.
-void cancelPreviousPerformRequests(NSObject const& target, Selector, NSObject* argument);
+PLIX_EXPORT void cancelPreviousPerformRequests(NSObject const& target, Selector, NSObject* argument);
 
 }

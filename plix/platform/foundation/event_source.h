@@ -11,7 +11,7 @@ namespace plix {
 
 /// How the run loop sleeps: the door to what the machine has to say. The host installs one; without one the run loop polls its file
 /// descriptors alone.
-class EventSource {
+class PLIX_EXPORT EventSource {
 public:
     virtual ~EventSource() = default;
 
@@ -28,8 +28,8 @@ public:
 };
 
 /// The installed source, or null.
-EventSource* eventSource();
+PLIX_EXPORT EventSource* eventSource();
 /// Installs a source, which must live until another one or null is installed.
-void installEventSource(EventSource*);
+PLIX_EXPORT void installEventSource(EventSource*);
 
 }

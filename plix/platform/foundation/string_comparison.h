@@ -1,5 +1,7 @@
 #pragma once
 
+#include <plix/platform/base/export.h>
+
 #include <string_view>
 
 namespace plix {
@@ -14,7 +16,7 @@ inline constexpr unsigned NSLiteralSearch = 2;
 inline constexpr unsigned NSNumericSearch = 64;
 
 /// Compares by UTF-16 units, character by character, independent of the locale; case-insensitively by their case folding.
-NSComparisonResult compare(std::string_view a, std::string_view b, unsigned options = 0);
+PLIX_EXPORT NSComparisonResult compare(std::string_view a, std::string_view b, unsigned options = 0);
 inline NSComparisonResult caseInsensitiveCompare(std::string_view a, std::string_view b)
 {
     return compare(a, b, NSCaseInsensitiveSearch);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <plix/platform/base/export.h>
+
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -9,7 +11,7 @@ namespace plix {
 
 /// Where the process lives: the user's folders, language and time zone. The host may install its own; tests install one that they
 /// set. Folders are absolute paths without a slash at the end.
-class Surroundings {
+class PLIX_EXPORT Surroundings {
 public:
     virtual ~Surroundings() = default;
 
@@ -36,13 +38,13 @@ public:
 };
 
 /// The installed surroundings; those of the process's environment until some are installed.
-Surroundings& surroundings();
+PLIX_EXPORT Surroundings& surroundings();
 /// Installs surroundings, which must live until others are installed; null brings the process's own back.
-void installSurroundings(Surroundings*);
+PLIX_EXPORT void installSurroundings(Surroundings*);
 /// How often surroundings were installed: what was read from them is old when this is another number.
-std::uint64_t surroundingsInstallCount();
+PLIX_EXPORT std::uint64_t surroundingsInstallCount();
 
 /// The locale identifier for a POSIX locale name ("de_AT.UTF-8@euro" gives "de_AT"); "en_US" for "C", "POSIX" and "".
-std::string localeIdentifierFromPOSIXName(std::string name);
+PLIX_EXPORT std::string localeIdentifierFromPOSIXName(std::string name);
 
 }

@@ -8,7 +8,7 @@
 namespace plix {
 
 /// What the components of a shading's colours mean. One RGB space and one grey space lie underneath all names.
-class CGColorSpace : public NSObject {
+class PLIX_EXPORT CGColorSpace : public NSObject {
     PLIX_CLASS(CGColorSpace, NSObject);
 
 public:
@@ -38,10 +38,10 @@ inline constexpr std::string_view kCGColorSpaceGenericGray = "kCGColorSpaceGener
 inline constexpr std::string_view kCGColorSpaceGenericRGB = "kCGColorSpaceGenericRGB";
 
 /// A new space that the caller holds alone; null for an unknown name.
-CGColorSpaceRef CGColorSpaceCreateWithName(std::string_view name);
-CGColorSpaceRef CGColorSpaceCreateDeviceGray();
-CGColorSpaceRef CGColorSpaceCreateDeviceRGB();
+PLIX_EXPORT CGColorSpaceRef CGColorSpaceCreateWithName(std::string_view name);
+PLIX_EXPORT CGColorSpaceRef CGColorSpaceCreateDeviceGray();
+PLIX_EXPORT CGColorSpaceRef CGColorSpaceCreateDeviceRGB();
 /// 0 for null.
-std::size_t CGColorSpaceGetNumberOfComponents(CGColorSpaceRef const&);
+PLIX_EXPORT std::size_t CGColorSpaceGetNumberOfComponents(CGColorSpaceRef const&);
 
 }

@@ -19,7 +19,7 @@ struct CGFunctionCallbacks {
 };
 
 /// A function of some numbers to some numbers that the host evaluates. `info` is the host's and only passed on.
-class CGFunction : public NSObject {
+class PLIX_EXPORT CGFunction : public NSObject {
     PLIX_CLASS(CGFunction, NSObject);
 
 public:
@@ -49,7 +49,7 @@ using CGFunctionRef = Ref<CGFunction>;
 
 /// Domain and range are pairs of a least and a greatest value, one pair a dimension; without a range outputs are not limited. Null
 /// without an evaluate callback, a domain or any output dimension, and for callbacks of another version than 0.
-CGFunctionRef CGFunctionCreate(void* info, std::size_t domainDimension, float const* domain, std::size_t rangeDimension,
+PLIX_EXPORT CGFunctionRef CGFunctionCreate(void* info, std::size_t domainDimension, float const* domain, std::size_t rangeDimension,
     float const* range, CGFunctionCallbacks const* callbacks);
 
 }

@@ -12,7 +12,7 @@ class NSGraphicsContext;
 using CGContextRef = NSGraphicsContext*;
 
 /// Colours along an axis in user space, worked out by a function of one value: 0 at the start, 1 at the end.
-class CGShading : public NSObject {
+class PLIX_EXPORT CGShading : public NSObject {
     PLIX_CLASS(CGShading, NSObject);
 
 public:
@@ -39,12 +39,12 @@ private:
 using CGShadingRef = Ref<CGShading>;
 
 /// Null where a part is missing, or the function has not one input and as many outputs as the space has components and alpha.
-CGShadingRef CGShadingCreateAxial(
+PLIX_EXPORT CGShadingRef CGShadingCreateAxial(
     CGColorSpaceRef const&, Point start, Point end, CGFunctionRef const&, bool extendStart, bool extendEnd);
 
 /// Paints the context's clip, with the context's operation and alpha, without shadow. The function is evaluated
 /// for every row or column of pixels that the axis crosses, or, for a slanting axis, at steps of half a pixel. What lies beyond an
 /// end that is not extended stays as it is; a pixel that an end crosses is covered in part. Nothing for null.
-void CGContextDrawShading(CGContextRef, CGShadingRef const&);
+PLIX_EXPORT void CGContextDrawShading(CGContextRef, CGShadingRef const&);
 
 }

@@ -9,7 +9,7 @@ namespace plix {
 
 /// Drawing goes into an image (or another object with lockFocus and unlockFocus) for the scope that this lives in; then the context
 /// that was current is current again. Keeps the object. Locks nest.
-class FocusLock {
+class PLIX_EXPORT FocusLock {
 public:
     template <typename T>
     requires std::derived_from<T, NSObject>

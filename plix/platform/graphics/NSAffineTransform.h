@@ -10,7 +10,7 @@ using NSAffineTransformStruct = AffineTransform;
 
 /// A transform that is built up step by step. Each of translate, scale, rotate and prependTransform acts on coordinates before what
 /// is there already: after translate then scale, a point is scaled first.
-class NSAffineTransform : public NSObject {
+class PLIX_EXPORT NSAffineTransform : public NSObject {
     PLIX_CLASS(NSAffineTransform, NSObject);
 
 public:

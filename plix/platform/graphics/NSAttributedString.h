@@ -18,7 +18,7 @@ class NSMutableAttributedString;
 /// Text whose characters carry attributes. Positions and lengths count UTF-16 units; a range that cuts a character in two is taken
 /// from the character's start. Bytes that are no UTF-8 become U+FFFD when they come in. Neighbours with equal attributes are one
 /// run. Positions outside raise NSRangeException.
-class NSAttributedString : public NSObject {
+class PLIX_EXPORT NSAttributedString : public NSObject {
     PLIX_CLASS(NSAttributedString, NSObject);
 
 public:
@@ -87,6 +87,6 @@ protected:
 };
 
 /// A new attributed string that is one attachment.
-Ref<NSAttributedString> attributedStringWithAttachment(Ref<NSObject> const& attachment);
+PLIX_EXPORT Ref<NSAttributedString> attributedStringWithAttachment(Ref<NSObject> const& attachment);
 
 }

@@ -14,7 +14,7 @@ enum NSLineJoinStyle : int { NSMiterLineJoinStyle = 0, NSRoundLineJoinStyle = 1,
 
 /// Lines and curves in user space, with how they are stroked and filled. Drawing goes into the current context with its colours;
 /// nothing without one.
-class NSBezierPath : public NSObject {
+class PLIX_EXPORT NSBezierPath : public NSObject {
     PLIX_CLASS(NSBezierPath, NSObject);
 
 public:

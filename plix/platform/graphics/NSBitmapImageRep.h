@@ -20,7 +20,7 @@ enum NSBitmapImageFileType : int {
 };
 
 /// Pixels. Copies share them until one of the copies is written to.
-class NSBitmapImageRep : public NSImageRep {
+class PLIX_EXPORT NSBitmapImageRep : public NSImageRep {
     PLIX_CLASS(NSBitmapImageRep, NSImageRep);
 
 public:

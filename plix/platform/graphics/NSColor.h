@@ -22,7 +22,7 @@ inline constexpr std::string_view NSPatternColorSpace = "NSPatternColorSpace";
 /// A colour that never changes: in one of the white or RGB spaces, named (a system colour, whose components follow the appearance),
 /// or a pattern. Calibrated and device spaces agree, since one RGB space lies underneath; components are clamped to 0..1.
 /// Component accessors convert where the platform would raise; a pattern reads as transparent black.
-class NSColor : public NSObject {
+class PLIX_EXPORT NSColor : public NSObject {
     PLIX_CLASS(NSColor, NSObject);
 
 public:

@@ -15,7 +15,7 @@ class FontFace;
 /// A typeface at a size in points, in the text system's own set of fonts: what the user has configured changes nothing. Fonts never
 /// change and are interned: equal fonts are the same object as long as one of them is held. Metrics are in points, the same at
 /// every backing scale.
-class NSFont final : public NSObject {
+class PLIX_EXPORT NSFont final : public NSObject {
     PLIX_CLASS(NSFont, NSObject);
 
 public:

@@ -22,7 +22,7 @@ inline constexpr NSFontTraitMask NSFixedPitchFontMask = 0x00000400;
 inline constexpr NSFontTraitMask NSUnitalicFontMask = 0x01000000;
 
 /// Finds fonts and turns them into their relatives. A conversion that there is no font for answers the font it was given.
-class NSFontManager : public NSObject {
+class PLIX_EXPORT NSFontManager : public NSObject {
     PLIX_CLASS(NSFontManager, NSObject);
 
 public:

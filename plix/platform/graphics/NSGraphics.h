@@ -14,34 +14,36 @@ namespace plix {
 // pixel.
 
 /// With the fill colour, replacing what is there (operation copy, also of a colour with alpha).
-void NSRectFill(Rect);
-void NSRectFillUsingOperation(Rect, NSCompositingOperation);
-void NSRectFillList(std::span<Rect const>);
-void NSRectFillListUsingOperation(std::span<Rect const>, NSCompositingOperation);
+PLIX_EXPORT void NSRectFill(Rect);
+PLIX_EXPORT void NSRectFillUsingOperation(Rect, NSCompositingOperation);
+PLIX_EXPORT void NSRectFillList(std::span<Rect const>);
+PLIX_EXPORT void NSRectFillListUsingOperation(std::span<Rect const>, NSCompositingOperation);
 /// Each rectangle with the colour at its place, which leaves the state's colours alone. The shorter list counts.
-void NSRectFillListWithColors(std::span<Rect const>, std::span<Ref<NSColor> const>);
-void NSRectFillListWithColorsUsingOperation(std::span<Rect const>, std::span<Ref<NSColor> const>, NSCompositingOperation);
+PLIX_EXPORT void NSRectFillListWithColors(std::span<Rect const>, std::span<Ref<NSColor> const>);
+PLIX_EXPORT void NSRectFillListWithColorsUsingOperation(
+    std::span<Rect const>, std::span<Ref<NSColor> const>, NSCompositingOperation);
 
 /// A frame inside the rectangle, 1 point wide.
-void NSFrameRect(Rect);
-void NSFrameRectWithWidth(Rect, float width);
-void NSFrameRectWithWidthUsingOperation(Rect, float width, NSCompositingOperation);
+PLIX_EXPORT void NSFrameRect(Rect);
+PLIX_EXPORT void NSFrameRectWithWidth(Rect, float width);
+PLIX_EXPORT void NSFrameRectWithWidthUsingOperation(Rect, float width, NSCompositingOperation);
 /// White.
-void NSEraseRect(Rect);
+PLIX_EXPORT void NSEraseRect(Rect);
 /// A grey bezel, button and well as wide as the rectangle; what of it lies in the clip rectangle.
-void NSDrawWhiteBezel(Rect rect, Rect clip);
+PLIX_EXPORT void NSDrawWhiteBezel(Rect rect, Rect clip);
 
 /// For each side in turn cuts a slice of 1 point off the rectangle and fills it with the grey at the same place; answers what is
 /// left inside. Only what meets the clip rectangle is drawn.
-Rect NSDrawTiledRects(Rect bounds, Rect clip, std::span<NSRectEdge const> sides, std::span<float const> grays);
+PLIX_EXPORT Rect NSDrawTiledRects(Rect bounds, Rect clip, std::span<NSRectEdge const> sides, std::span<float const> grays);
 /// Likewise with colours.
-Rect NSDrawColorTiledRects(Rect bounds, Rect clip, std::span<NSRectEdge const> sides, std::span<Ref<NSColor> const> colors);
+PLIX_EXPORT Rect NSDrawColorTiledRects(
+    Rect bounds, Rect clip, std::span<NSRectEdge const> sides, std::span<Ref<NSColor> const> colors);
 
 /// Narrow the current context's clip. Use inside a GraphicsState.
-void NSRectClip(Rect);
-void NSRectClipList(std::span<Rect const>);
+PLIX_EXPORT void NSRectClip(Rect);
+PLIX_EXPORT void NSRectClipList(std::span<Rect const>);
 
 /// The colour of the pixel at a point of the current context's user space; null outside the pixels or without a context.
-Ref<NSColor> NSReadPixel(Point);
+PLIX_EXPORT Ref<NSColor> NSReadPixel(Point);
 
 }

@@ -21,7 +21,7 @@ struct ContextInternals;
 /// points with y upwards from the lower left pixel corner (its base space), until a transform is concatenated. One context is
 /// current. State is changed inside a GraphicsState, which puts everything back: colours, transform, clip, operation and all the
 /// rest.
-class NSGraphicsContext : public NSObject {
+class PLIX_EXPORT NSGraphicsContext : public NSObject {
     PLIX_CLASS(NSGraphicsContext, NSObject);
 
 public:
@@ -109,7 +109,7 @@ private:
 
 /// Saves a context's state for the scope that it lives in, and puts it back. Without argument: the current context's; nothing where
 /// there is none. Debug builds check that the depth is what it was.
-class GraphicsState {
+class PLIX_EXPORT GraphicsState {
 public:
     GraphicsState();
     explicit GraphicsState(NSGraphicsContext&);
@@ -124,7 +124,7 @@ private:
 };
 
 /// Makes a context the current one for the scope that it lives in, with its state saved, and puts the one before back.
-class CurrentContext {
+class PLIX_EXPORT CurrentContext {
 public:
     explicit CurrentContext(Ref<NSGraphicsContext> const&);
     ~CurrentContext();

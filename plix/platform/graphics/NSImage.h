@@ -24,7 +24,7 @@ class FocusLock;
 /// the user space of the context as its rows lie: a picture upright in an unflipped view is upside down in a flipped one, unless it
 /// is marked flipped before its representations are drawn or its content is drawn into it. compositeToPoint stays upright
 /// everywhere.
-class NSImage : public NSObject {
+class PLIX_EXPORT NSImage : public NSObject {
     PLIX_CLASS(NSImage, NSObject);
 
 public:

@@ -21,7 +21,7 @@ struct ImageDrawing {
 };
 
 /// One form of an image: a size in points and something that draws it.
-class NSImageRep : public NSObject {
+class PLIX_EXPORT NSImageRep : public NSObject {
     PLIX_CLASS(NSImageRep, NSObject);
 
 public:

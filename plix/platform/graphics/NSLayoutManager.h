@@ -28,7 +28,7 @@ enum NSTypesetterBehavior : int {
 /// Lays the text of its storage out in its container, when asked and only what has changed. Glyphs are counted as the characters
 /// they come from, in UTF-16 units. Rectangles and points are in the container's coordinates, y downwards. Text is laid out in
 /// the first container only.
-class NSLayoutManager : public NSObject {
+class PLIX_EXPORT NSLayoutManager : public NSObject {
     PLIX_CLASS(NSLayoutManager, NSObject);
 
 public:

@@ -6,7 +6,7 @@ namespace plix {
 
 /// An attributed string that can be edited. Text that comes in without attributes takes those of the character it replaces, else
 /// of the one before it, else of the one behind it.
-class NSMutableAttributedString : public NSAttributedString {
+class PLIX_EXPORT NSMutableAttributedString : public NSAttributedString {
     PLIX_CLASS(NSMutableAttributedString, NSAttributedString);
 
 public:

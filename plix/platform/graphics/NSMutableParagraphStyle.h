@@ -5,7 +5,7 @@
 namespace plix {
 
 /// A paragraph style that can be changed before it is used. What a string already holds must not be changed any more.
-class NSMutableParagraphStyle : public NSParagraphStyle {
+class PLIX_EXPORT NSMutableParagraphStyle : public NSParagraphStyle {
     PLIX_CLASS(NSMutableParagraphStyle, NSParagraphStyle);
 
 public:

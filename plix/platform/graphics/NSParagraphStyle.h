@@ -11,7 +11,7 @@ namespace plix {
 class NSMutableParagraphStyle;
 
 /// How a paragraph is laid out. Never changes; see NSMutableParagraphStyle.
-class NSParagraphStyle : public NSObject {
+class PLIX_EXPORT NSParagraphStyle : public NSObject {
     PLIX_CLASS(NSParagraphStyle, NSObject);
 
 public:

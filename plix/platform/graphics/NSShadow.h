@@ -8,7 +8,7 @@ namespace plix {
 
 /// What is drawn below everything that is painted while it is set on a context. The offset is in points of the context's base
 /// space, y upwards whatever the transform; the radius is where the blur fades out, 0 for a sharp shadow.
-class NSShadow : public NSObject {
+class PLIX_EXPORT NSShadow : public NSObject {
     PLIX_CLASS(NSShadow, NSObject);
 
 public:

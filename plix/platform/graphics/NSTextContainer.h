@@ -9,7 +9,7 @@ namespace plix {
 class NSLayoutManager;
 
 /// The area that text is laid out in. y grows downwards from its upper edge.
-class NSTextContainer : public NSObject {
+class PLIX_EXPORT NSTextContainer : public NSObject {
     PLIX_CLASS(NSTextContainer, NSObject);
 
 public:

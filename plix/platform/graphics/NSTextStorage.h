@@ -10,7 +10,7 @@ namespace plix {
 class NSLayoutManager;
 
 /// Editable text that keeps layout managers informed. It holds them; they do not hold it.
-class NSTextStorage : public NSMutableAttributedString {
+class PLIX_EXPORT NSTextStorage : public NSMutableAttributedString {
     PLIX_CLASS(NSTextStorage, NSMutableAttributedString);
 
 public:

@@ -7,7 +7,7 @@
 namespace plix {
 
 /// x' = m11 x + m21 y + tX, y' = m12 x + m22 y + tY.
-struct AffineTransform {
+struct PLIX_EXPORT AffineTransform {
     double m11 { 1 };
     double m12 { 0 };
     double m21 { 0 };
@@ -38,6 +38,6 @@ struct AffineTransform {
 };
 
 /// First `first`, then `second`.
-AffineTransform concatenated(AffineTransform const& first, AffineTransform const& second);
+PLIX_EXPORT AffineTransform concatenated(AffineTransform const& first, AffineTransform const& second);
 
 }

@@ -1,9 +1,11 @@
 #pragma once
 
+#include <plix/platform/base/export.h>
+
 namespace plix {
 
 /// Red, green, blue, alpha, each 0..1, not premultiplied.
-struct ColorComponents {
+struct PLIX_EXPORT ColorComponents {
     float red { 0 };
     float green { 0 };
     float blue { 0 };
@@ -23,10 +25,10 @@ struct HueComponents {
 };
 
 /// A component brought to 0..1; what is not a number becomes 0.
-float clampedComponent(float);
-ColorComponents colorFromHue(HueComponents const&);
-HueComponents hueOfColor(ColorComponents const&);
+PLIX_EXPORT float clampedComponent(float);
+PLIX_EXPORT ColorComponents colorFromHue(HueComponents const&);
+PLIX_EXPORT HueComponents hueOfColor(ColorComponents const&);
 /// (1 - fraction) of a and fraction of b, alpha included; the fraction is clamped.
-ColorComponents blended(ColorComponents const& a, ColorComponents const& b, float fraction);
+PLIX_EXPORT ColorComponents blended(ColorComponents const& a, ColorComponents const& b, float fraction);
 
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <plix/platform/base/export.h>
+
 #include <string>
 #include <string_view>
 
@@ -18,7 +20,7 @@ struct Size {
     friend constexpr bool operator==(Size, Size) = default;
 };
 
-struct Rect {
+struct PLIX_EXPORT Rect {
     float x { 0 };
     float y { 0 };
     float width { 0 };
@@ -60,31 +62,31 @@ constexpr bool NSIsEmptyRect(Rect rect)
     return rect.isEmpty();
 }
 /// The smallest rectangle on whole coordinates that holds an unempty one; the zero rectangle for an empty one.
-Rect NSIntegralRect(Rect);
+PLIX_EXPORT Rect NSIntegralRect(Rect);
 /// The smallest rectangle that holds both; an empty one does not count; the zero rectangle where both are empty.
-Rect NSUnionRect(Rect a, Rect b);
+PLIX_EXPORT Rect NSUnionRect(Rect a, Rect b);
 /// What both cover; the zero rectangle where that is nothing.
-Rect NSIntersectionRect(Rect a, Rect b);
-bool NSIntersectsRect(Rect a, Rect b);
+PLIX_EXPORT Rect NSIntersectionRect(Rect a, Rect b);
+PLIX_EXPORT bool NSIntersectsRect(Rect a, Rect b);
 /// True where b lies in a; an empty b lies in nothing.
-bool NSContainsRect(Rect a, Rect b);
+PLIX_EXPORT bool NSContainsRect(Rect a, Rect b);
 /// Whether a mouse position lies inside. The edge that is the first one on the screen counts as inside, its opposite does not:
 /// unflipped the top edge (largest y), flipped the smallest y.
-bool NSMouseInRect(Point, Rect, bool isFlipped);
+PLIX_EXPORT bool NSMouseInRect(Point, Rect, bool isFlipped);
 /// Minimum edges inside, maximum edges outside.
 constexpr bool NSPointInRect(Point point, Rect rect)
 {
     return point.x >= rect.x && point.y >= rect.y && point.x < rect.maxX() && point.y < rect.maxY();
 }
 /// Cuts `amount` off at an edge into slice; what is left goes into remainder. More than there is takes all, less than 0 nothing.
-void NSDivideRect(Rect rect, Rect& slice, Rect& remainder, float amount, NSRectEdge edge);
+PLIX_EXPORT void NSDivideRect(Rect rect, Rect& slice, Rect& remainder, float amount, NSRectEdge edge);
 
 /// "{x, y}", "{width, height}", "{{x, y}, {width, height}}", and back; what is not there reads as 0.
-std::string NSStringFromPoint(Point);
-std::string NSStringFromSize(Size);
-std::string NSStringFromRect(Rect);
-Point NSPointFromString(std::string_view);
-Size NSSizeFromString(std::string_view);
-Rect NSRectFromString(std::string_view);
+PLIX_EXPORT std::string NSStringFromPoint(Point);
+PLIX_EXPORT std::string NSStringFromSize(Size);
+PLIX_EXPORT std::string NSStringFromRect(Rect);
+PLIX_EXPORT Point NSPointFromString(std::string_view);
+PLIX_EXPORT Size NSSizeFromString(std::string_view);
+PLIX_EXPORT Rect NSRectFromString(std::string_view);
 
 }

@@ -5,7 +5,7 @@
 namespace plix {
 
 /// What stands in a line of text in place of an NSAttachmentCharacter. The object under NSAttachmentAttributeName implements it.
-class InlineObject {
+class PLIX_EXPORT InlineObject {
 public:
     virtual ~InlineObject() = default;
 

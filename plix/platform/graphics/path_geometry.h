@@ -21,7 +21,7 @@ enum NSWindingRule : int { NSNonZeroWindingRule = 0, NSEvenOddWindingRule = 1 };
 enum class ArcDirection { counterClockwise, clockwise };
 
 /// The elements of a path as plain values, and the arithmetic on them.
-class PathGeometry {
+class PLIX_EXPORT PathGeometry {
 public:
     struct Element {
         NSBezierPathElement kind { NSMoveToBezierPathElement };

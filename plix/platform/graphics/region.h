@@ -10,7 +10,7 @@ namespace plix {
 /// An area made of a few rectangles that do not overlap; what is to be drawn. Rectangles that would cost more apart than together
 /// are joined, and there are never more than maximumCount(), so that a region may cover somewhat more than what was added, never
 /// less.
-class Region {
+class PLIX_EXPORT Region {
 public:
     static constexpr std::size_t maximumCount() { return 16; }
 

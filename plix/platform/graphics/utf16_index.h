@@ -1,5 +1,7 @@
 #pragma once
 
+#include <plix/platform/base/export.h>
+
 #include <cstddef>
 #include <string_view>
 #include <vector>
@@ -8,7 +10,7 @@ namespace plix {
 
 /// Translates between UTF-16 units and bytes of one text without walking it from its start each time. Made from the text when it is
 /// first asked; the owner says when the text has changed. Positions round and clamp as in base/utf16.h.
-class Utf16Index {
+class PLIX_EXPORT Utf16Index {
 public:
     long length(std::string_view text);
     std::size_t byteOfUnit(std::string_view text, long unit);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <plix/platform/base/export.h>
 #include <plix/platform/host/HostSound.h>
 #include <plix/platform/host/sound_volume.h>
 
@@ -14,7 +15,7 @@
 namespace plix {
 
 /// Sounds. A machine without an output device plays in silence: sounds begin, last and end as if they were heard.
-class Audio {
+class PLIX_EXPORT Audio {
 public:
     virtual ~Audio() = default;
     Audio(Audio const&) = delete;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <plix/platform/base/export.h>
+
 #include <optional>
 #include <string>
 #include <string_view>
@@ -7,7 +9,7 @@
 namespace plix {
 
 /// The text that copy and paste carry between applications.
-class Clipboard {
+class PLIX_EXPORT Clipboard {
 public:
     virtual ~Clipboard() = default;
     /// nil where there is none, or its owner does not answer in time.

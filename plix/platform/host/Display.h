@@ -44,7 +44,7 @@ struct CursorPixels {
 };
 
 /// Told what concerns the whole display.
-class DisplayClient {
+class PLIX_EXPORT DisplayClient {
 public:
     virtual ~DisplayClient() = default;
     virtual void displayScreensChanged() = 0;
@@ -53,7 +53,7 @@ public:
 };
 
 /// Windows, screens, pointer and text input of the machine.
-class Display {
+class PLIX_EXPORT Display {
 public:
     virtual ~Display() = default;
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <plix/platform/base/export.h>
+
 #include <memory>
 #include <string_view>
 
@@ -12,7 +14,7 @@ class EventSource;
 
 /// The one door to the machine. A back end makes one of these; it also installs its clock and its event source while it lives.
 /// Services that a later back end adds are further doors here, each of which may be missing (null).
-class Host {
+class PLIX_EXPORT Host {
 public:
     virtual ~Host() = default;
     virtual std::string_view name() const = 0;
@@ -24,9 +26,9 @@ public:
 
 /// The host in use. Chosen at the first call: the environment's PLIX_HOST ("headless" or "desktop"), else desktop where it is built
 /// in and a display answers, else headless.
-Host& host();
+PLIX_EXPORT Host& host();
 /// Puts another host in place of the one in use and answers that; null has the choice made anew at the next call. For tests and for
 /// embedding into another toolkit.
-std::unique_ptr<Host> installHost(std::unique_ptr<Host>);
+PLIX_EXPORT std::unique_ptr<Host> installHost(std::unique_ptr<Host>);
 
 }

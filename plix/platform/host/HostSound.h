@@ -1,6 +1,7 @@
 #pragma once
 
 #include <plix/platform/base/NSDate.h>
+#include <plix/platform/base/export.h>
 
 #include <functional>
 
@@ -8,7 +9,7 @@ namespace plix {
 
 /// One sound that was opened, to be played any number of times, from its start each time. Letting go of it while it plays stops it;
 /// one whose time is over is only late on its way to the device and is left to play out.
-class HostSound {
+class PLIX_EXPORT HostSound {
 public:
     /// Comes on the run loop, with whether the sound was played to its end; not after stop().
     using Finished = std::function<void(bool playedToEnd)>;

@@ -33,7 +33,7 @@ struct HostWindowAttributes {
 
 /// Told what happens to a window. All calls come from EventSource::deliverPending(), or from within the operation that caused them
 /// where that says so.
-class HostWindowClient {
+class PLIX_EXPORT HostWindowClient {
 public:
     virtual ~HostWindowClient() = default;
     virtual void hostWindowEvent(HostEvent const&) = 0;
@@ -53,7 +53,7 @@ public:
 
 /// One window of the machine's. Destroying it closes it; that may happen within a call to its client. Made by
 /// Display::makeWindow().
-class HostWindow {
+class PLIX_EXPORT HostWindow {
 public:
     virtual ~HostWindow() = default;
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <plix/platform/base/export.h>
 #include <plix/platform/host/Audio.h>
 
 #include <map>
@@ -15,7 +16,7 @@ class HeadlessEvents;
 
 /// Sounds that nobody hears: what is played is written down, and lasts as long as the script says, by the host's clock. A file is a
 /// sound where its first bytes claim so.
-class HeadlessAudio final : public Audio {
+class PLIX_EXPORT HeadlessAudio final : public Audio {
 public:
     HeadlessAudio(HeadlessClock const&, HeadlessEvents&);
 

@@ -5,7 +5,7 @@
 namespace plix {
 
 /// A clipboard of the process's own.
-class HeadlessClipboard final : public Clipboard {
+class PLIX_EXPORT HeadlessClipboard final : public Clipboard {
 public:
     // Clipboard:
     std::optional<std::string> text() override { return m_text; }

@@ -5,7 +5,7 @@
 namespace plix {
 
 /// The machine's clock until it is stopped; then one that only moves when it is told to.
-class HeadlessClock final : public Clock {
+class PLIX_EXPORT HeadlessClock final : public Clock {
 public:
     HeadlessClock();
 

@@ -11,7 +11,7 @@ class HeadlessWindow;
 
 /// Screens that can be set, windows in memory, and the habits of a window manager: a click focuses and raises what it hits, popups
 /// stay above all, the focus goes back to the topmost window when the focused one is hidden.
-class HeadlessDisplay final : public Display {
+class PLIX_EXPORT HeadlessDisplay final : public Display {
 public:
     HeadlessDisplay();
 

@@ -11,13 +11,13 @@
 namespace plix {
 
 /// Raised by a wait with a movable clock that nothing could ever end: a test that would hang.
-class HeadlessDeadlock : public std::logic_error {
+class PLIX_EXPORT HeadlessDeadlock : public std::logic_error {
 public:
     using std::logic_error::logic_error;
 };
 
 /// Hands out what the script enters, one thing at a time, so that the application has reacted to one before the next comes.
-class HeadlessEvents final : public EventSource {
+class PLIX_EXPORT HeadlessEvents final : public EventSource {
 public:
     enum class Waiting { Sleeps, MovesClock };
     using Delivery = std::function<void()>;

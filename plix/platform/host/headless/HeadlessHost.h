@@ -11,7 +11,7 @@
 namespace plix {
 
 /// A machine without a display: windows are images in memory, a script takes the place of the person, and time may be moved.
-class HeadlessHost final : public Host {
+class PLIX_EXPORT HeadlessHost final : public Host {
 public:
     enum class Time {
         Machine, ///< waits as long as it takes

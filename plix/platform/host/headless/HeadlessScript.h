@@ -21,7 +21,7 @@ struct ScriptedClick {
 
 /// A person at the machine. Everything is entered behind what was entered before, and takes place when the application comes to
 /// look for it; where the pointer is and what has the keyboard counts at that time. Points are on screen, y upwards.
-class HeadlessScript {
+class PLIX_EXPORT HeadlessScript {
 public:
     HeadlessScript(HeadlessDisplay&, HeadlessEvents&);
 

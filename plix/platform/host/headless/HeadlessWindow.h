@@ -11,7 +11,7 @@ namespace plix {
 class HeadlessDisplay;
 
 /// A window that is an image in memory.
-class HeadlessWindow final : public HostWindow {
+class PLIX_EXPORT HeadlessWindow final : public HostWindow {
 public:
     HeadlessWindow(HeadlessDisplay&, HostWindowAttributes const&, HostWindowClient&);
     ~HeadlessWindow() override;
