@@ -81,6 +81,7 @@ list(APPEND PLIX_LOGIC_SOURCES
     tables/image_cell_plan.cpp
     tables/row_highlight.cpp
     tables/selection_colors.cpp
+    windows/alert_plan.cpp
     windows/background_plan.cpp
     windows/date_plans.cpp
 )

@@ -170,4 +170,5 @@
 #include <plix/tables/table_shadows.h>
 #include <plix/tables/table_view_additions.h>
 #include <plix/windows/PLIXWindow.h>
+#include <plix/windows/alert_plan.h>
 #include <plix/windows/background_plan.h>

@@ -1,4 +1,5 @@
 #include <plix/controls/tab_window_fit.h>
+#include <plix/windows/alert_plan.h>
 #include <plix/windows/background_plan.h>
 #include <plix/windows/date_plans.h>
 
@@ -137,6 +138,36 @@ TEST(DateFieldPositions, GiveAYearInFrontAWiderPlace)
     EXPECT_EQ(dateFieldPositions({ month, year, day }), yearBetween);
     EXPECT_EQ(dateFieldPositions({ year, day, month }), yearFirst);
     EXPECT_EQ(dateFieldPositions({ year, month, day }), yearFirst);
+}
+
+// Alerts.
+
+TEST(AlertPlan, AButtonKeepsItsRightEdgeAndMovesThoseToItsLeft)
+{
+    AlertButtonFrames const before { Rect { 300, 16, 80, 24 }, Rect { 210, 16, 80, 24 }, Rect { 120, 17, 80, 24 } };
+    struct Row {
+        std::size_t index;
+        Size fitted;
+        AlertButtonFrames expected;
+    };
+    for (auto const& row : {
+             Row { 0, { 86, 24 }, { Rect { 280, 16, 100, 24 }, Rect { 190, 16, 80, 24 }, Rect { 100, 17, 80, 24 } } },
+             Row { 0, { 46, 20 }, { Rect { 320, 16, 60, 20 }, Rect { 230, 16, 80, 24 }, Rect { 140, 17, 80, 24 } } },
+             Row { 0, { 66, 24 }, before },
+             Row { 1, { 86.5F, 30 }, { Rect { 300, 16, 80, 24 }, Rect { 189.5F, 16, 100.5F, 30 }, Rect { 99.5F, 17, 80, 24 } } },
+             Row { 2, { 400, 24 }, { Rect { 300, 16, 80, 24 }, Rect { 210, 16, 80, 24 }, Rect { -214, 17, 414, 24 } } },
+             Row { 2, { 0, 0 }, { Rect { 300, 16, 80, 24 }, Rect { 210, 16, 80, 24 }, Rect { 186, 17, 14, 0 } } },
+         })
+        EXPECT_EQ(alertButtonsWithTitle(before, row.index, row.fitted), row.expected) << row.index << " " << row.fitted.width;
+}
+
+TEST(AlertPlan, TheUpperEdgeFollowsTheText)
+{
+    EXPECT_EQ(alertTextBounds(316), (Size { 316, 1000 }));
+    EXPECT_EQ(alertFrameForTextHeight({ 10, 20, 440, 150 }, 51, 17), (Rect { 10, 20, 440, 184 }));
+    EXPECT_EQ(alertFrameForTextHeight({ 10, 20, 440, 150 }, 17, 51), (Rect { 10, 20, 440, 116 }));
+    EXPECT_EQ(alertFrameForTextHeight({ 10, 20, 440, 150 }, 17, 17), (Rect { 10, 20, 440, 150 }));
+    EXPECT_EQ(alertFrameForSheet({ 10, 20, 440, 150 }), (Rect { 10, 20, 440, 155 }));
 }
 
 }
