@@ -80,6 +80,7 @@ check-format: setup-check
 	scripts/format.sh --check
 lint:
 	scripts/lint.py
+	scripts/exports.py
 layers:
 	scripts/layers.py
 check-logic: setup-check

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <plix/platform/base/export.h>
 #include <plix/platform/graphics/geometry.h>
 
 #include <vector>
@@ -23,14 +24,14 @@ struct BackgroundPiece {
 };
 
 /// For a pattern as wide as the image and this high. Modes that there are not draw nothing.
-std::vector<BackgroundPiece> backgroundPlan(int mode, Size background, float patternHeight);
+PLIX_EXPORT std::vector<BackgroundPiece> backgroundPlan(int mode, Size background, float patternHeight);
 
 /// The indicator's frame when it is made, and its origin whenever it is put back; the two differ in how they are reckoned but not
 /// in place.
-Rect resizeIndicatorFrame(Rect contentBounds, Size image);
-Point resizeIndicatorOrigin(Rect contentFrame, float indicatorWidth);
+PLIX_EXPORT Rect resizeIndicatorFrame(Rect contentBounds, Size image);
+PLIX_EXPORT Point resizeIndicatorOrigin(Rect contentFrame, float indicatorWidth);
 
 /// A frame higher than the screen's visible part, moved so that its top is on top.
-Rect frameWithTopVisible(Rect frame, Rect visibleFrame);
+PLIX_EXPORT Rect frameWithTopVisible(Rect frame, Rect visibleFrame);
 
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <plix/platform/base/export.h>
+
 #include <cstdint>
 
 namespace plix {
@@ -12,13 +14,13 @@ struct StereoVolume {
 };
 
 /// What is multiplied with samples for a volume: 0 to 1; 0 for what is no number.
-float soundGain(float volume);
+PLIX_EXPORT float soundGain(float volume);
 
 /// Two halves, the left one below, each 0x0100 for full volume.
-std::uint32_t packedVolume(StereoVolume);
+PLIX_EXPORT std::uint32_t packedVolume(StereoVolume);
 
 /// The share of full volume that a beep volume stands for. It is read as one number although it is two halves, so the upper one
 /// counts nearly alone; that is meant. More than 1 where the halves are above 0x0100.
-float beepVolumeFraction(std::uint32_t beepVolume);
+PLIX_EXPORT float beepVolumeFraction(std::uint32_t beepVolume);
 
 }

@@ -1,0 +1,89 @@
+#!/usr/bin/env python3
+"""Fails where a header that applications or hosts include declares something that the shared library would hide.
+
+    scripts/exports.py [root]
+"""
+
+import os
+import re
+import sys
+
+import sources
+
+ROOTS = ("plix/plix.h", "plix/hosting.h")
+MARK = "PLIX_EXPORT"
+# Declarations begin in the first column: namespaces are not indented.
+TYPE = re.compile(r"^(?:class|struct)\s+(?:\[\[\w+\]\]\s+)?(?P<mark>PLIX_EXPORT\s+)?(?P<name>\w+)\b(?P<rest>[^;]*)$")
+FUNCTION = re.compile(r"^(?!(?:inline|constexpr|template|using|typedef|static|friend|class|struct|enum|namespace|return)\b)[\w\[].*\w\(")
+OPERATION = re.compile(r"^    (?!(?:friend|using|typedef|static_assert|template|Hook|PLIX_\w+)\b)[\w~\[][^{]*\)(?: const)?(?: noexcept)?(?: override| final)*;$")
+
+
+def reached_headers(root):
+    """The headers that the roots include, and those that these include."""
+    waiting, reached = list(ROOTS), set()
+    while waiting:
+        path = waiting.pop()
+        if path in reached or not os.path.exists(os.path.join(root, path)):
+            continue
+        reached.add(path)
+        included = sources.includes_of(sources.lines_of(root, path))
+        waiting += [name for _, mark, name in included if mark == "<" and name.startswith("plix/")]
+    return sorted(reached)
+
+
+def without_comments(lines):
+    return [line.split("//")[0].rstrip() for line in lines]
+
+
+def hidden_declarations(lines):
+    """(line number, name) of each class with operations and each function that is not marked."""
+    lines = without_comments(lines)
+    is_template = False
+    for number, line in enumerate(lines, 1):
+        if line.startswith("template"):
+            # What is on the line itself needs no mark either.
+            is_template = line.endswith(">")
+            continue
+        if not line or line[0] in " #}":
+            continue
+        if found := TYPE.match(line):
+            if not found["mark"] and not is_template and has_operations(lines, number):
+                yield number, found["name"]
+        elif FUNCTION.match(line) and MARK not in line and not is_template and is_declaration(lines, number):
+            yield number, re.search(r"(\w+)\(", line)[1]
+        is_template = False
+
+
+def has_operations(lines, number):
+    """Whether the type whose head is on this line declares a function that a source defines."""
+    for line in lines[number:]:
+        if line.startswith("}"):
+            return False
+        if OPERATION.match(line):
+            return True
+    return False
+
+
+def is_declaration(lines, number):
+    for line in lines[number - 1:]:
+        if line.endswith(";"):
+            return "{" not in line
+        if line.endswith("{") or line.endswith("}"):
+            return False
+    return False
+
+
+def main():
+    root = sys.argv[1] if len(sys.argv) > 1 else os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
+    headers = reached_headers(root)
+    faults = [
+        f"{path}:{number}: {name} is declared for all but not marked {MARK}"
+        for path in headers
+        for number, name in hidden_declarations(sources.lines_of(root, path))
+    ]
+    print("\n".join(faults) if faults else f"exports: {len(headers)} headers show what they declare")
+    return 1 if faults else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())

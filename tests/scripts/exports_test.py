@@ -1,0 +1,49 @@
+import unittest
+
+import planted
+
+import exports
+
+
+class Exports(planted.PlantedTree):
+    def hidden_in(self, text):
+        return [name for _, name in exports.hidden_declarations(text.split("\n"))]
+
+    def test_what_this_project_declares_for_all_is_shown(self):
+        for path in exports.reached_headers(planted.PROJECT):
+            found = list(exports.hidden_declarations(exports.sources.lines_of(planted.PROJECT, path)))
+            self.assertEqual(found, [], path)
+
+    def test_more_than_a_hundred_headers_are_reached(self):
+        self.assertGreater(len(exports.reached_headers(planted.PROJECT)), 100)
+
+    def test_headers_reached_through_others(self):
+        self.plant("plix/plix.h", "#include <plix/a.h>\n#include <vector>\n")
+        self.plant("plix/a.h", "#include <plix/b.h>\n")
+        self.plant("plix/b.h", "int b();\n")
+        self.plant("plix/c.h", "int c();\n")
+        self.assertEqual(exports.reached_headers(self.root), ["plix/a.h", "plix/b.h", "plix/plix.h"])
+
+    def test_a_function_that_is_not_marked(self):
+        self.assertEqual(self.hidden_in("int a();\n"), ["a"])
+        self.assertEqual(self.hidden_in("std::vector<Ref<A>> a(int b,\n    int c);\n"), ["a"])
+        self.assertEqual(self.hidden_in("PLIX_EXPORT int a();\n[[nodiscard]] PLIX_EXPORT int a();\n"), [])
+
+    def test_what_a_header_defines_needs_no_mark(self):
+        self.assertEqual(self.hidden_in("inline int a() { return 1; }\nconstexpr int b() { return 1; }\n"), [])
+        self.assertEqual(self.hidden_in("template <typename T> int a();\ntemplate <typename T>\nint b();\n"), [])
+        self.assertEqual(self.hidden_in("template <typename T>\nint a();\nint b();\n"), ["b"])
+
+    def test_a_class_with_operations_that_is_not_marked(self):
+        self.assertEqual(self.hidden_in("class A : public B {\npublic:\n    void a() const;\n};\n"), ["A"])
+        self.assertEqual(self.hidden_in("struct A {\n    A();\n};\n"), ["A"])
+        self.assertEqual(self.hidden_in("class PLIX_EXPORT A {\n    void a();\n};\n"), [])
+
+    def test_a_class_that_is_whole_in_its_header_needs_no_mark(self):
+        self.assertEqual(self.hidden_in("struct A {\n    int a { 0 };\n    int b() const { return a; }\n};\n"), [])
+        self.assertEqual(self.hidden_in("struct A {\n    Hook<void(int)> a;\n};\nclass B;\nenum class C { D };\n"), [])
+        self.assertEqual(self.hidden_in("struct A {\n    template <typename T> void a(T& b) { F(b); }\n};\n"), [])
+
+
+if __name__ == "__main__":
+    unittest.main()
