@@ -72,8 +72,11 @@ list(APPEND PLIX_LOGIC_SOURCES
     platform/host/desktop/screen_space.cpp
     platform/host/sound_kind.cpp
     platform/host/sound_volume.cpp
+    platform/host/spoken_text.cpp
     platform/host/window_placement.cpp
     platform/graphics/region.cpp
+    speech/speaking_list.cpp
+    speech/typed_text.cpp
     system/identity_text.cpp
     system/unique_path.cpp
     tables/column_plan.cpp

@@ -72,6 +72,8 @@
 #include <plix/platform/appkit/NSSegmentedCell.h>
 #include <plix/platform/appkit/NSSegmentedControl.h>
 #include <plix/platform/appkit/NSSound.h>
+#include <plix/platform/appkit/NSSpeechSynthesizer.h>
+#include <plix/platform/appkit/NSSpeechSynthesizerDelegate.h>
 #include <plix/platform/appkit/NSSplitView.h>
 #include <plix/platform/appkit/NSSplitViewDelegate.h>
 #include <plix/platform/appkit/NSTableColumn.h>
@@ -153,6 +155,10 @@
 #include <plix/platform/graphics/geometry.h>
 #include <plix/platform/graphics/string_drawing.h>
 #include <plix/platform/host/Host.h>
+#include <plix/platform/host/Speech.h>
+#include <plix/platform/host/speech_manager.h>
+#include <plix/speech/PLIXSpeakingTextField.h>
+#include <plix/speech/PLIXSpeechSynthesizer.h>
 #include <plix/system/identity.h>
 #include <plix/system/name_comparison.h>
 #include <plix/system/unique_names.h>

@@ -30,6 +30,7 @@
 #include <plix/platform/appkit/NSSegmentedCell.h>
 #include <plix/platform/appkit/NSSegmentedControl.h>
 #include <plix/platform/appkit/NSSound.h>
+#include <plix/platform/appkit/NSSpeechSynthesizer.h>
 #include <plix/platform/appkit/NSSplitView.h>
 #include <plix/platform/appkit/NSTableColumn.h>
 #include <plix/platform/appkit/NSTableHeaderCell.h>
@@ -81,6 +82,7 @@ void registerAppKitClasses()
     NSComboBoxCell::staticClass();
     NSDatePicker::staticClass();
     NSDatePickerCell::staticClass();
+    NSSpeechSynthesizer::staticClass();
     NSSplitView::staticClass();
     NSTableColumn::staticClass();
     NSTableCornerView::staticClass();

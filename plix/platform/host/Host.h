@@ -11,6 +11,7 @@ class Audio;
 class Clipboard;
 class Display;
 class EventSource;
+class Speech;
 
 /// The one door to the machine. A back end makes one of these; it also installs its clock and its event source while it lives.
 /// Services that a later back end adds are further doors here, each of which may be missing (null).
@@ -21,6 +22,7 @@ public:
     virtual Display& display() = 0;
     virtual Clipboard& clipboard() = 0;
     virtual EventSource& events() = 0;
+    virtual Speech* speech() { return nullptr; }
     virtual Audio* audio() { return nullptr; }
 };
 

@@ -5,6 +5,7 @@ namespace plix {
 HeadlessHost::HeadlessHost(Time time)
     : m_events(m_clock, time == Time::Movable ? HeadlessEvents::Waiting::MovesClock : HeadlessEvents::Waiting::Sleeps)
     , m_script(m_display, m_events)
+    , m_speech(m_events)
     , m_audio(m_clock, m_events)
 {
     if (time == Time::Movable) {

@@ -7,6 +7,7 @@
 #include <plix/platform/host/headless/HeadlessDisplay.h>
 #include <plix/platform/host/headless/HeadlessEvents.h>
 #include <plix/platform/host/headless/HeadlessScript.h>
+#include <plix/platform/host/headless/HeadlessSpeech.h>
 
 namespace plix {
 
@@ -26,6 +27,7 @@ public:
     /// Stands still between waits where time is movable.
     HeadlessClock& headlessClock() { return m_clock; }
     HeadlessEvents& headlessEvents() { return m_events; }
+    HeadlessSpeech& headlessSpeech() { return m_speech; }
     HeadlessAudio& headlessAudio() { return m_audio; }
 
     // Host:
@@ -33,6 +35,7 @@ public:
     Display& display() override { return m_display; }
     Clipboard& clipboard() override { return m_clipboard; }
     EventSource& events() override { return m_events; }
+    Speech* speech() override { return &m_speech; }
     Audio* audio() override { return &m_audio; }
 
 private:
@@ -41,6 +44,7 @@ private:
     HeadlessDisplay m_display;
     HeadlessScript m_script;
     HeadlessClipboard m_clipboard;
+    HeadlessSpeech m_speech;
     HeadlessAudio m_audio;
 };
 
