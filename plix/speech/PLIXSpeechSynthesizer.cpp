@@ -60,6 +60,8 @@ void PLIXSpeechSynthesizer::classStopSpeaking()
     sharedSpeechSynthesizer()->stopSpeaking();
 }
 
+PLIXSpeechSynthesizer::PLIXSpeechSynthesizer() = default;
+
 bool PLIXSpeechSynthesizer::init()
 {
     return Base::init();

@@ -35,8 +35,9 @@ public:
     static void classSpeakStrings(ObjectValue const& strings, double withInterval);
     static void classStopSpeaking();
 
-    bool init();
+    PLIXSpeechSynthesizer();
     ~PLIXSpeechSynthesizer() override;
+    bool init();
 
     /// Made by the first call and kept.
     SpeechChannel speechChannel();

@@ -37,6 +37,8 @@ protected:
         speech().setDuration([](std::string const&) { return 1.0; });
     }
 
+    void TearDown() override { synthesizer->stopSpeaking(); }
+
     bool speaksOnChannel() const { return GetParam() < 0x1030; }
     HeadlessSpeech& speech() { return machine().headlessSpeech(); }
     std::vector<std::string> spoken()
@@ -64,7 +66,7 @@ private:
 };
 
 INSTANTIATE_TEST_SUITE_P(Versions, PLIXSpeechSynthesizerTest, testing::Values(0x1029U, 0x102FU, 0x1030U, 0x1049U, 0x1050U),
-    [](auto const& info) { return testing::PrintToString(info.param); });
+    [](auto const& version) { return testing::PrintToString(version.param); });
 
 // What a look a tenth of a second after the other may add.
 constexpr double slack = 0.11;
