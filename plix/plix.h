@@ -76,6 +76,9 @@
 #include <plix/platform/appkit/NSSpeechSynthesizerDelegate.h>
 #include <plix/platform/appkit/NSSplitView.h>
 #include <plix/platform/appkit/NSSplitViewDelegate.h>
+#include <plix/platform/appkit/NSTabView.h>
+#include <plix/platform/appkit/NSTabViewDelegate.h>
+#include <plix/platform/appkit/NSTabViewItem.h>
 #include <plix/platform/appkit/NSTableColumn.h>
 #include <plix/platform/appkit/NSTableHeaderCell.h>
 #include <plix/platform/appkit/NSTableHeaderView.h>

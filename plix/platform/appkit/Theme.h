@@ -123,6 +123,14 @@ public:
     void drawSeparator(Rect) const;
     void drawSplitDivider(Rect, bool isVertical, bool isPaneSplitter) const;
 
+    // Tab views.
+    /// The border around the panes; nothing for an empty rectangle.
+    void drawTabPane(Rect border, FieldShape, bool isShaded) const;
+    /// The face of one tab. It shares the line to the next one, which lies just outside the rectangle.
+    void drawTab(Rect, ButtonLook const&) const;
+    /// The button for the menu of tabs for which there is no room; nothing for an empty rectangle.
+    void drawTabOverflow(Rect, ButtonLook const&) const;
+
     // Progress.
     void drawProgressSlot(Rect, bool isBezeled) const;
     void drawProgressBar(Rect done, ControlLook const&) const;

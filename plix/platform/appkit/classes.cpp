@@ -32,6 +32,8 @@
 #include <plix/platform/appkit/NSSound.h>
 #include <plix/platform/appkit/NSSpeechSynthesizer.h>
 #include <plix/platform/appkit/NSSplitView.h>
+#include <plix/platform/appkit/NSTabView.h>
+#include <plix/platform/appkit/NSTabViewItem.h>
 #include <plix/platform/appkit/NSTableColumn.h>
 #include <plix/platform/appkit/NSTableHeaderCell.h>
 #include <plix/platform/appkit/NSTableHeaderView.h>
@@ -84,6 +86,8 @@ void registerAppKitClasses()
     NSDatePickerCell::staticClass();
     NSSpeechSynthesizer::staticClass();
     NSSplitView::staticClass();
+    NSTabView::staticClass();
+    NSTabViewItem::staticClass();
     NSTableColumn::staticClass();
     NSTableCornerView::staticClass();
     NSTableHeaderCell::staticClass();

@@ -1,0 +1,10 @@
+#include <tests/support/TabTest.h>
+
+namespace plix {
+
+PLIX_DESCRIBE(TabDelegate)
+{
+    description.fillsHooks<NSTabViewDelegate>();
+}
+
+}
