@@ -22,7 +22,7 @@ endfunction()
 
 function(plix_install_headers)
     # Everything for applications and for hosts, and the plans and value functions of plix::logic.
-    set(roots plix/plix.h plix/hosting.h)
+    set(roots plix/plix.h plix/hosting.h plix/platform/foundation/plugin_module.h)
     get_target_property(sources plix_logic SOURCES)
     foreach(source ${sources})
         cmake_path(RELATIVE_PATH source BASE_DIRECTORY ${PROJECT_SOURCE_DIR}/plix)
@@ -39,25 +39,19 @@ function(plix_install_headers)
 endfunction()
 
 # What a static library leaves to be linked is found again by those who use it.
-set(PLIX_DEPENDENCIES "")
-set(PLIX_PC_PRIVATE "")
-set(PLIX_PC_LIBS_PRIVATE "")
 if(PLIX_SHARED)
     set(installed_library plix_shared)
 else()
     set(installed_library plix)
     set_target_properties(plix PROPERTIES EXPORT_NAME plix)
-    set(PLIX_PC_LIBS_PRIVATE "-lgif -ldl -pthread")
-    set(PLIX_PC_PRIVATE "pangocairo pangofc fontconfig libjpeg icu-uc icu-i18n pugixml")
-    string(APPEND PLIX_DEPENDENCIES "find_dependency(PkgConfig)\n"
-        "pkg_check_modules(PANGOCAIRO REQUIRED IMPORTED_TARGET pangocairo pangofc fontconfig)\n"
-        "pkg_check_modules(PICTURES REQUIRED IMPORTED_TARGET libjpeg)\n"
-        "find_dependency(GIF)\nfind_dependency(ICU COMPONENTS uc i18n)\nfind_dependency(pugixml)\n")
-    if(PLIX_DESKTOP_HOST)
-        set(desktop_modules "sdl2 x11 xext xcursor xfixes xi xrandr xkbcommon")
-        string(APPEND PLIX_PC_PRIVATE " ${desktop_modules}")
-        string(APPEND PLIX_DEPENDENCIES "pkg_check_modules(DESKTOP REQUIRED IMPORTED_TARGET ${desktop_modules})\n")
-    endif()
+    get_property(lines GLOBAL PROPERTY PLIX_CONFIG_LINES)
+    list(JOIN lines "\n" PLIX_DEPENDENCIES)
+    get_property(words GLOBAL PROPERTY PLIX_PC_WORDS)
+    set(options ${words} -ldl -pthread)
+    list(FILTER words EXCLUDE REGEX "^-")
+    list(FILTER options INCLUDE REGEX "^-")
+    list(JOIN words " " PLIX_PC_PRIVATE)
+    list(JOIN options " " PLIX_PC_LIBS_PRIVATE)
 endif()
 
 install(TARGETS ${installed_library} plix_logic EXPORT plix
@@ -67,13 +61,19 @@ install(DIRECTORY ${PROJECT_SOURCE_DIR}/plix/resources/ DESTINATION ${CMAKE_INST
 plix_install_headers()
 
 install(EXPORT plix NAMESPACE plix:: FILE plixTargets.cmake DESTINATION ${PLIX_CONFIG_FOLDER} COMPONENT development)
+set(PLIX_HOST_STRINGS_FOLDER ${CMAKE_INSTALL_DATADIR}/plix/host)
+set(PLIX_PLUGIN_FOLDER ${CMAKE_INSTALL_LIBDIR}/plix/plugins)
 configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/plixConfig.cmake.in ${PROJECT_BINARY_DIR}/plixConfig.cmake
-    INSTALL_DESTINATION ${PLIX_CONFIG_FOLDER} NO_SET_AND_CHECK_MACRO)
+    INSTALL_DESTINATION ${PLIX_CONFIG_FOLDER}
+    PATH_VARS PLIX_HOST_STRINGS_FOLDER PLIX_PLUGIN_FOLDER NO_SET_AND_CHECK_MACRO)
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/plixConfigVersion.cmake COMPATIBILITY SameMinorVersion)
 install(FILES ${PROJECT_BINARY_DIR}/plixConfig.cmake ${PROJECT_BINARY_DIR}/plixConfigVersion.cmake
     DESTINATION ${PLIX_CONFIG_FOLDER} COMPONENT development)
-if(EXISTS ${PROJECT_SOURCE_DIR}/cmake/PlixResources.cmake)
-    install(FILES ${PROJECT_SOURCE_DIR}/cmake/PlixResources.cmake DESTINATION ${PLIX_CONFIG_FOLDER} COMPONENT development)
+# plix_add_resources() and plix_add_plugin(), and what these copy.
+install(FILES ${PROJECT_SOURCE_DIR}/cmake/PlixResources.cmake ${PROJECT_SOURCE_DIR}/cmake/PlixCopyResources.cmake
+    ${PROJECT_SOURCE_DIR}/cmake/PluginInfo.plist.in DESTINATION ${PLIX_CONFIG_FOLDER} COMPONENT development)
+if(TARGET DatePicker)
+    install(DIRECTORY $<TARGET_PROPERTY:DatePicker,PLIX_BUNDLE> DESTINATION ${CMAKE_INSTALL_LIBDIR}/plix/plugins COMPONENT development)
 endif()
 
 file(RELATIVE_PATH PLIX_PREFIX_FROM_PC /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
@@ -83,10 +83,7 @@ foreach(name plix plix-logic)
     install(FILES ${PROJECT_BINARY_DIR}/${name}.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT development)
 endforeach()
 
-if(PLIX_EXAMPLES)
-    foreach(example browser gallery h264_headers)
-        string(REPLACE _ - command plix-${example})
-        install(PROGRAMS $<TARGET_FILE:${example}> DESTINATION ${CMAKE_INSTALL_BINDIR} RENAME ${command} COMPONENT examples)
-    endforeach()
-    install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT examples)
+if(PLIX_INSTALLED_EXAMPLES)
+    install(TARGETS ${PLIX_INSTALLED_EXAMPLES} RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT examples)
+    install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples/ DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/plix-examples/sources COMPONENT examples)
 endif()

@@ -10,7 +10,7 @@ import sys
 
 import sources
 
-ROOTS = ("plix/plix.h", "plix/hosting.h")
+ROOTS = ("plix/plix.h", "plix/hosting.h", "plix/platform/foundation/plugin_module.h")
 MARK = "PLIX_EXPORT"
 # Declarations begin in the first column: namespaces are not indented.
 TYPE = re.compile(r"^(?:class|struct)\s+(?:\[\[\w+\]\]\s+)?(?P<mark>PLIX_EXPORT\s+)?(?P<name>\w+)\b(?P<rest>[^;]*)$")
