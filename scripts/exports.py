@@ -1,7 +1,9 @@
 #!/usr/bin/env python3
 """Fails where a header that applications or hosts include declares something that the shared library would hide.
 
-    scripts/exports.py [root]
+    scripts/exports.py [--mark] [root]
+
+With --mark it writes the marks.
 """
 
 import os
@@ -73,14 +75,45 @@ def is_declaration(lines, number):
     return False
 
 
+def marked(lines):
+    """The lines with a mark on each declaration that lacks one, and with the header that defines the mark."""
+    lines = list(lines)
+    for number, _ in hidden_declarations(lines):
+        line = lines[number - 1]
+        begin = re.match(r"(?:class |struct |(?:\[\[\w+\]\] )?)", line).end()
+        lines[number - 1] = line[:begin] + MARK + " " + line[begin:]
+    include = "#include <plix/platform/base/export.h>"
+    own = [number for number, line in enumerate(lines) if line.startswith("#include <plix/")]
+    if include in lines:
+        return lines
+    if not own:
+        return lines[:2] + [include, ""] + lines[2:]
+    place = next((number for number in own if lines[number] > include), own[-1] + 1)
+    return lines[:place] + [include] + lines[place:]
+
+
+def mark(root):
+    for path in reached_headers(root):
+        lines = sources.lines_of(root, path)
+        if any(hidden_declarations(lines)):
+            with open(os.path.join(root, path), "w", encoding="utf-8", newline="") as file:
+                file.write("\n".join(marked(lines)))
+            print(f"exports: marked {path}; format it")
+
+
 def main():
-    root = sys.argv[1] if len(sys.argv) > 1 else os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
+    arguments = [word for word in sys.argv[1:] if word != "--mark"]
+    root = arguments[0] if arguments else os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
+    if "--mark" in sys.argv:
+        mark(root)
     headers = reached_headers(root)
     faults = [
         f"{path}:{number}: {name} is declared for all but not marked {MARK}"
         for path in headers
         for number, name in hidden_declarations(sources.lines_of(root, path))
     ]
+    if faults:
+        faults.append("exports: scripts/exports.py --mark writes the marks")
     print("\n".join(faults) if faults else f"exports: {len(headers)} headers show what they declare")
     return 1 if faults else 0
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <plix/platform/base/export.h>
 #include <plix/platform/graphics/geometry.h>
 
 #include <array>
@@ -13,15 +14,15 @@ using AlertButtonFrames = std::array<Rect, 3>;
 
 /// With a new title in the button at `index`, whose cell wants the fitted size for it: the button keeps its right edge and lower
 /// edge, and those to its left move by what it grew or shrank.
-AlertButtonFrames alertButtonsWithTitle(AlertButtonFrames frames, std::size_t index, Size fitted);
+PLIX_EXPORT AlertButtonFrames alertButtonsWithTitle(AlertButtonFrames frames, std::size_t index, Size fitted);
 
 /// What a text field of that width is measured in.
-Size alertTextBounds(float fieldWidth);
+PLIX_EXPORT Size alertTextBounds(float fieldWidth);
 
 /// The window's frame when the height of a text field in it changed: the lower edge stays.
-Rect alertFrameForTextHeight(Rect windowFrame, float fieldHeight, float fieldHeightBefore);
+PLIX_EXPORT Rect alertFrameForTextHeight(Rect windowFrame, float fieldHeight, float fieldHeightBefore);
 
 /// The window's frame when it is about to run as a sheet, each time.
-Rect alertFrameForSheet(Rect windowFrame);
+PLIX_EXPORT Rect alertFrameForSheet(Rect windowFrame);
 
 }

@@ -71,7 +71,8 @@ private:
 bool castsAcrossTheLibrary()
 {
     Ref<NSObject> const made = NSClassFromString("PLIXTableView")->makeObject();
-    return dynamic_cast<PLIXTableView*>(made.get()) && dynamic_cast<NSTableView*>(made.get()) && !dynamic_cast<NSWindow*>(made.get());
+    return dynamic_cast<PLIXTableView*>(made.get()) && dynamic_cast<NSTableView*>(made.get())
+        && !dynamic_cast<NSWindow*>(made.get());
 }
 
 bool catchesWhatTheLibraryThrows()

@@ -44,6 +44,17 @@ class Exports(planted.PlantedTree):
         self.assertEqual(self.hidden_in("struct A {\n    Hook<void(int)> a;\n};\nclass B;\nenum class C { D };\n"), [])
         self.assertEqual(self.hidden_in("struct A {\n    template <typename T> void a(T& b) { F(b); }\n};\n"), [])
 
+    def test_marks_what_lacks_one(self):
+        text = "#pragma once\n\n#include <plix/a.h>\n#include <plix/z.h>\n\nclass A : public B {\n    void a();\n};\n[[noreturn]] int c();\n"
+        marked = "#pragma once\n\n#include <plix/a.h>\n#include <plix/platform/base/export.h>\n#include <plix/z.h>\n\n" \
+            "class PLIX_EXPORT A : public B {\n    void a();\n};\n[[noreturn]] PLIX_EXPORT int c();\n"
+        self.assertEqual("\n".join(exports.marked(text.split("\n"))), marked)
+        self.assertEqual("\n".join(exports.marked(marked.split("\n"))), marked)
+
+    def test_brings_the_mark_where_nothing_was_included(self):
+        lines = exports.marked("#pragma once\n\n#include <vector>\n\nint a();\n".split("\n"))
+        self.assertEqual(lines[2:5], ["#include <plix/platform/base/export.h>", "", "#include <vector>"])
+
 
 if __name__ == "__main__":
     unittest.main()

@@ -5,6 +5,7 @@
 #include <plix/platform/appkit/NSView.h>
 #include <plix/platform/appkit/tab_layout.h>
 #include <plix/platform/base/HookSource.h>
+#include <plix/platform/base/export.h>
 
 #include <vector>
 
@@ -15,7 +16,7 @@ struct ButtonLook;
 /// Panes of which one is shown at a time, with a tab for each to choose it by. With the keyboard on the tabs the arrow keys, Home
 /// and End choose; from anywhere in the view Control-Tab and Control-Page Down go on to the next pane, with Shift or Page Up back.
 /// Indexes outside raise NSRangeException.
-class NSTabView : public NSView {
+class PLIX_EXPORT NSTabView : public NSView {
     PLIX_CLASS(NSTabView, NSView);
 
 public:

@@ -4,6 +4,7 @@
 #include <plix/platform/base/Badge.h>
 #include <plix/platform/base/Class.h>
 #include <plix/platform/base/ObjectValue.h>
+#include <plix/platform/base/export.h>
 #include <plix/platform/graphics/geometry.h>
 
 #include <string>
@@ -16,7 +17,7 @@ class NSTabView;
 enum NSTabState : int { NSSelectedTab = 0, NSBackgroundTab = 1, NSPressedTab = 2 };
 
 /// A tab and the pane that it stands for.
-class NSTabViewItem : public NSObject {
+class PLIX_EXPORT NSTabViewItem : public NSObject {
     PLIX_CLASS(NSTabViewItem, NSObject);
 
 public:

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <plix/platform/base/export.h>
 #include <plix/platform/graphics/affine_transform.h>
 #include <plix/platform/graphics/control_size.h>
 #include <plix/platform/graphics/geometry.h>
@@ -19,7 +20,7 @@ enum NSTabViewType : int {
     NSNoTabsNoBorder = 6,
 };
 
-bool hasTabs(NSTabViewType);
+PLIX_EXPORT bool hasTabs(NSTabViewType);
 
 /// Where the parts of a tab view go, in its coordinates; y grows downwards.
 struct TabViewLayout {
@@ -30,16 +31,16 @@ struct TabViewLayout {
     Rect content;
     friend bool operator==(TabViewLayout const&, TabViewLayout const&) = default;
 };
-TabViewLayout tabViewLayout(Rect bounds, NSTabViewType, NSControlSize);
+PLIX_EXPORT TabViewLayout tabViewLayout(Rect bounds, NSTabViewType, NSControlSize);
 /// What the border, the margins and the tabs take of the view's size.
-Size tabViewChrome(NSTabViewType, NSControlSize);
+PLIX_EXPORT Size tabViewChrome(NSTabViewType, NSControlSize);
 
 /// Along the strip: x runs as the labels are read, y from their tops to their bottoms, from (0, 0).
 struct TabStripSpace {
     AffineTransform toView;
     Size size;
 };
-TabStripSpace tabStripSpace(TabViewLayout const&, NSTabViewType);
+PLIX_EXPORT TabStripSpace tabStripSpace(TabViewLayout const&, NSTabViewType);
 
 /// What a tab asks for, in whole points along the strip.
 struct TabLength {
@@ -59,11 +60,11 @@ struct TabStripPlan {
 /// Tabs side by side in the strip's middle. Where they do not fit, the longest are shortened first; where that is not enough, the
 /// last ones go into a menu, but never the selected one (-1 for none), which takes the last place then. On the left edge, where
 /// labels are read upwards, the first tab is the topmost.
-TabStripPlan tabStripPlan(std::span<TabLength const>, Size strip, long selected, NSTabViewType, NSControlSize);
+PLIX_EXPORT TabStripPlan tabStripPlan(std::span<TabLength const>, Size strip, long selected, NSTabViewType, NSControlSize);
 
 /// Left and right of a label in its tab.
-float tabPadding(NSControlSize);
+PLIX_EXPORT float tabPadding(NSControlSize);
 /// In the middle of its tab, cut off where that is shorter.
-Rect tabLabelRect(Rect tab, Size label, NSControlSize);
+PLIX_EXPORT Rect tabLabelRect(Rect tab, Size label, NSControlSize);
 
 }
