@@ -36,7 +36,7 @@ DatePanelLayout datePanelLayout(DatePanelSizes const& sizes, DateEntryKind kind)
 
 std::optional<DateFieldOrder> dateFieldOrder(std::string_view format)
 {
-    using enum DateField;
+    using enum DatePart;
     auto const m = positionOfFirst(format, "bBm");
     auto const d = positionOfFirst(format, "de");
     auto const y = positionOfFirst(format, "yY");
@@ -51,7 +51,7 @@ std::optional<DateFieldOrder> dateFieldOrder(std::string_view format)
 
 DateFieldPositions dateFieldPositions(DateFieldOrder const& order)
 {
-    using enum DateField;
+    using enum DatePart;
     if (order[2] == year)
         return { { 99, 157, 215 }, { 132, 190 }, { 92, 150, 207 } };
     if (order[1] == year)

@@ -32,8 +32,8 @@ struct DatePanelLayout {
 DatePanelLayout datePanelLayout(DatePanelSizes const&, DateEntryKind);
 
 /// The three parts of a date as they are entered one by one.
-enum class DateField : std::uint8_t { month, day, year };
-using DateFieldOrder = std::array<DateField, 3>;
+enum class DatePart : std::uint8_t { month, day, year };
+using DateFieldOrder = std::array<DatePart, 3>;
 
 /// The order in which a calendar format asks for month (b, B, m), day (d, e) and year (y, Y); other characters, the percent signs
 /// too, do not count. Nothing where the format tells no order.

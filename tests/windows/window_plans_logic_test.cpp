@@ -103,7 +103,7 @@ TEST(DatePanelLayout, StandsSideBySideWithTheButtonBelow)
 
 TEST(DateFieldOrder, FollowsTheFormat)
 {
-    using enum DateField;
+    using enum DatePart;
     struct Row {
         char const* format;
         std::optional<DateFieldOrder> expected;
@@ -128,7 +128,7 @@ TEST(DateFieldOrder, FollowsTheFormat)
 
 TEST(DateFieldPositions, GiveAYearInFrontAWiderPlace)
 {
-    using enum DateField;
+    using enum DatePart;
     DateFieldPositions const yearLast { { 99, 157, 215 }, { 132, 190 }, { 92, 150, 207 } };
     DateFieldPositions const yearBetween { { 99, 157, 225 }, { 132, 200 }, { 92, 149, 218 } };
     DateFieldPositions const yearFirst { { 99, 167, 225 }, { 142, 200 }, { 91, 160, 218 } };

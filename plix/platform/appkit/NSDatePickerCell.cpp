@@ -369,6 +369,17 @@ bool NSDatePickerCell::takeBackTyping()
     return true;
 }
 
+void NSDatePickerCell::takeDay(std::int64_t year, int month, int day)
+{
+    Ref<NSDatePickerCell> const protector(this);
+    auto fields = reading();
+    fields.year = year;
+    fields.month = month;
+    fields.day = day;
+    forgetTyping();
+    change(fields);
+}
+
 bool NSDatePickerCell::takeHalf(char32_t key)
 {
     if (key <= 0x20 || key >= 0x80)

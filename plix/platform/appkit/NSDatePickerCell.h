@@ -112,6 +112,8 @@ public:
     bool ownPrefersTrackingUntilMouseUp() const override { return prefersTrackingUntilMouseUp(); }
 
 protected:
+    /// A person chose a whole day; the time of day stays. What was typed is forgotten.
+    void takeDay(std::int64_t year, int month, int day);
     void copyStateTo(NSObject& fresh) const override;
 
 private:

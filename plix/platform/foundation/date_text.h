@@ -22,6 +22,8 @@ struct DateNames {
     std::string dateFormat;
     std::string timeFormat;
     std::string shortDateFormat;
+    /// With which a week begins in calendars: 0 for Sunday to 6 for Saturday.
+    int firstWeekday { 0 };
 
     static DateNames const& english();
     friend bool operator==(DateNames const&, DateNames const&) = default;

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <map>
 
+#include <unicode/ucal.h>
 #include <unicode/udat.h>
 #include <unicode/uloc.h>
 #include <unicode/unum.h>
@@ -75,6 +76,10 @@ DateNames lookUpDates(char const* locale)
     readSymbols(format.get(), UDAT_WEEKDAYS, UCAL_SUNDAY, names.weekdays);
     readSymbols(format.get(), UDAT_SHORT_WEEKDAYS, UCAL_SUNDAY, names.shortWeekdays);
     readSymbols(format.get(), UDAT_AM_PMS, 0, names.amPm);
+    auto error = U_ZERO_ERROR;
+    std::unique_ptr<UCalendar, Closer<ucal_close>> const calendar(ucal_open(u"UTC", 3, locale, UCAL_GREGORIAN, &error));
+    if (U_SUCCESS(error))
+        names.firstWeekday = ucal_getAttribute(calendar.get(), UCAL_FIRST_DAY_OF_WEEK) - UCAL_SUNDAY;
     names.dateFormat = pattern(locale, UDAT_NONE, UDAT_FULL, names.dateFormat);
     names.timeFormat = pattern(locale, UDAT_MEDIUM, UDAT_NONE, names.timeFormat);
     names.shortDateFormat = pattern(locale, UDAT_NONE, UDAT_SHORT, names.shortDateFormat);
