@@ -132,6 +132,7 @@
 #include <plix/platform/foundation/NSUserDefaults.h>
 #include <plix/platform/foundation/delayed_perform.h>
 #include <plix/platform/foundation/path_operations.h>
+#include <plix/platform/foundation/plugin_module.h>
 #include <plix/platform/graphics/CGColorSpace.h>
 #include <plix/platform/graphics/CGFunction.h>
 #include <plix/platform/graphics/CGShading.h>

@@ -1,12 +1,13 @@
 #pragma once
 
 #include <plix/platform/base/NSDate.h>
+#include <plix/platform/base/export.h>
 
 namespace plix {
 
 /// What a view must be besides a view to serve the date range panel as a field for a date. A plug-in's class derives from this
 /// and from NSView; the panel finds it by dynamic_cast.
-class DateEntry {
+class PLIX_EXPORT DateEntry {
 public:
     /// Whether a button that opens a calendar stands in the field.
     virtual void setShowsDatePickerButton(bool) = 0;

@@ -4,6 +4,7 @@
 #include <plix/platform/appkit/scroller_geometry.h>
 #include <plix/platform/appkit/theme_palette.h>
 #include <plix/platform/base/Ref.h>
+#include <plix/platform/base/export.h>
 #include <plix/platform/graphics/control_size.h>
 #include <plix/platform/graphics/geometry.h>
 
@@ -63,7 +64,7 @@ struct MenuItemLook {
 /// Draws the chrome of all controls, so that they look like one family: light and dark by the current appearance, crisp at every
 /// scale. Controls work out rectangles and states and hold no colours. Everything is drawn into the current context, in flipped
 /// coordinates: the top is at the smallest y.
-class Theme {
+class PLIX_EXPORT Theme {
 public:
     static Theme const& current();
 

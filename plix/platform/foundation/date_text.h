@@ -1,5 +1,6 @@
 #pragma once
 
+#include <plix/platform/base/export.h>
 #include <plix/platform/foundation/calendar_fields.h>
 
 #include <array>
@@ -40,7 +41,7 @@ struct DateZone {
 /// %S (second), %w (weekday, 0 for Sunday), %x %X (date and time of the language), %y (year of the century), %Y (year),
 /// %Z (the zone's abbreviation), %z (its offset as +hhmm), %%. A digit after the % is the least number of a number's digits: %1m.
 /// What is no directive is written as it stands.
-std::string formatDate(CalendarFields const&, DateZone const&, std::string_view format, DateNames const&);
+PLIX_EXPORT std::string formatDate(CalendarFields const&, DateZone const&, std::string_view format, DateNames const&);
 
 struct ParsedDate {
     CalendarFields fields;

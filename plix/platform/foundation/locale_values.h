@@ -1,5 +1,6 @@
 #pragma once
 
+#include <plix/platform/base/export.h>
 #include <plix/platform/foundation/date_text.h>
 
 #include <memory>
@@ -20,7 +21,7 @@ struct LocaleValues {
 LocaleValues const& localeValues();
 
 /// The names and formats of dates: the user's defaults where they set them, else the locale's.
-std::shared_ptr<DateNames const> currentDateNames();
+PLIX_EXPORT std::shared_ptr<DateNames const> currentDateNames();
 
 /// The surroundings' locale where it is well formed and its language known, else "en_US": what tables can be asked for without
 /// harm.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <plix/platform/base/export.h>
 #include <plix/platform/graphics/NSParagraphStyle.h>
 #include <plix/platform/graphics/geometry.h>
 
@@ -21,8 +22,8 @@ struct TextLineStyle {
 
 /// What drawInRect draws of a text without line ends, cut to the rectangle's width. Text that the font can set from its tables,
 /// which is most, costs neither memory nor a look into the cache, seen before or not.
-void drawTextLine(std::string_view text, Rect, TextLineStyle const&);
+PLIX_EXPORT void drawTextLine(std::string_view text, Rect, TextLineStyle const&);
 /// The advance of the text on one line.
-float widthOfTextLine(std::string_view text, NSFont const&);
+PLIX_EXPORT float widthOfTextLine(std::string_view text, NSFont const&);
 
 }
