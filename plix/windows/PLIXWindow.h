@@ -11,7 +11,7 @@ class NSImageView;
 
 /// The background of all windows of this class; see PLIXWindow::backgroundImage(). What a host assigns before it is first asked
 /// for is taken.
-extern Global<NSImage> PLIXWindow_BackgroundImage;
+PLIX_EXPORT extern Global<NSImage> PLIXWindow_BackgroundImage;
 
 /// A window that paints its background from a tall image, shows a resize indicator of its own in the lower right corner, takes a
 /// control-click for a right click, and keeps its top on the screen where it is too tall for it.

@@ -283,7 +283,7 @@ public:
     template <typename T> void setDelegate(Ref<T> const& delegate) { takeHooks(HookSource::pack<NSWindowDelegate>(delegate)); }
     void setDelegate(std::nullptr_t) { takeHooks(HookSource {}); }
     virtual void takeHooks(HookSource const&);
-    NSObject* delegate() const;
+    virtual NSObject* delegate() const;
     NSWindowDelegate const& delegateHooks() const;
 
     /// Actions that take changes back and forth; they beep where there is nothing to do.

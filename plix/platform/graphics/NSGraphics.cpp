@@ -35,7 +35,8 @@ void fillRect(ContextInternals& internals, Rect rect, Paint const& paint, NSComp
     auto const& state = internals.state();
     auto const matrix = internals.matrix();
     bool const isUpright = keepsAxes(matrix);
-    if (isUpright && state.clipIsRectangle && !state.hasShadow() && replacesPixels(operation, paint, state.alpha)) {
+    bool const isPlain = isUpright && state.clipIsRectangle && !state.hasShadow();
+    if (isPlain && replacesPixels(operation, paint, state.alpha)) {
         auto const area = intersection(snapped(deviceRect(matrix, rect)), state.clip);
         auto color = paint.components;
         color.alpha *= state.alpha;
@@ -45,6 +46,11 @@ void fillRect(ContextInternals& internals, Rect rect, Paint const& paint, NSComp
         fillPixels(internals.pixels, area, premultipliedPixel(color));
         cairo_surface_mark_dirty(internals.surface.get());
         return;
+    }
+    if (isPlain && paint.pattern && operation == NSCompositeCopy && state.alpha >= 1) {
+        auto const area = intersection(snapped(deviceRect(matrix, rect)), state.clip);
+        if (isEmpty(area) || fillWithTiles(internals, area, *paint.pattern->patternImage()))
+            return;
     }
     auto const source = [&](cairo_t* cairo) { setSource(cairo, internals, paint); };
     auto const shape = [&](cairo_t* cairo) {

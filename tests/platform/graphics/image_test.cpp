@@ -313,6 +313,35 @@ TEST(NSImage, RepeatsAsAPatternFromTheLowerLeftCorner)
     }
 }
 
+/// Draws with and without what rules the short way out, which is to look the same.
+Ref<NSBitmapImageRep> tiledPicture(NSImage& tile, Point phase, Rect area, NSCompositingOperation operation)
+{
+    return renderBitmap({ 40, 12 }, 1, [&] {
+        auto const context = NSGraphicsContext::currentContext();
+        NSColor::colorWithPatternImage(Ref<NSImage>(&tile))->set();
+        context->setPatternPhase(phase);
+        NSRectClip({ 1, 1, 37, 10 });
+        NSRectFillUsingOperation(area, operation);
+    });
+}
+
+TEST(NSImage, TilesFromAnyPhaseIntoAnyPlace)
+{
+    for (auto const size : { Size { 1, 1 }, Size { 3, 2 }, Size { 7, 5 }, Size { 64, 31 } }) {
+        auto const tile = imageOfDistinctPixels(static_cast<int>(size.width), static_cast<int>(size.height));
+        for (auto const phase : { Point {}, Point { 1, 0 }, Point { -2, 3 }, Point { 100, -77 }, Point { 0.5F, 0 } }) {
+            for (auto const area : { Rect { 0, 0, 40, 12 }, Rect { 5, 3, 1, 1 }, Rect { 5, 3, 4, 2 }, Rect { -20, -20, 90, 90 } }) {
+                auto const direct = tiledPicture(*tile, phase, area, NSCompositeCopy);
+                auto const composited = tiledPicture(*tile, phase, area, NSCompositeSourceOver);
+                for (int i = 0; i < 40 * 12; ++i) {
+                    ASSERT_EQ(direct->pixelAtX(i % 40, i / 40), composited->pixelAtX(i % 40, i / 40))
+                        << size.width << " " << phase.x << " " << area.x << " " << i;
+                }
+            }
+        }
+    }
+}
+
 TEST(NSImage, KeepsItsNameAndIsFoundByIt)
 {
     auto const image = imageOfColor({ 4, 4 }, colors::red);
