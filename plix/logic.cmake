@@ -1,5 +1,5 @@
-#The sources of plix::logic, which needs nothing but the standard library.base / and bitstream / belong to it whole;
-#of the other folders the plans and value functions named here.
+# The sources of plix::logic, which needs nothing but the standard library. base/ and bitstream/ belong to it whole;
+# of the other folders the plans and value functions named here.
 file(GLOB PLIX_LOGIC_SOURCES CONFIGURE_DEPENDS platform/base/*.cpp bitstream/*.cpp)
 list(APPEND PLIX_LOGIC_SOURCES
     controls/chiseled_popup_plan.cpp
@@ -70,6 +70,7 @@ list(APPEND PLIX_LOGIC_SOURCES
     platform/host/desktop/DeliveryQueue.cpp
     platform/host/desktop/key_translation.cpp
     platform/host/desktop/screen_space.cpp
+    platform/host/media_components.cpp
     platform/host/sound_kind.cpp
     platform/host/sound_volume.cpp
     platform/host/spoken_text.cpp

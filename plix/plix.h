@@ -164,7 +164,9 @@
 #include <plix/speech/PLIXSpeakingTextField.h>
 #include <plix/speech/PLIXSpeechSynthesizer.h>
 #include <plix/system/identity.h>
+#include <plix/system/media_exporters.h>
 #include <plix/system/name_comparison.h>
+#include <plix/system/sounds.h>
 #include <plix/system/unique_names.h>
 #include <plix/system/xml_path.h>
 #include <plix/tables/PLIXImageAndTextCell.h>

@@ -1,6 +1,7 @@
 #include <plix/platform/foundation/path_operations.h>
 
 #include <algorithm>
+#include <iterator>
 
 namespace plix {
 
@@ -120,6 +121,14 @@ std::string stringByAppendingPathExtension(std::string_view path, std::string_vi
     result += '.';
     result += extension;
     return result;
+}
+
+std::vector<std::string> pathsMatchingExtensions(std::vector<std::string> const& paths, std::vector<std::string> const& extensions)
+{
+    std::vector<std::string> matching;
+    std::ranges::copy_if(paths, std::back_inserter(matching),
+        [&](auto const& path) { return std::ranges::find(extensions, pathExtension(path)) != extensions.end(); });
+    return matching;
 }
 
 }

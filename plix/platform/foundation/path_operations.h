@@ -26,5 +26,8 @@ PLIX_EXPORT std::string pathExtension(std::string_view path);
 PLIX_EXPORT std::string stringByDeletingPathExtension(std::string_view path);
 /// Adds a dot and the extension. The root, "" and a name that begins with a tilde take no extension and come back as they are.
 PLIX_EXPORT std::string stringByAppendingPathExtension(std::string_view path, std::string_view extension);
+/// Those of the paths whose extension is one of these, as it is written.
+PLIX_EXPORT std::vector<std::string> pathsMatchingExtensions(
+    std::vector<std::string> const& paths, std::vector<std::string> const& extensions);
 
 }

@@ -11,6 +11,7 @@ class Audio;
 class Clipboard;
 class Display;
 class EventSource;
+class Media;
 class Speech;
 
 /// The one door to the machine. A back end makes one of these; it also installs its clock and its event source while it lives.
@@ -22,8 +23,10 @@ public:
     virtual Display& display() = 0;
     virtual Clipboard& clipboard() = 0;
     virtual EventSource& events() = 0;
+    // Services that a machine may lack; null then.
     virtual Speech* speech() { return nullptr; }
     virtual Audio* audio() { return nullptr; }
+    virtual Media* media() { return nullptr; }
 };
 
 /// The host in use. Chosen at the first call: the environment's PLIX_HOST ("headless" or "desktop"), else desktop where it is built

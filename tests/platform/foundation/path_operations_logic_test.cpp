@@ -165,5 +165,12 @@ TEST(PathOperations, TheNameIsTheLastComponentForAllShortPaths)
     EXPECT_GT(checked, 1000);
 }
 
+TEST(PathOperations, MatchExtensionsAsTheyAreWritten)
+{
+    Components const paths { "/a/b.wav", "c.WAV", "wav", ".wav", "d.aiff", "e.wav/", "f.", "g.wave" };
+    EXPECT_EQ(pathsMatchingExtensions(paths, { "wav", "aiff" }), (Components { "/a/b.wav", "d.aiff", "e.wav/" }));
+    EXPECT_EQ(pathsMatchingExtensions(paths, {}), Components {});
+}
+
 }
 }

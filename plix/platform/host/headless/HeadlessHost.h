@@ -6,6 +6,7 @@
 #include <plix/platform/host/headless/HeadlessClock.h>
 #include <plix/platform/host/headless/HeadlessDisplay.h>
 #include <plix/platform/host/headless/HeadlessEvents.h>
+#include <plix/platform/host/headless/HeadlessMedia.h>
 #include <plix/platform/host/headless/HeadlessScript.h>
 #include <plix/platform/host/headless/HeadlessSpeech.h>
 
@@ -29,6 +30,11 @@ public:
     HeadlessEvents& headlessEvents() { return m_events; }
     HeadlessSpeech& headlessSpeech() { return m_speech; }
     HeadlessAudio& headlessAudio() { return m_audio; }
+    HeadlessMedia& headlessMedia() { return m_media; }
+
+    /// Whether the machine has these services at all; it has at first.
+    void setHasAudio(bool has) { m_hasAudio = has; }
+    void setHasMedia(bool has) { m_hasMedia = has; }
 
     // Host:
     std::string_view name() const override { return "headless"; }
@@ -36,7 +42,8 @@ public:
     Clipboard& clipboard() override { return m_clipboard; }
     EventSource& events() override { return m_events; }
     Speech* speech() override { return &m_speech; }
-    Audio* audio() override { return &m_audio; }
+    Audio* audio() override { return m_hasAudio ? &m_audio : nullptr; }
+    Media* media() override { return m_hasMedia ? &m_media : nullptr; }
 
 private:
     HeadlessClock m_clock;
@@ -46,6 +53,9 @@ private:
     HeadlessClipboard m_clipboard;
     HeadlessSpeech m_speech;
     HeadlessAudio m_audio;
+    HeadlessMedia m_media;
+    bool m_hasAudio { true };
+    bool m_hasMedia { true };
 };
 
 }
