@@ -6,9 +6,11 @@
 #include <plix/platform/base/clock.h>
 #include <plix/platform/foundation/event_source.h>
 #include <plix/platform/foundation/surroundings.h>
+#include <plix/platform/host/Audio.h>
 #include <plix/platform/host/Clipboard.h>
 #include <plix/platform/host/Display.h>
 #include <plix/platform/host/Host.h>
 #include <plix/platform/host/HostEvent.h>
 #include <plix/platform/host/HostWindow.h>
+#include <plix/platform/host/Media.h>
 #include <plix/platform/host/headless/HeadlessHost.h>
