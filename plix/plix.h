@@ -11,6 +11,9 @@
 #include <plix/controls/PLIXPopUpButton.h>
 #include <plix/controls/PLIXPopUpButtonDelegate.h>
 #include <plix/controls/PLIXSegmentedControl.h>
+#include <plix/controls/PLIXTabView.h>
+#include <plix/controls/PLIXTabViewDelegate.h>
+#include <plix/controls/PLIXTabViewItem.h>
 #include <plix/controls/PLIXTextAttachmentCell.h>
 #include <plix/controls/TQComboBoxCell.h>
 #include <plix/controls/TQPopUpButtonCell.h>
@@ -29,6 +32,7 @@
 #include <plix/format/menu_additions.h>
 #include <plix/format/size_and_duration.h>
 #include <plix/format/string_additions.h>
+#include <plix/format/tab_view_additions.h>
 #include <plix/format/truncation.h>
 #include <plix/format/view_additions.h>
 #include <plix/platform/appkit/NSActionCell.h>

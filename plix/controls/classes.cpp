@@ -6,6 +6,8 @@
 #include <plix/controls/PLIXImageView.h>
 #include <plix/controls/PLIXPopUpButton.h>
 #include <plix/controls/PLIXSegmentedControl.h>
+#include <plix/controls/PLIXTabView.h>
+#include <plix/controls/PLIXTabViewItem.h>
 #include <plix/controls/PLIXTextAttachmentCell.h>
 #include <plix/controls/TQComboBoxCell.h>
 #include <plix/controls/TQPopUpButtonCell.h>
@@ -23,6 +25,8 @@ void registerControlClasses()
     PLIXSegmentedCell::staticClass();
     PLIXSegmentedControl::staticClass();
     PLIXSegmentedControlButton::staticClass();
+    PLIXTabView::staticClass();
+    PLIXTabViewItem::staticClass();
     TQPopUpButtonCell::staticClass();
     TQComboBoxCell::staticClass();
     TQSplitView::staticClass();

@@ -108,6 +108,11 @@ NSTabView* NSTabViewItem::tabView() const
     return m_tabView.get();
 }
 
+void NSTabViewItem::setTabView(Badge<NSTabView>, NSTabView* tabView)
+{
+    m_tabView = tabView;
+}
+
 void NSTabViewItem::labelChanged()
 {
     if (auto* const holder = tabView())

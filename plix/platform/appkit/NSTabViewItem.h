@@ -60,7 +60,7 @@ public:
 
     // For the tab view.
     void setTabState(Badge<NSTabView>, NSTabState state) { m_tabState = state; }
-    void setTabView(Badge<NSTabView>, NSTabView* tabView) { m_tabView = tabView; }
+    void setTabView(Badge<NSTabView>, NSTabView*);
 
 protected:
     /// To be called when the label looks different or has another size.
