@@ -72,8 +72,7 @@ PLIX_FIGURE("window.resize_repaint")
     };
     figure.setUnit("us");
     figure.wantRatio(3);
-    figure.timeAgainst(
-        "the pattern composed anew with Cairo", { [&] { throughSizes([&](int size) { shown.resize(size); }); } },
+    figure.timeAgainst("the pattern composed anew with Cairo", { [&] { throughSizes([&](int size) { shown.resize(size); }); } },
         { [&] { throughSizes(theirs); } });
 }
 
@@ -90,8 +89,7 @@ PLIX_FIGURE("window.resize_repaint_new")
     };
     figure.setUnit("us");
     figure.wantRatio(1 / 1.2);
-    figure.timeAgainst(
-        "the pattern composed anew with Cairo", { [&] { run(ours, [&](int size) { shown.resize(size); }); }, [] {} },
+    figure.timeAgainst("the pattern composed anew with Cairo", { [&] { run(ours, [&](int size) { shown.resize(size); }); }, [] {} },
         { [&] { run(peers, theirs); }, [] {} });
 }
 

@@ -47,8 +47,9 @@ std::function<void(int height)> cairoWindowRepaint(
     int const backgroundHeight = static_cast<int>(background.size()) / width;
     auto const pixels = std::make_shared<std::vector<std::uint32_t>>(background);
     auto const windowPixels = std::make_shared<std::vector<std::uint32_t>>(windowWidth * mostHeight);
-    std::shared_ptr<cairo_surface_t> const image(cairo_image_surface_create_for_data(reinterpret_cast<unsigned char*>(pixels->data()),
-                                                     CAIRO_FORMAT_ARGB32, width, backgroundHeight, width * 4),
+    std::shared_ptr<cairo_surface_t> const image(
+        cairo_image_surface_create_for_data(
+            reinterpret_cast<unsigned char*>(pixels->data()), CAIRO_FORMAT_ARGB32, width, backgroundHeight, width * 4),
         cairo_surface_destroy);
     return [=](int height) {
         auto* const data = reinterpret_cast<unsigned char*>(windowPixels->data());

@@ -2,17 +2,23 @@
 #include "BarView.h"
 #include "FilesTable.h"
 #include "FolderTree.h"
+#include "InfoPanel.h"
+#include "JobController.h"
 #include "Question.h"
+#include "file_jobs.h"
 #include "file_operations.h"
 
 #include <plix/app/PLIXApplication.h>
 #include <plix/controls/TQSplitView.h>
 #include <plix/platform/appkit/NSEvent.h>
+#include <plix/platform/appkit/NSPanel.h>
 #include <plix/platform/appkit/NSPopUpButton.h>
+#include <plix/platform/appkit/NSScreen.h>
 #include <plix/platform/appkit/NSScrollView.h>
 #include <plix/platform/appkit/NSTextField.h>
 #include <plix/platform/appkit/NSWindow.h>
 #include <plix/platform/appkit/Theme.h>
+#include <plix/platform/foundation/NSFileManager.h>
 #include <plix/platform/foundation/NSNotificationCenter.h>
 #include <plix/platform/foundation/NSTimer.h>
 #include <plix/platform/graphics/NSColor.h>
@@ -73,6 +79,7 @@ bool BrowserController::init(std::string absolutePath)
     auto& center = NSNotificationCenter::defaultCenter();
     center.addObserver(*this, &BrowserController::noteUserInput, "PLIXApplicationUserInputNotification");
     center.addObserver(*this, &BrowserController::showInputStatus, NSApplicationDidUpdateNotification);
+    center.addObserver(*this, &BrowserController::closeOthers, NSWindowWillCloseNotification, m_window.get());
     showInputStatus();
     open(std::move(absolutePath));
     return true;
@@ -157,7 +164,15 @@ void BrowserController::connect()
                     controller.move(paths, folder.empty() ? shown : pathInFolder(shown, folder));
                 });
             },
-        .select = [whileAlive] { whileAlive([](auto& controller) { controller.showFailure({}); }); },
+        .paste = [whileAlive](auto const& paths) { whileAlive([&](auto& controller) { controller.copy(paths); }); },
+        .info = [whileAlive] { whileAlive([](auto& controller) { controller.showInfo(); }); },
+        .select =
+            [whileAlive] {
+                whileAlive([](auto& controller) {
+                    controller.showFailure({});
+                    controller.updateInfo();
+                });
+            },
         .leave = [whileAlive] { whileAlive([](auto& controller) { controller.openParent(); }); },
     });
     m_tree->setActions({
@@ -277,6 +292,55 @@ void BrowserController::move(std::vector<std::string> const& paths, std::string 
     m_tree->folderChanged(folder);
     open(m_listing.path());
     showFailure(failure);
+}
+
+void BrowserController::copy(std::vector<std::string> const& paths)
+{
+    auto const folder = m_listing.path();
+    auto work = [paths, folder, files = make<NSFileManager>()](JobReport& report) { copyPaths(paths, folder, *files, report); };
+    m_jobs.push_back(
+        make<JobController>(std::move(work), [weakly = Weak<BrowserController>(*this), folder](JobReport const& report) {
+            if (auto const controller = weakly.ref())
+                controller->showCopies(folder, report);
+        }));
+}
+
+void BrowserController::showCopies(std::string const& folder, JobReport const& report)
+{
+    std::erase_if(m_jobs, [](auto const& job) { return !job->isRunning(); });
+    m_tree->folderChanged(folder);
+    if (m_listing.path() != folder)
+        return;
+    auto const made = report.results();
+    open(folder, made.empty() ? "" : made.front().substr(made.front().rfind('/') + 1));
+    showFailure(report.failure());
+}
+
+void BrowserController::closeOthers()
+{
+    if (m_info)
+        m_info->panel().close();
+}
+
+// MARK: what is known of a file
+
+void BrowserController::showInfo()
+{
+    if (!m_info) {
+        m_info = make<InfoPanel>();
+        m_info->show(m_files->selectedEntry(), m_listing.path());
+    }
+    auto& panel = m_info->panel();
+    if (auto const* screen = m_window->screen(); screen && !panel.isVisible())
+        panel.setFrameTopLeftPoint(topLeftBeside(m_window->frame(), panel.frame().size(), screen->visibleFrame()));
+    panel.orderFront(nullptr);
+    updateInfo();
+}
+
+void BrowserController::updateInfo()
+{
+    if (m_info && m_info->panel().isVisible())
+        m_info->show(m_files->selectedEntry(), m_listing.path());
 }
 
 // MARK: the status bar

@@ -19,6 +19,9 @@ namespace browser {
 
 class FilesTable;
 class FolderTree;
+class InfoPanel;
+class JobController;
+class JobReport;
 
 /// A window that shows one folder after the other: a tree of folders beside a table of what is in the chosen one. Keeps itself
 /// alive as long as its window is open.
@@ -35,6 +38,10 @@ public:
     FolderTree& tree() const { return *m_tree; }
     plix::NSPopUpButton& stylePopUp() const { return *m_stylePopUp; }
     FolderListing const& listing() const { return m_listing; }
+    /// Null until it was first shown.
+    InfoPanel* info() const { return m_info.get(); }
+    /// What is being copied, the latest last.
+    std::vector<plix::Ref<JobController>> const& jobs() const { return m_jobs; }
     /// What the status bar says at its left and right end.
     std::string const& status() const;
     std::string const& inputStatus() const;
@@ -56,6 +63,11 @@ private:
     void chooseStyle();
     void askToDelete(std::vector<std::string> const& names);
     void move(std::vector<std::string> const& paths, std::string const& folder);
+    void copy(std::vector<std::string> const& paths);
+    void showCopies(std::string const& folder, JobReport const&);
+    void closeOthers();
+    void showInfo();
+    void updateInfo();
     void noteUserInput();
     void showInputStatus();
 
@@ -73,6 +85,8 @@ private:
     plix::Ref<plix::NSTextField> m_statusLabel;
     plix::Ref<plix::NSTextField> m_inputLabel;
     plix::Ref<plix::NSTimer> m_readTimer;
+    std::vector<plix::Ref<JobController>> m_jobs;
+    plix::Ref<InfoPanel> m_info;
 };
 
 }

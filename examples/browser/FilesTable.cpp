@@ -1,8 +1,9 @@
 #include "FilesTable.h"
+#include "EntriesView.h"
 #include "icons.h"
 
+#include <plix/platform/appkit/NSApplication.h>
 #include <plix/platform/appkit/NSDraggingInfo.h>
-#include <plix/platform/appkit/NSEvent.h>
 #include <plix/platform/appkit/NSMenu.h>
 #include <plix/platform/appkit/NSMenuItem.h>
 #include <plix/platform/appkit/NSPasteboard.h>
@@ -11,13 +12,13 @@
 #include <plix/platform/appkit/NSTableHeaderView.h>
 #include <plix/platform/appkit/NSTextFieldCell.h>
 #include <plix/platform/appkit/Theme.h>
+#include <plix/platform/base/utf16.h>
 #include <plix/platform/graphics/FocusLock.h>
 #include <plix/platform/graphics/NSBezierPath.h>
 #include <plix/platform/graphics/NSColor.h>
 #include <plix/platform/graphics/NSImage.h>
 #include <plix/platform/graphics/appearance.h>
 #include <plix/tables/PLIXImageAndTextCell.h>
-#include <plix/tables/PLIXTableView.h>
 
 #include <algorithm>
 #include <numeric>
@@ -51,22 +52,6 @@ ColumnPlan const& planOf(NSTableColumn const& column)
     return *std::ranges::find_if(columns, [&](auto const& plan) { return column.identifier() == ObjectValue(plan.identifier); });
 }
 
-/// Alt and the up arrow leave the folder, also where it is empty.
-class EntriesView final : public PLIXTableView {
-public:
-    using PLIXTableView::init;
-    void keyDown(NSEvent& event) override
-    {
-        bool const leaves
-            = event.characterIgnoringModifiers() == NSUpArrowFunctionKey && (event.modifierFlags() & NSAlternateKeyMask) != 0;
-        if (leaves && onLeave)
-            onLeave();
-        else
-            PLIXTableView::keyDown(event);
-    }
-    std::function<void()> onLeave;
-};
-
 // A small triangle that points the way the values grow.
 Ref<NSImage> sortIndicator(bool isDescending)
 {
@@ -98,7 +83,7 @@ Ref<NSImage> iconImage(EntryKind kind, bool isLink)
     return icon;
 }
 
-std::vector<std::string> draggedPaths(NSPasteboard& board)
+std::vector<std::string> pathsOn(NSPasteboard& board)
 {
     std::vector<std::string> paths;
     auto const names = board.propertyListForType(NSFilenamesPboardType);
@@ -114,6 +99,14 @@ PLIX_DESCRIBE(FilesTable)
 FilesTable::FilesTable() = default;
 FilesTable::~FilesTable() = default;
 
+std::function<void()> FilesTable::whileAlive(std::function<void(FilesTable&)> call)
+{
+    return [weakly = Weak<FilesTable>(*this), call = std::move(call)] {
+        if (auto const files = weakly.ref())
+            call(*files);
+    };
+}
+
 bool FilesTable::init()
 {
     m_scrollView = make<NSScrollView>(Rect { 0, 0, 400, 300 });
@@ -121,10 +114,12 @@ bool FilesTable::init()
     m_scrollView->setHasVerticalScroller(true);
     m_scrollView->setAutohidesScrollers(true);
     auto const view = make<EntriesView>(rectWith({}, m_scrollView->contentSize()));
-    view->onLeave = [weakly = Weak<FilesTable>(*this)] {
-        if (auto const files = weakly.ref(); files && files->m_actions.leave)
-            files->m_actions.leave();
-    };
+    view->setCommands({
+        .leave = whileAlive([](FilesTable& files) { files.leave(); }),
+        .info = whileAlive([](FilesTable& files) { files.showInfo(); }),
+        .copy = whileAlive([](FilesTable& files) { files.copySelected(); }),
+        .paste = whileAlive([](FilesTable& files) { files.paste(); }),
+    });
     m_table = view;
     m_table->setRowHeight(rowHeight);
     m_table->setAllowsMultipleSelection(true);
@@ -174,21 +169,20 @@ Ref<NSMenu> FilesTable::makeMenu()
     auto menu = make<NSMenu>();
     menu->setAutoenablesItems(false);
     // The menu may be open when the table's window goes.
-    auto const whileAlive = [weakly = Weak<FilesTable>(*this)](auto call) {
-        return [weakly, call](NSObject*) {
-            if (auto const files = weakly.ref())
-                call(*files);
-        };
+    auto const add = [this](NSMenu& to, std::string const& title, auto call) {
+        to.addItemWithTitle(title, {}, "")->setActionFunction([call = whileAlive(call)](NSObject*) { call(); });
     };
-    menu->addItemWithTitle("Open", {}, "")->setActionFunction(whileAlive([](FilesTable& files) { files.openSelected(); }));
-    menu->addItemWithTitle("Delete…", {}, "")->setActionFunction(whileAlive([](FilesTable& files) { files.removeSelected(); }));
+    add(*menu, "Open", [](FilesTable& files) { files.openSelected(); });
+    add(*menu, "Info", [](FilesTable& files) { files.showInfo(); });
+    menu->addItem(*NSMenuItem::separatorItem());
+    add(*menu, "Copy", [](FilesTable& files) { files.copySelected(); });
+    add(*menu, "Paste", [](FilesTable& files) { files.paste(); });
+    add(*menu, "Delete…", [](FilesTable& files) { files.removeSelected(); });
     menu->addItem(*NSMenuItem::separatorItem());
     auto const sorting = make<NSMenu>("Sort By");
     sorting->setAutoenablesItems(false);
     for (auto const& plan : columns)
-        sorting->addItemWithTitle(plan.title, {}, "")->setActionFunction(whileAlive([key = plan.key](FilesTable& files) {
-            files.sortBy(key, false);
-        }));
+        add(*sorting, plan.title, [key = plan.key](FilesTable& files) { files.sortBy(key, false); });
     menu->addItemWithTitle("Sort By", {}, "")->setSubmenu(sorting);
     return menu;
 }
@@ -239,6 +233,12 @@ std::vector<std::string> FilesTable::selectedNames() const
     return names;
 }
 
+FolderEntry const* FilesTable::selectedEntry() const
+{
+    long const row = m_table->selectedRow();
+    return row >= 0 ? &entryAt(row) : nullptr;
+}
+
 void FilesTable::setMessage(std::string const& message)
 {
     m_table->setEmptyString(message);
@@ -275,9 +275,46 @@ void FilesTable::showOrder()
 
 void FilesTable::openSelected()
 {
-    long const row = m_table->selectedRow();
-    if (row >= 0 && m_actions.open)
-        m_actions.open(entryAt(row));
+    auto const* entry = selectedEntry();
+    if (entry && m_actions.open)
+        m_actions.open(*entry);
+}
+
+void FilesTable::leave()
+{
+    if (m_actions.leave)
+        m_actions.leave();
+}
+
+void FilesTable::showInfo()
+{
+    if (m_actions.info)
+        m_actions.info();
+}
+
+void FilesTable::copySelected()
+{
+    auto const names = selectedNames();
+    if (names.empty())
+        return NSBeep();
+    ObjectValue::Array paths;
+    std::string text;
+    for (auto const& name : names) {
+        paths.emplace_back(pathInFolder(m_folderPath, name));
+        text += (text.empty() ? "" : "\n") + validUTF8(pathInFolder(m_folderPath, name));
+    }
+    auto& board = NSPasteboard::generalPasteboard();
+    board.declareTypes({ NSFilenamesPboardType, NSStringPboardType });
+    board.setPropertyList(std::move(paths), NSFilenamesPboardType);
+    board.setString(text, NSStringPboardType);
+}
+
+void FilesTable::paste()
+{
+    auto const paths = pathsOn(NSPasteboard::generalPasteboard());
+    if (paths.empty() || !m_actions.paste)
+        return NSBeep();
+    m_actions.paste(paths);
 }
 
 void FilesTable::removeSelected()
@@ -372,7 +409,7 @@ unsigned FilesTable::validateDrop(NSTableView& table, NSDraggingInfo& info, long
 
 bool FilesTable::acceptDrop(NSTableView&, NSDraggingInfo& info, long row, NSTableViewDropOperation)
 {
-    auto const paths = draggedPaths(info.draggingPasteboard());
+    auto const paths = pathsOn(info.draggingPasteboard());
     if (paths.empty() || !m_actions.drop)
         return false;
     m_actions.drop(paths, row >= 0 ? entryAt(row).name : "");

@@ -41,6 +41,9 @@ public:
         std::function<void(std::vector<std::string> const& names)> remove;
         /// Paths that were dropped on a folder's name, or on "" for the shown folder itself.
         std::function<void(std::vector<std::string> const& paths, std::string const& folderName)> drop;
+        /// Paths that were copied, to go into the shown folder.
+        std::function<void(std::vector<std::string> const& paths)> paste;
+        std::function<void()> info;
         std::function<void()> select;
         std::function<void()> leave;
     };
@@ -59,6 +62,8 @@ public:
     long rowOfName(std::string_view name) const;
     void selectName(std::string_view name);
     std::vector<std::string> selectedNames() const;
+    /// The first one that is selected; null where none is.
+    FolderEntry const* selectedEntry() const;
     /// Shown where there are no entries.
     void setMessage(std::string const&);
     void sortBy(SortKey, bool isDescending);
@@ -81,7 +86,12 @@ private:
     void makeColumns();
     plix::Ref<plix::NSMenu> makeMenu();
     void showOrder();
+    std::function<void()> whileAlive(std::function<void(FilesTable&)>);
     void openSelected();
+    void leave();
+    void showInfo();
+    void copySelected();
+    void paste();
     void removeSelected();
 
     plix::Ref<plix::NSScrollView> m_scrollView;
@@ -94,8 +104,8 @@ private:
     bool m_isDescending { false };
 };
 
-/// The paths on a pasteboard, of files that are dragged.
-std::vector<std::string> draggedPaths(plix::NSPasteboard&);
+/// The paths on a pasteboard, of files that are dragged or were copied.
+std::vector<std::string> pathsOn(plix::NSPasteboard&);
 /// The picture for an entry, in the present appearance's colours; drawn once each.
 plix::Ref<plix::NSImage> iconImage(EntryKind, bool isLink);
 

@@ -203,7 +203,7 @@ unsigned FolderTree::validateDrop(NSOutlineView& outline, NSDraggingInfo&, NSObj
 
 bool FolderTree::acceptDrop(NSOutlineView&, NSDraggingInfo& info, NSObject* item, long)
 {
-    auto const paths = draggedPaths(info.draggingPasteboard());
+    auto const paths = pathsOn(info.draggingPasteboard());
     if (paths.empty() || !item || !m_actions.drop)
         return false;
     m_actions.drop(paths, static_cast<Folder*>(item)->path);

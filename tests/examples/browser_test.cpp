@@ -1,17 +1,26 @@
 #include <examples/browser/BrowserController.h>
+#include <examples/browser/CSVTable.h>
+#include <examples/browser/FactsView.h>
 #include <examples/browser/FilesTable.h>
 #include <examples/browser/FolderTree.h>
+#include <examples/browser/InfoPanel.h>
+#include <examples/browser/JobController.h>
 
 #include <plix/app/PLIXApplication.h>
 #include <plix/platform/appkit/NSButton.h>
 #include <plix/platform/appkit/NSClipView.h>
+#include <plix/platform/appkit/NSPanel.h>
+#include <plix/platform/appkit/NSPasteboard.h>
 #include <plix/platform/appkit/NSPopUpButton.h>
 #include <plix/platform/appkit/NSScrollView.h>
 #include <plix/platform/appkit/NSScroller.h>
 #include <plix/platform/appkit/NSTableColumn.h>
 #include <plix/platform/appkit/NSTableHeaderView.h>
+#include <plix/platform/foundation/NSRunLoop.h>
 #include <plix/tables/PLIXOutlineView.h>
 #include <plix/tables/PLIXTableView.h>
+
+#include <plix/platform/host/headless/HeadlessAudio.h>
 
 #include <tests/support/HeadlessTest.h>
 #include <tests/support/TestFolder.h>
@@ -70,6 +79,12 @@ protected:
     Point rowPoint(long row) { return onScreen(table(), { 60, table().rectOfRow(row).midY() }); }
     float scrolledTo() { return files().scrollView().contentView()->bounds().y; }
     bool exists(std::string const& name) { return ::access((folder / name).c_str(), F_OK) == 0; }
+
+    void waitForJobs()
+    {
+        EXPECT_TRUE(NSRunLoop::currentRunLoop().runUntil([this] { return controller->jobs().empty(); }));
+        pump();
+    }
 
     TestFolder folder;
     Ref<BrowserController> controller;
@@ -409,6 +424,183 @@ TEST_F(BrowserTest, PalesTheSelectionInAWindowWithoutTheKeyboard)
     auto const inactive = Pixels(controller->window().snapshot()).colorAt(x, y);
     EXPECT_GT(active.blue, active.red + 0.3F);
     EXPECT_NEAR(inactive.blue, inactive.red, 0.02F);
+}
+
+// MARK: copying
+
+TEST_F(BrowserTest, CopiesWhatWasCopiedUnderAFreeName)
+{
+    show();
+    files().selectName("file 2.txt");
+    person().key('c', NSControlKeyMask);
+    pump();
+    EXPECT_EQ(NSPasteboard::generalPasteboard().stringForType(NSStringPboardType), folder / "file 2.txt");
+    person().key('v', NSControlKeyMask);
+    pump();
+    waitForJobs();
+    EXPECT_TRUE(exists("file 2 1.txt"));
+    EXPECT_EQ(selectedName(), "file 2 1.txt");
+    EXPECT_EQ(controller->status(), "64 items");
+}
+
+TEST_F(BrowserTest, CopiesFoldersIntoOthers)
+{
+    show();
+    files().selectName("alpha");
+    person().key('c', NSControlKeyMask);
+    pump();
+    controller->open(folder / "beta");
+    pump();
+    person().key('v', NSControlKeyMask);
+    pump();
+    waitForJobs();
+    EXPECT_EQ(folder.read("beta/alpha/inside.txt"), "1234");
+    EXPECT_EQ(selectedName(), "alpha");
+}
+
+TEST_F(BrowserTest, SaysWhyACopyFailed)
+{
+    show();
+    files().selectName("alpha");
+    person().key('c', NSControlKeyMask);
+    pump();
+    controller->open(folder / "alpha");
+    pump();
+    person().key('v', NSControlKeyMask);
+    pump();
+    waitForJobs();
+    EXPECT_EQ(controller->status(), "“alpha” can't be copied into itself.");
+    EXPECT_EQ(table().numberOfRows(), 1);
+}
+
+TEST_F(BrowserTest, LeavesAnotherFolderAloneWhenACopyIsMade)
+{
+    show();
+    files().selectName("file 9.txt");
+    person().key('c', NSControlKeyMask);
+    person().key('v', NSControlKeyMask);
+    pump();
+    controller->open(folder / "alpha");
+    pump();
+    waitForJobs();
+    EXPECT_TRUE(exists("file 9 1.txt"));
+    EXPECT_EQ(selectedName(), "inside.txt");
+}
+
+TEST_F(BrowserTest, BeepsWhereThereIsNothingToCopyOrPaste)
+{
+    show();
+    NSPasteboard::generalPasteboard().declareTypes({});
+    long const before = machine().headlessAudio().beepCount();
+    table().deselectAll(nullptr);
+    person().key('c', NSControlKeyMask);
+    person().key('v', NSControlKeyMask);
+    pump();
+    EXPECT_EQ(machine().headlessAudio().beepCount(), before + 2);
+}
+
+// MARK: info
+
+TEST(TopLeftBeside, IsOnTheSideThatHasRoomAndOnTheScreen)
+{
+    Rect const screen { 0, 40, 1400, 860 };
+    Size const panel { 400, 300 };
+    struct Row {
+        Rect window;
+        Point place;
+    };
+    Row const rows[] {
+        { { 100, 200, 800, 500 }, { 908, 700 } },
+        { { 500, 200, 800, 500 }, { 92, 700 } },
+        { { 300, 200, 800, 500 }, { 1000, 700 } },
+        { { 100, 50, 800, 200 }, { 908, 340 } },
+        { { 100, 700, 800, 300 }, { 908, 900 } },
+        { { -900, 200, 800, 500 }, { 0, 700 } },
+    };
+    for (auto const& row : rows)
+        EXPECT_EQ(topLeftBeside(row.window, panel, screen), row.place) << row.window.x;
+}
+
+TEST_F(BrowserTest, TellsWhatIsKnownOfTheSelectedFile)
+{
+    show();
+    EXPECT_FALSE(controller->info());
+    files().selectName("file 20.txt");
+    person().key('i', NSControlKeyMask);
+    pump();
+    auto& info = *controller->info();
+    EXPECT_TRUE(info.panel().isVisible());
+    EXPECT_TRUE(controller->window().isKeyWindow());
+    EXPECT_EQ(info.facts().facts()[1], (FileFact { "Size", "2.0KB (2,000 bytes)" }));
+    EXPECT_FALSE(info.showsPreview());
+    person().key(NSUpArrowFunctionKey);
+    pump();
+    EXPECT_EQ(info.facts().facts()[1], (FileFact { "Size", "1.9KB (1,900 bytes)" }));
+    table().deselectAll(nullptr);
+    EXPECT_TRUE(info.facts().facts().empty());
+}
+
+TEST_F(BrowserTest, CountsWhatIsInTheSelectedFolder)
+{
+    writeFile("alpha/more", std::string(2000, 'x'));
+    show();
+    person().key('i', NSControlKeyMask);
+    pump();
+    auto& info = *controller->info();
+    EXPECT_EQ(info.facts().facts().back().label, "Contents");
+    NSRunLoop::currentRunLoop().runUntil([&] { return !info.isCounting(); });
+    EXPECT_EQ(info.facts().facts().back(), (FileFact { "Contents", "2 items, 2.0KB (2,004 bytes)" }));
+    files().selectName("beta");
+    NSRunLoop::currentRunLoop().runUntil([&] { return !info.isCounting(); });
+    EXPECT_EQ(info.facts().facts().back(), (FileFact { "Contents", "Nothing" }));
+    files().selectName("alpha");
+    info.panel().close();
+    EXPECT_FALSE(info.isCounting());
+}
+
+TEST_F(BrowserTest, ShowsTheFirstLinesOfTables)
+{
+    writeFile("list.csv", "name,size\none,1\ntwo,22\n");
+    show();
+    files().selectName("list.csv");
+    person().key('i', NSControlKeyMask);
+    pump();
+    auto& info = *controller->info();
+    EXPECT_TRUE(info.showsPreview());
+    auto& preview = info.preview().table();
+    ASSERT_EQ(preview.numberOfColumns(), 2);
+    EXPECT_EQ(preview.numberOfRows(), 2);
+    EXPECT_EQ(preview.tableColumns()[1]->headerCell()->stringValue(), "size");
+    float const top = info.panel().frame().maxY();
+    float const height = info.panel().frame().height;
+    files().selectName("file 1.txt");
+    EXPECT_FALSE(info.showsPreview());
+    EXPECT_LT(info.panel().frame().height, height);
+    EXPECT_FLOAT_EQ(info.panel().frame().maxY(), top);
+}
+
+TEST_F(BrowserTest, SaysWhereAVideoHasNoHeaders)
+{
+    writeFile("film.mp4", "no film");
+    ::mkfifo((folder / "pipe.h264").c_str(), 0600);
+    show();
+    files().selectName("film.mp4");
+    person().key('i', NSControlKeyMask);
+    pump();
+    auto& info = *controller->info();
+    EXPECT_EQ(info.facts().facts().back(), (FileFact { "Video", "No H.264 headers were found." }));
+    files().selectName("pipe.h264");
+    EXPECT_EQ(info.facts().facts().back().label, "Modified");
+}
+
+TEST_F(BrowserTest, ClosesItsInfoPanelWithItself)
+{
+    show();
+    person().key('i', NSControlKeyMask);
+    pump();
+    auto const info = Ref<InfoPanel>(controller->info());
+    controller->window().close();
+    EXPECT_FALSE(info->panel().isVisible());
 }
 
 }

@@ -1,3 +1,5 @@
+#include "BitWriter.h"
+
 #include <examples/h264_headers/annex_b.h>
 #include <examples/h264_headers/parameter_sets.h>
 
@@ -25,41 +27,15 @@ Stream bytesOf(std::string_view text)
     return Stream(text.begin(), text.end());
 }
 
-class BitWriter {
-public:
-    void u(std::int64_t value, std::int64_t width)
-    {
-        while (width-- > 0) {
-            if (m_free == 0) {
-                m_bytes.push_back(0);
-                m_free = 8;
-            }
-            m_bytes.back() = static_cast<std::uint8_t>(m_bytes.back() | (value >> width & 1) << --m_free);
-        }
-    }
-    void ue(std::int64_t value)
-    {
-        auto const width = std::bit_width(static_cast<std::uint64_t>(value) + 1);
-        u(0, width - 1);
-        u(value + 1, width);
-    }
-    void se(std::int64_t value) { ue(value > 0 ? 2 * value - 1 : -2 * value); }
-    /// A field by its descriptor.
-    void field(Field const& field)
-    {
-        if (field.descriptor == "ue(v)")
-            ue(field.value);
-        else if (field.descriptor == "se(v)")
-            se(field.value);
-        else
-            u(field.value, std::stol(field.descriptor.substr(2)));
-    }
-    Stream const& bytes() const { return m_bytes; }
-
-private:
-    Stream m_bytes;
-    int m_free { 0 };
-};
+void write(BitWriter& bits, Field const& field)
+{
+    if (field.descriptor == "ue(v)")
+        bits.ue(field.value);
+    else if (field.descriptor == "se(v)")
+        bits.se(field.value);
+    else
+        bits.u(field.value, std::stol(field.descriptor.substr(2)));
+}
 
 /// A byte stream of one NAL unit, with emulation prevention bytes where they have to be.
 Stream streamOf(Stream const& unit)
@@ -108,7 +84,7 @@ Stream unitOf(std::vector<Field> const& fields)
 {
     BitWriter writer;
     for (auto const& field : fields)
-        writer.field(field);
+        write(writer, field);
     return writer.bytes();
 }
 

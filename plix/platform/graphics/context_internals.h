@@ -108,8 +108,8 @@ inline bool keepsAxes(cairo_matrix_t const& matrix)
 }
 /// A pixel as Cairo keeps it: premultiplied, alpha highest.
 std::uint32_t premultipliedPixel(ColorComponents const&);
-/// Replaces the pixels of the area by the repeated image, as setSource() places it; false, and nothing done, where its pixels do not
-/// fall on the device's.
+/// Replaces the pixels of the area by the repeated image, as setSource() places it; false, and nothing done, where its pixels do
+/// not fall on the device's.
 bool fillWithTiles(ContextInternals&, PixelRect area, NSImage const& pattern);
 /// Adds the outline to the context's current path.
 void addPath(cairo_t*, class PathGeometry const&);
