@@ -22,7 +22,7 @@ function(plix_add_plugin name)
     set(bundle ${PLUGIN_FOLDER}/${name}.bundle)
     add_library(${name} MODULE ${PLUGIN_UNPARSED_ARGUMENTS})
     set_target_properties(${name} PROPERTIES PREFIX "" SUFFIX ".so" OUTPUT_NAME ${name} LIBRARY_OUTPUT_DIRECTORY ${bundle}
-        POSITION_INDEPENDENT_CODE ON PLIX_BUNDLE ${bundle})
+        POSITION_INDEPENDENT_CODE ON CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON PLIX_BUNDLE ${bundle})
     target_compile_features(${name} PRIVATE cxx_std_20)
     target_include_directories(${name} PRIVATE $<TARGET_PROPERTY:plix::plix,INTERFACE_INCLUDE_DIRECTORIES>)
     target_compile_definitions(${name} PRIVATE $<TARGET_PROPERTY:plix::plix,INTERFACE_COMPILE_DEFINITIONS>)

@@ -186,5 +186,9 @@
 #include <plix/tables/table_shadows.h>
 #include <plix/tables/table_view_additions.h>
 #include <plix/windows/PLIXWindow.h>
+#include <plix/windows/TQDateRangePanel.h>
+#include <plix/windows/TQLegacyDatePicker.h>
 #include <plix/windows/alert_plan.h>
 #include <plix/windows/background_plan.h>
+#include <plix/windows/date_entry.h>
+#include <plix/windows/date_plans.h>

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <plix/platform/base/export.h>
 #include <plix/platform/graphics/geometry.h>
 
 #include <array>
@@ -29,7 +30,7 @@ struct DatePanelLayout {
     friend bool operator==(DatePanelLayout const&, DatePanelLayout const&) = default;
 };
 
-DatePanelLayout datePanelLayout(DatePanelSizes const&, DateEntryKind);
+PLIX_EXPORT DatePanelLayout datePanelLayout(DatePanelSizes const&, DateEntryKind);
 
 /// The three parts of a date as they are entered one by one.
 enum class DatePart : std::uint8_t { month, day, year };
@@ -37,7 +38,7 @@ using DateFieldOrder = std::array<DatePart, 3>;
 
 /// The order in which a calendar format asks for month (b, B, m), day (d, e) and year (y, Y); other characters, the percent signs
 /// too, do not count. Nothing where the format tells no order.
-std::optional<DateFieldOrder> dateFieldOrder(std::string_view format);
+PLIX_EXPORT std::optional<DateFieldOrder> dateFieldOrder(std::string_view format);
 
 /// The x positions of that order: the entries and the separators between them, and the titles below the entries.
 struct DateFieldPositions {
@@ -47,6 +48,6 @@ struct DateFieldPositions {
     friend bool operator==(DateFieldPositions const&, DateFieldPositions const&) = default;
 };
 
-DateFieldPositions dateFieldPositions(DateFieldOrder const&);
+PLIX_EXPORT DateFieldPositions dateFieldPositions(DateFieldOrder const&);
 
 }

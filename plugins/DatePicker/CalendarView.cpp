@@ -18,6 +18,7 @@ namespace plix {
 namespace {
 
 constexpr float dayRadius = 4;
+constexpr float litStrength = 0.12F;
 
 void drawCentered(std::string_view text, Rect rect, NSFont const& font, NSColor const& color)
 {
@@ -154,10 +155,10 @@ void CalendarView::drawArrow(Rect rect, bool pointsLeft, bool isLit) const
     auto const& theme = Theme::current();
     GraphicsState const saved;
     if (isLit) {
-        NSColor::selectedMenuItemColor()->setFill();
+        theme.color(ThemeRole::menuText)->colorWithAlphaComponent(litStrength)->setFill();
         Theme::roundedRect(NSInsetRect(rect, 2, 1), dayRadius)->fill();
     }
-    theme.color(isLit ? ThemeRole::menuHighlightText : ThemeRole::menuText)->setStroke();
+    theme.color(ThemeRole::menuText)->setStroke();
     Point const middle { std::floor(rect.midX()), std::floor(rect.midY()) };
     float const tip = pointsLeft ? -2.5F : 2.5F;
     auto const path = NSBezierPath::bezierPath();
@@ -187,12 +188,14 @@ void CalendarView::drawDay(int index) const
             Theme::roundedRect(rect, dayRadius)->fill();
         }
         bool const isLit = m_lit.part == Part::day && m_lit.day == index;
-        if (day == m_today || (isLit && !isMarked)) {
-            theme.color(isMarked ? ThemeRole::menuHighlightText
-                         : isLit ? ThemeRole::menuText
-                                 : ThemeRole::menuKeyText)
-                ->setStroke();
-            auto const ring = Theme::roundedRect(NSInsetRect(rect, isMarked ? 1.5F : 0.5F, isMarked ? 1.5F : 0.5F), dayRadius);
+        if (isLit && !isMarked) {
+            theme.color(ThemeRole::menuText)->colorWithAlphaComponent(litStrength)->setFill();
+            Theme::roundedRect(rect, dayRadius)->fill();
+        }
+        if (day == m_today) {
+            theme.color(isMarked ? ThemeRole::menuHighlightText : ThemeRole::menuKeyText)->setStroke();
+            float const inset = isMarked ? 1.5F : 0.5F;
+            auto const ring = Theme::roundedRect(NSInsetRect(rect, inset, inset), dayRadius);
             ring->setLineWidth(1);
             ring->stroke();
         }

@@ -75,6 +75,12 @@ void PLIXTextDatePicker::keyDown(NSEvent& event)
         Base::keyDown(event);
 }
 
+void PLIXTextDatePicker::viewWillMoveToWindow(NSWindow* newWindow)
+{
+    dismissCalendar(*this);
+    Base::viewWillMoveToWindow(newWindow);
+}
+
 void PLIXTextDatePicker::setFrameSize(Size size)
 {
     Base::setFrameSize(size);

@@ -30,6 +30,7 @@ public:
 
     // NSView:
     void keyDown(NSEvent&) override;
+    void viewWillMoveToWindow(NSWindow*) override;
     /// The text is as large as the width allows, down to that of small controls.
     void setFrameSize(Size) override;
 

@@ -16,6 +16,9 @@ namespace plix {
 
 namespace {
 
+class OpenCalendar;
+OpenCalendar* s_open { nullptr };
+
 class OpenCalendar {
 public:
     OpenCalendar(NSView& view, Rect rect, CalendarChoice const&);
@@ -24,6 +27,8 @@ public:
     OpenCalendar& operator=(OpenCalendar const&) = delete;
 
     std::optional<CalendarDay> run(bool isHeld);
+    void end();
+    NSView const* view() const { return m_view.get(); }
 
 private:
     void handle(NSEvent&);
@@ -36,6 +41,7 @@ private:
     Ref<NSWindow> m_window;
     Ref<CalendarView> m_calendar;
     Ref<NSObject> m_activation;
+    OpenCalendar* m_outer;
     std::optional<CalendarDay> m_chosen;
     bool m_isEnded { false };
     /// The button went down on a day, or has come to one since it went down on what opened the calendar.
@@ -45,6 +51,7 @@ private:
 
 OpenCalendar::OpenCalendar(NSView& view, Rect rect, CalendarChoice const& choice)
     : m_view(view)
+    , m_outer(std::exchange(s_open, this))
 {
     auto const inBase = view.convertRectToView(rect, nullptr);
     Rect const onScreen = rectWith(view.window()->convertBaseToScreen(inBase.origin()), inBase.size());
@@ -57,12 +64,7 @@ OpenCalendar::OpenCalendar(NSView& view, Rect rect, CalendarChoice const& choice
     m_calendar = make<CalendarView>(choice.marked, choice.today, choice.limits);
     m_window->setContentView(m_calendar);
     m_activation = NSNotificationCenter::defaultCenter().addObserver(
-        [this](NSNotification const&) {
-            m_isEnded = true;
-            NSApp->postEvent(
-                *NSEvent::otherEventWithType(NSApplicationDefined, {}, 0, clock().uptime(), 0, nullptr, 0, 0, 0), false);
-        },
-        NSApplicationDidResignActiveNotification);
+        [this](NSNotification const&) { end(); }, NSApplicationDidResignActiveNotification);
     m_window->orderFront(nullptr);
 }
 
@@ -70,6 +72,13 @@ OpenCalendar::~OpenCalendar()
 {
     NSNotificationCenter::defaultCenter().removeObserver(*m_activation);
     m_window->close();
+    s_open = m_outer;
+}
+
+void OpenCalendar::end()
+{
+    m_isEnded = true;
+    NSApp->postEvent(*NSEvent::otherEventWithType(NSApplicationDefined, {}, 0, clock().uptime(), 0, nullptr, 0, 0, 0), false);
 }
 
 std::optional<CalendarDay> OpenCalendar::run(bool isHeld)
@@ -180,6 +189,12 @@ std::optional<CalendarDay> runCalendar(NSView& view, Rect rect, CalendarChoice c
         return std::nullopt;
     Ref<NSView> const kept(view);
     return OpenCalendar(view, rect, choice).run(opening && NSEvent::pressedMouseButtons() != 0);
+}
+
+void dismissCalendar(NSView const& view)
+{
+    if (s_open && s_open->view() == &view)
+        s_open->end();
 }
 
 bool isCalendarKey(NSEvent& event)

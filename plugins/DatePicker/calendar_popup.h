@@ -21,6 +21,9 @@ struct CalendarChoice {
 /// Space choose, Escape and a press elsewhere dismiss, and so does Tab, which goes on to the view.
 std::optional<CalendarDay> runCalendar(NSView&, Rect, CalendarChoice const&, NSEvent* opening);
 
+/// Dismisses the calendar that is open for the view, if there is one.
+void dismissCalendar(NSView const&);
+
 /// Whether the event is the key that opens a calendar, and closes one: F4, or an upward or downward arrow with Option.
 bool isCalendarKey(NSEvent&);
 

@@ -101,6 +101,15 @@ void NSDatePicker::takeHooks(HookSource const& source)
     pickerCell().takeHooks(source);
 }
 
+void NSDatePicker::setEnabled(bool isEnabled)
+{
+    if (!isEnabled) {
+        pickerCell().selectField(pickerCell().selectedField());
+        pickerCell().setDateValue(pickerCell().dateValue());
+    }
+    Base::setEnabled(isEnabled);
+}
+
 void NSDatePicker::mouseDown(NSEvent& event)
 {
     if (isEnabled() && acceptsFirstResponder() && window())

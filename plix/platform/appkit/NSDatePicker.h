@@ -37,6 +37,8 @@ public:
     void takeHooks(HookSource const&);
 
     // NSView, NSControl:
+    /// What is empty when a picker is disabled shows the date's again.
+    void setEnabled(bool) override;
     void mouseDown(NSEvent&) override;
     void keyDown(NSEvent&) override;
     bool becomeFirstResponder() override;
