@@ -69,8 +69,10 @@ list(APPEND PLIX_LOGIC_SOURCES
     platform/host/desktop/ClickCounter.cpp
     platform/host/desktop/DeliveryQueue.cpp
     platform/host/desktop/key_translation.cpp
+    platform/host/desktop/SsipSession.cpp
     platform/host/desktop/screen_space.cpp
     platform/host/media_components.cpp
+    platform/host/desktop/ssip_text.cpp
     platform/host/sound_kind.cpp
     platform/host/sound_volume.cpp
     platform/host/spoken_text.cpp
