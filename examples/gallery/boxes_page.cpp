@@ -1,4 +1,5 @@
 #include "boxes_page.h"
+#include "Desk.h"
 #include "picture_samples.h"
 
 #include <plix/controls/TQSplitView.h>
@@ -21,18 +22,9 @@ constexpr float margin = 20;
 constexpr float pageWidth = 640;
 constexpr float pageHeight = 540;
 
-/// Shows everything as in an active window.
-class Desk final : public NSView {
+class Sheet final : public Desk {
 public:
-    using NSView::init;
-    bool isFlipped() const override { return true; }
-    bool isOpaque() const override { return true; }
-    bool looksActive() const override { return true; }
-    void drawRect(Rect dirty) override
-    {
-        NSColor::windowBackgroundColor()->set();
-        NSRectFill(dirty);
-    }
+    using Desk::init;
     void addHeading(std::string_view text, Point place)
     {
         auto const label = NSTextField::labelWithString(text);
@@ -62,7 +54,7 @@ public:
     }
 };
 
-void addBox(Desk& desk, Rect frame, char const* title, NSBorderType border, NSTitlePosition position)
+void addBox(Sheet& desk, Rect frame, char const* title, NSBorderType border, NSTitlePosition position)
 {
     auto const box = make<NSBox>(frame);
     box->setTitle(title);
@@ -71,7 +63,7 @@ void addBox(Desk& desk, Rect frame, char const* title, NSBorderType border, NSTi
     desk.addSubview(*box);
 }
 
-void addBoxes(Desk& desk)
+void addBoxes(Sheet& desk)
 {
     desk.addHeading("Boxes", { margin, margin });
     addBox(desk, { 20, 46, 140, 80 }, "At the top", NSGrooveBorder, NSAtTop);
@@ -83,7 +75,7 @@ void addBoxes(Desk& desk)
     desk.addSubview(*line);
 }
 
-void addImages(Desk& desk, PictureSamples const& samples)
+void addImages(Sheet& desk, PictureSamples const& samples)
 {
     desk.addHeading("Images", { margin, 156 });
     struct Kind {
@@ -114,7 +106,7 @@ Ref<NSProgressIndicator> indicator(Rect frame, NSProgressIndicatorStyle style, N
     return made;
 }
 
-void addProgress(Desk& desk)
+void addProgress(Sheet& desk)
 {
     desk.addHeading("Progress", { margin, 274 });
     float y = 302;
@@ -141,7 +133,7 @@ void addProgress(Desk& desk)
     desk.addSubview(*indicator({ 404, 330, 32, 32 }, NSProgressIndicatorSpinningStyle, NSRegularControlSize));
 }
 
-void addSplits(Desk& desk)
+void addSplits(Sheet& desk)
 {
     desk.addHeading("Split views", { margin, 400 });
     auto const fill = [&](NSSplitView& split, bool isVertical, Size share) {
@@ -161,7 +153,7 @@ void addSplits(Desk& desk)
 
 Ref<NSView> makeBoxesPage()
 {
-    auto desk = make<Desk>(Rect { 0, 0, pageWidth, pageHeight });
+    auto desk = make<Sheet>(Rect { 0, 0, pageWidth, pageHeight });
     auto const samples = PictureSamples::make();
     addBoxes(*desk);
     addImages(*desk, samples);

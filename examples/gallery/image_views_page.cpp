@@ -1,4 +1,5 @@
 #include "image_views_page.h"
+#include "Desk.h"
 #include "picture_samples.h"
 
 #include <plix/controls/PLIXImageView.h>
@@ -22,17 +23,9 @@ constexpr float gap = 24;
 constexpr float pageWidth = 3 * place.width + 4 * gap;
 constexpr float pageHeight = 424;
 
-class Desk final : public NSView {
+class Sheet final : public Desk {
 public:
-    using NSView::init;
-    bool isFlipped() const override { return true; }
-    bool isOpaque() const override { return true; }
-    bool looksActive() const override { return true; }
-    void drawRect(Rect dirty) override
-    {
-        NSColor::windowBackgroundColor()->set();
-        NSRectFill(dirty);
-    }
+    using Desk::init;
     /// In the next place of three a row, with its caption below.
     void add(NSView& view, std::string_view caption)
     {
@@ -77,7 +70,7 @@ Ref<NSImage> checkered(Size size)
     return image;
 }
 
-void addImageViews(Desk& desk, PictureSamples const& samples)
+void addImageViews(Sheet& desk, PictureSamples const& samples)
 {
     desk.add(*imageView(), "No image, no caption");
     auto const captioned = imageView();
@@ -115,7 +108,7 @@ template <typename Control> Ref<Control> segmented(Ref<NSSegmentedCell> const& c
     return control;
 }
 
-void addSegments(Desk& desk, PictureSamples const& samples)
+void addSegments(Sheet& desk, PictureSamples const& samples)
 {
     float const y = gap + 2 * (place.height + 40) + 10;
     auto const lined = segmented<PLIXSegmentedControl>(make<PLIXSegmentedCell>());
@@ -134,7 +127,7 @@ void addSegments(Desk& desk, PictureSamples const& samples)
 
 Ref<NSView> makeImageViewsPage()
 {
-    auto desk = make<Desk>(Rect { 0, 0, pageWidth, pageHeight });
+    auto desk = make<Sheet>(Rect { 0, 0, pageWidth, pageHeight });
     auto const samples = PictureSamples::make();
     addImageViews(*desk, samples);
     addSegments(*desk, samples);

@@ -8,6 +8,7 @@
 #include "labels_page.h"
 #include "live_page.h"
 #include "tables_page.h"
+#include "tabs_page.h"
 #include "text_page.h"
 
 #include <examples/support/example_options.h>
@@ -35,6 +36,7 @@ constexpr Page allPages[] {
     { "boxes", "Boxes and progress", makeBoxesPage },
     { "image_views", "Image views and segments", makeImageViewsPage },
     { "tables", "Tables and outlines", makeTablesPage },
+    { "tabs", "Tab views", makeTabsPage },
     { "labels", "Engraved labels", makeLabelsPage },
     { "many_labels", "300 engraved labels", makeManyLabelsPage },
     { "chiseled", "Engraved titles", makeChiseledPage },

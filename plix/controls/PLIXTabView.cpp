@@ -1,7 +1,6 @@
 #include <plix/controls/PLIXTabView.h>
 
 #include <plix/controls/PLIXTabViewItem.h>
-#include <plix/controls/tab_window_fit.h>
 #include <plix/platform/appkit/NSText.h>
 #include <plix/platform/appkit/NSWindow.h>
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <plix/controls/PLIXTabViewDelegate.h>
+#include <plix/controls/tab_window_fit.h>
 #include <plix/platform/appkit/NSTabView.h>
 
 namespace plix {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <plix/platform/base/export.h>
 #include <plix/platform/graphics/geometry.h>
 
 #include <span>
@@ -26,19 +27,19 @@ struct PaneFit {
 
 /// The height that the subviews want, 35 points more with the chrome; the top edge and the width stay. The lowest subview comes to
 /// stand 20 points above the pane's bottom. Without subviews nothing changes.
-PaneFit windowFrameFittingPane(Rect window, Size tabView, Size contentRect, std::span<Rect const> subviews);
+PLIX_EXPORT PaneFit windowFrameFittingPane(Rect window, Size tabView, Size contentRect, std::span<Rect const> subviews);
 /// Both sizes, with other margins, which is meant: 34 and 40 points more, the subviews 20 and 18 points from the pane's corner. The
 /// top edge stays, the width grows both ways.
-PaneFit windowFrameFittingPaneXY(Rect window, Size tabView, Size contentRect, std::span<Rect const> subviews);
+PLIX_EXPORT PaneFit windowFrameFittingPaneXY(Rect window, Size tabView, Size contentRect, std::span<Rect const> subviews);
 /// For a pane with a size of its own, on whole points.
-Rect windowFrameFittingCustomView(Rect window, Size contentRect, Size customView, unsigned long windowResizeMode);
+PLIX_EXPORT Rect windowFrameFittingCustomView(Rect window, Size contentRect, Size customView, unsigned long windowResizeMode);
 
 /// A tab's label with an image before its text.
 struct TabLabelPlan {
     Rect image; ///< square
     Rect text; ///< as wide as without image, which is meant
 };
-Size tabLabelSize(Size textLabel);
-TabLabelPlan tabLabelPlan(Rect label, float imageHeight);
+PLIX_EXPORT Size tabLabelSize(Size textLabel);
+PLIX_EXPORT TabLabelPlan tabLabelPlan(Rect label, float imageHeight);
 
 }
