@@ -61,6 +61,7 @@
 #include <plix/platform/appkit/NSMenuDelegate.h>
 #include <plix/platform/appkit/NSMenuItem.h>
 #include <plix/platform/appkit/NSModalSession.h>
+#include <plix/platform/appkit/NSNib.h>
 #include <plix/platform/appkit/NSOutlineView.h>
 #include <plix/platform/appkit/NSOutlineViewDataSource.h>
 #include <plix/platform/appkit/NSOutlineViewDelegate.h>

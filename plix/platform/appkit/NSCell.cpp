@@ -17,6 +17,7 @@ namespace plix {
 
 PLIX_DESCRIBE(NSCell)
 {
+    description.outlet("formatter", &NSCell::setFormatter);
 }
 
 NSCell::NSCell()

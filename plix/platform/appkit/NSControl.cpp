@@ -45,6 +45,7 @@ bool NSControl::init(NSCoder& coder)
     if (!Base::init(coder))
         return false;
     coder.read("cell", [&](ObjectValue const& value) { NSControl::setCell(value.as<NSCell>()); });
+    coder.read("tag", [&](ObjectValue const& value) { NSControl::setTag(value.intValue()); });
     coder.read("ignoresMultiClick", [&](ObjectValue const& value) { m_ignoresMultiClick = value.boolValue(); });
     if (!m_cell && ownCellClass())
         NSControl::setCell(as<NSCell>(ownCellClass()->makeObject()));

@@ -55,8 +55,20 @@ bool NSScrollView::init(NSCoder& coder)
         if (auto const clip = value.as<NSClipView>())
             setContentView(clip);
     });
+    takeScroller(coder, "verticalScroller", m_hasVerticalScroller, m_verticalScroller);
+    takeScroller(coder, "horizontalScroller", m_hasHorizontalScroller, m_horizontalScroller);
     tile();
     return true;
+}
+
+void NSScrollView::takeScroller(NSCoder& coder, std::string_view key, bool isWanted, Ref<NSScroller>& slot)
+{
+    auto const scroller = isWanted ? coder.decodeForKey<NSScroller>(key) : nullptr;
+    if (!scroller)
+        return;
+    // One that hid itself may come in sight here.
+    scroller->setHidden(false);
+    setScroller(slot, scroller);
 }
 
 void NSScrollView::encodeWithCoder(NSCoder& coder) const

@@ -110,6 +110,7 @@ private:
     void scrollerMoved(NSObject* sender);
     void scrollToScrollerValue(NSScroller const&, Axis);
     void setScroller(Ref<NSScroller>& slot, Ref<NSScroller> const&);
+    void takeScroller(NSCoder&, std::string_view key, bool isWanted, Ref<NSScroller>& slot);
     Ref<NSScroller> makeScroller(Axis);
     bool canScroll(Axis) const;
     /// In points, towards the end of the document for positive values; y by what is down on the screen.

@@ -15,7 +15,10 @@ namespace plix {
 
 PLIX_DESCRIBE(NSView)
 {
-    description.outlet<NSView>("nextKeyView", [](NSView& view, Ref<NSView> const& next) { view.setNextKeyView(next.get()); });
+    description.outlet<NSView>("nextKeyView", [](NSView& view, Ref<NSView> const& next) { view.setNextKeyView(next.get()); })
+        .outlet("menu", &NSView::setMenu)
+        .property("hidden", &NSView::setHidden)
+        .property("toolTip", &NSView::setToolTip);
 }
 
 NSView::NSView() = default;

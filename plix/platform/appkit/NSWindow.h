@@ -54,6 +54,14 @@ enum NSWindowButton : int {
     NSWindowDocumentIconButton,
 };
 
+/// The arguments of a window's content-rectangle init.
+struct WindowPlacement {
+    Rect contentRect;
+    unsigned styleMask { NSBorderlessWindowMask };
+    NSBackingStoreType backing { NSBackingStoreBuffered };
+    bool defer { true };
+};
+
 /// A window on the screen. Its frame is in screen coordinates, y upwards, and includes what the window system puts around the
 /// content; base coordinates begin at the frame's lower left corner. The application keeps a window while it is on screen;
 /// otherwise whoever made it does. The host's window is made when the window first comes on screen.
@@ -76,6 +84,13 @@ public:
     /// Archived are place, style, title, limits, colour and content; the window is off screen.
     bool init(NSCoder&);
     void encodeWithCoder(NSCoder&) const override;
+    /// The content-rectangle init of that very class, for its descriptor: windows of interface files are made by it.
+    template <typename Window>
+    requires requires(Window& window, Rect rect, NSBackingStoreType backing) { window.init(rect, 0U, backing, true); }
+    static bool initWithPlacement(Window& window, WindowPlacement const& placement)
+    {
+        return window.init(placement.contentRect, placement.styleMask, placement.backing, placement.defer);
+    }
 
     // Frame and content.
     static Rect frameRectForContentRect(Rect, unsigned styleMask);

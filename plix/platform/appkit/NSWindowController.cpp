@@ -8,7 +8,7 @@ namespace plix {
 
 PLIX_DESCRIBE(NSWindowController)
 {
-    description.action("showWindow:", &NSWindowController::showWindow);
+    description.outlet("window", &NSWindowController::setWindow).action("showWindow:", &NSWindowController::showWindow);
 }
 
 NSWindowController::NSWindowController() = default;

@@ -18,6 +18,7 @@
 #include <plix/platform/appkit/NSImageView.h>
 #include <plix/platform/appkit/NSMenu.h>
 #include <plix/platform/appkit/NSMenuItem.h>
+#include <plix/platform/appkit/NSNib.h>
 #include <plix/platform/appkit/NSOutlineView.h>
 #include <plix/platform/appkit/NSPanel.h>
 #include <plix/platform/appkit/NSPasteboard.h>
@@ -68,6 +69,7 @@ void registerAppKitClasses()
     NSTextField::staticClass();
     NSMenu::staticClass();
     NSMenuItem::staticClass();
+    NSNib::staticClass();
     NSButtonCell::staticClass();
     NSButton::staticClass();
     NSText::staticClass();

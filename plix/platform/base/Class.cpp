@@ -53,6 +53,24 @@ Class::Outlet const* Class::outlet(std::string_view name) const
     return nullptr;
 }
 
+Class::Property const* Class::property(std::string_view name) const
+{
+    for (auto const* current = this; current; current = current->m_superclass) {
+        if (auto found = current->m_properties.find(std::string(name)); found != current->m_properties.end())
+            return &found->second;
+    }
+    return nullptr;
+}
+
+bool Class::initWindow(NSObject& fresh, WindowPlacement const& placement) const
+{
+    for (auto const* current = this; current; current = current->m_superclass) {
+        if (current->m_initWindow)
+            return current->m_initWindow(fresh, placement);
+    }
+    return false;
+}
+
 HookSource Class::hookSource(NSObject& object) const
 {
     auto source = HookSource::pack<>(Ref<NSObject>(object));

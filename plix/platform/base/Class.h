@@ -2,6 +2,7 @@
 
 #include <plix/platform/base/HookSource.h>
 #include <plix/platform/base/NSObject.h>
+#include <plix/platform/base/ObjectValue.h>
 #include <plix/platform/base/Selector.h>
 
 #include <functional>
@@ -14,6 +15,7 @@
 namespace plix {
 
 template <typename T> class ClassDescription;
+struct WindowPlacement;
 
 /// What is known of a class at run time: its name and superclass, how to make one, its outlets and actions by name, the
 /// bundle that holds its resources. Interface files, archives, key bindings, copying and class look-up use it.
@@ -23,6 +25,8 @@ public:
     using Action = std::function<void(NSObject& receiver, NSObject* sender)>;
     /// Connects an object to an outlet; false where the object is of a class that the outlet does not take.
     using Outlet = std::function<bool(NSObject& receiver, NSObject* object)>;
+    /// Sets a property; false where the value is of a kind that the property does not take.
+    using Property = std::function<bool(NSObject& receiver, ObjectValue const& value)>;
 
     template <typename T>
     static Class const& describe(char const* name, Class const* superclass, void (*describer)(ClassDescription<T>&));
@@ -45,9 +49,14 @@ public:
     /// Runs the class's init(NSCoder&) on a freshly allocated object of exactly this class; false where it answers nil.
     bool initObject(NSObject& fresh, NSCoder& coder) const { return m_readFromCoder && m_readFromCoder(fresh, coder); }
 
+    /// Runs the content-rectangle init of a class of windows on a freshly allocated object of exactly this class, or the nearest
+    /// one above that has it; false where it answers nil, and for what is no window.
+    bool initWindow(NSObject& fresh, WindowPlacement const&) const;
+
     /// Looked up here and then in the superclasses; null where none describes it.
     Action const* action(Selector) const;
     Outlet const* outlet(std::string_view name) const;
+    Property const* property(std::string_view name) const;
     /// Packs an object of this class as a delegate or data source with the sets of hooks that its description names.
     HookSource hookSource(NSObject&) const;
     /// The name of the bundle that holds the class's resources, inherited from the superclass; empty for the application's own.
@@ -67,9 +76,11 @@ private:
     std::function<Ref<NSObject>()> m_allocate;
     std::function<Ref<NSObject>()> m_make;
     bool (*m_readFromCoder)(NSObject&, NSCoder&) { nullptr };
+    bool (*m_initWindow)(NSObject&, WindowPlacement const&) { nullptr };
     std::function<HookSource(NSObject&)> m_packHooks;
     std::unordered_map<Selector, Action> m_actions;
     std::unordered_map<std::string, Outlet> m_outlets;
+    std::unordered_map<std::string, Property> m_properties;
     std::string m_bundleName;
 };
 
@@ -117,6 +128,22 @@ public:
         };
         return *this;
     }
+    /// A property that interface files may set by name, with its setter: of a truth value, a number, a text, a Ref, or any value.
+    template <typename C, typename Argument> ClassDescription& property(char const* name, void (C::*setter)(Argument))
+    {
+        m_class.m_properties[name] = [setter](NSObject& receiver, ObjectValue const& value) {
+            return withValue<std::remove_cvref_t<Argument>>(
+                value, [&](auto&& argument) { (static_cast<T&>(receiver).*setter)(std::forward<decltype(argument)>(argument)); });
+        };
+        return *this;
+    }
+    /// The same with a function of the receiver and the value that says whether it took it.
+    template <typename Setter> ClassDescription& property(char const* name, Setter setter)
+    {
+        m_class.m_properties[name]
+            = [setter](NSObject& receiver, ObjectValue const& value) -> bool { return setter(static_cast<T&>(receiver), value); };
+        return *this;
+    }
     /// The sets of hooks that an object of this class fills when an interface file connects it.
     template <typename... Sets> ClassDescription& fillsHooks()
     {
@@ -130,6 +157,34 @@ public:
     }
 
 private:
+    template <typename Value, typename Take> static bool withValue(ObjectValue const& value, Take take)
+    {
+        if constexpr (std::is_same_v<Value, ObjectValue>) {
+            take(value);
+        } else if constexpr (std::is_same_v<Value, bool>) {
+            if (!value.isNumber())
+                return false;
+            take(value.boolValue());
+        } else if constexpr (std::is_arithmetic_v<Value> || std::is_enum_v<Value>) {
+            if (!value.isNumber())
+                return false;
+            if constexpr (std::is_floating_point_v<Value>)
+                take(static_cast<Value>(value.doubleValue()));
+            else
+                take(static_cast<Value>(value.integerValue()));
+        } else if constexpr (std::is_convertible_v<std::string, Value>) {
+            if (!value.isString())
+                return false;
+            take(*value.string());
+        } else {
+            auto object = value.as<std::remove_pointer_t<decltype(std::declval<Value>().get())>>();
+            if (!object && !value.isNil())
+                return false;
+            take(Value(std::move(object)));
+        }
+        return true;
+    }
+
     Class& m_class;
 };
 
@@ -148,6 +203,10 @@ Class const& Class::describe(char const* name, Class const* superclass, void (*d
             described.m_make = [] { return Ref<NSObject>(make<T>()); };
         if constexpr (requires(T & object, NSCoder & coder) { object.init(coder); })
             described.m_readFromCoder = [](NSObject& object, NSCoder& coder) { return static_cast<T&>(object).init(coder); };
+        if constexpr (requires(T & object, WindowPlacement const& placement) { T::initWithPlacement(object, placement); })
+            described.m_initWindow = [](NSObject& object, WindowPlacement const& placement) {
+                return T::initWithPlacement(static_cast<T&>(object), placement);
+            };
     }
     ClassDescription<T> description(described);
     describer(description);

@@ -8,12 +8,21 @@
 #include <cassert>
 #include <functional>
 #include <thread>
+#include <unordered_map>
+#include <utility>
+#include <vector>
 
 namespace plix {
 
 namespace {
 
 std::atomic<std::thread::id> s_mainThread {};
+
+std::unordered_map<NSObject const*, std::vector<Ref<NSObject>>>& companions()
+{
+    static auto& s_companions = *new std::unordered_map<NSObject const*, std::vector<Ref<NSObject>>>;
+    return s_companions;
+}
 
 }
 
@@ -36,6 +45,9 @@ NSObject::NSObject()
 NSObject::~NSObject()
 {
     m_isBeingDestroyed = true;
+    if (m_hasCompanions) {
+        auto const released = companions().extract(this); // out of the table first: their destructors may come back to it
+    }
     if (!m_weakLink)
         return;
     m_weakLink->object = nullptr;
@@ -102,6 +114,14 @@ bool NSObject::perform(Selector selector, NSObject* argument)
 bool NSObject::respondsToSelector(Selector selector) const
 {
     return describedClass().action(selector) != nullptr;
+}
+
+void NSObject::keepAlive(Ref<NSObject> companion)
+{
+    if (!companion || companion == this)
+        return;
+    companions()[this].push_back(std::move(companion));
+    m_hasCompanions = true;
 }
 
 void NSObject::retain() const

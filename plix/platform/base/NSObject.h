@@ -63,6 +63,9 @@ public:
     /// Told to every object of an interface file when all its connections are made.
     virtual void awakeFromNib() { }
 
+    /// Holds a companion as long as the receiver lives. Nothing for null or the receiver itself.
+    void keepAlive(Ref<NSObject> companion);
+
     /// Never used again for another object, unlike the address.
     std::uint64_t serialNumber() const { return m_serialNumber; }
 
@@ -86,6 +89,7 @@ private:
     mutable std::uint32_t m_references { 1 };
     mutable bool m_isAdopted { false };
     mutable bool m_isBeingDestroyed { false };
+    bool m_hasCompanions { false };
 };
 
 /// Makes an object and runs T::init(arguments...). Null where init answers false. Where T itself has a static

@@ -1,0 +1,115 @@
+#include <plix/platform/appkit/NSNib.h>
+
+#include <plix/platform/appkit/classes.h>
+#include <plix/platform/appkit/nib/NibLoader.h>
+#include <plix/platform/base/NSData.h>
+#include <plix/platform/base/NSLog.h>
+#include <plix/platform/base/utf16.h>
+#include <plix/platform/foundation/NSBundle.h>
+#include <plix/platform/foundation/file_bytes.h>
+#include <plix/platform/foundation/path_operations.h>
+
+namespace plix {
+
+namespace {
+
+constexpr std::size_t largestFile = std::size_t { 16 } << 20;
+
+/// Names are often given with the extension of a compiled interface file.
+std::string baseName(std::string_view name)
+{
+    auto const extension = pathExtension(name);
+    return extension == "xib" || extension == "nib" ? stringByDeletingPathExtension(name) : std::string(name);
+}
+
+std::optional<std::string> pathOfNib(std::string_view name, NSBundle const& bundle)
+{
+    return bundle.pathForResource(baseName(name), "xib");
+}
+
+}
+
+PLIX_DESCRIBE(NSNib)
+{
+}
+
+NSNib::NSNib() = default;
+NSNib::~NSNib() = default;
+
+bool NSNib::init(std::string_view nibName, NSBundle* bundle)
+{
+    m_bundle = bundle ? bundle : &NSBundle::mainBundle();
+    m_name = baseName(nibName);
+    auto const path = pathOfNib(nibName, *m_bundle);
+    auto const bytes = path ? readFileBytes(*path, largestFile) : std::nullopt;
+    if (!bytes) {
+        NSLog("interface file \"" + validUTF8(nibName) + "\" could not be read");
+        return false;
+    }
+    m_name = baseName(lastPathComponent(*path));
+    return read(*bytes);
+}
+
+bool NSNib::init(NSData const& document, NSBundle* bundle)
+{
+    m_bundle = bundle ? bundle : &NSBundle::mainBundle();
+    auto const bytes = document.bytes();
+    return read({ bytes.begin(), bytes.end() });
+}
+
+bool NSNib::read(std::vector<std::uint8_t> const& bytes)
+{
+    registerAppKitClasses();
+    std::string problem;
+    m_document = NibDocument::read(bytes, problem);
+    if (!m_document)
+        NSLog("interface file \"" + m_name + "\" is refused: " + problem);
+    return m_document != nullptr;
+}
+
+bool NSNib::instantiateNibWithOwner(NSObject* owner)
+{
+    return instantiateNibWithOwner(owner, nullptr);
+}
+
+bool NSNib::instantiateNibWithOwner(NSObject* owner, std::vector<Ref<NSObject>>* topLevelObjects)
+{
+    Ref<NSNib> const protector(this);
+    NibLoader loader(*m_document, owner, [this](NibText const& text) {
+        if (text.key.empty() || m_name.empty())
+            return text.text;
+        auto localized = m_bundle->localizedStringForKey(text.key, text.text, m_name);
+        return localized == text.key ? text.text : localized; // an empty text has the key answered where there is no entry
+    });
+    bool const isLoaded = loader.load();
+    for (auto const& warning : m_document->warnings)
+        NSLog("interface file \"" + m_name + "\": " + warning);
+    for (auto const& warning : loader.warnings())
+        NSLog("interface file \"" + m_name + "\": " + warning);
+    if (!isLoaded) {
+        NSLog("interface file \"" + m_name + "\" is refused: " + loader.problem());
+        return false;
+    }
+    if (topLevelObjects) {
+        *topLevelObjects = loader.topLevelObjects();
+    } else if (owner) {
+        for (auto const& object : loader.topLevelObjects())
+            owner->keepAlive(object);
+    }
+    return true;
+}
+
+bool loadNibNamed(std::string_view name, NSObject* owner)
+{
+    auto* const own = owner ? &NSBundle::bundleForClass(owner->describedClass()) : &NSBundle::mainBundle();
+    for (auto* const bundle : { own, &NSBundle::mainBundle(), &NSBundle::libraryBundle() }) {
+        if (!pathOfNib(name, *bundle))
+            continue;
+        auto const nib = make<NSNib>(name, bundle);
+        return nib && nib->instantiateNibWithOwner(owner);
+    }
+    NSLog("interface file \"" + validUTF8(name) + "\" is not there");
+    return false;
+}
+
+}
