@@ -2,6 +2,8 @@
 #include "controls_peer.h"
 #include "headless_machine.h"
 
+#include <plix/controls/PLIXTabView.h>
+#include <plix/controls/PLIXTabViewItem.h>
 #include <plix/platform/appkit/NSApplication.h>
 #include <plix/platform/appkit/NSBox.h>
 #include <plix/platform/appkit/NSButton.h>
@@ -9,6 +11,7 @@
 #include <plix/platform/appkit/NSProgressIndicator.h>
 #include <plix/platform/appkit/NSTextField.h>
 #include <plix/platform/appkit/NSWindow.h>
+#include <plix/platform/foundation/NSUserDefaults.h>
 #include <plix/platform/graphics/NSColor.h>
 
 #include <string>
@@ -21,6 +24,7 @@ namespace {
 constexpr int columns = 10;
 constexpr int rows = 20;
 constexpr Size cell { 110, 36 };
+constexpr float tabChromeHeight = 46;
 constexpr Size windowSize { columns * cell.width + 10, rows* cell.height + 10 };
 
 /// All kinds in turn, 25 of each.
@@ -93,6 +97,54 @@ Ref<NSView> viewOf(ControlSample const& sample)
     return nullptr;
 }
 
+std::vector<TabSample> twoTabs()
+{
+    // In the second one the rows are further apart.
+    std::vector<TabSample> tabs;
+    for (float const more : { 0.F, 1.F }) {
+        TabSample tab { assortedControls(), windowSize.height + tabChromeHeight + more * rows };
+        for (int i = 0; i < columns * rows; ++i)
+            tab.controls[static_cast<std::size_t>(i)].frame.y += more * static_cast<float>(i / columns);
+        tabs.push_back(std::move(tab));
+    }
+    return tabs;
+}
+
+/// A window that fits the pane of its selected tab, without animation.
+class Tabs {
+public:
+    explicit Tabs(std::vector<TabSample> const& samples)
+        : window(make<NSWindow>(rectWith({ 0, 0 }, windowSize), NSTitledWindowMask, NSBackingStoreBuffered, false))
+        , tabs(make<PLIXTabView>(rectWith({ 0, 0 }, windowSize)))
+    {
+        NSUserDefaults::standardUserDefaults().registerDefaults({ { "NSWindowResizeTime", 0.0 } });
+        window->contentView()->addSubview(*tabs);
+        for (auto const& sample : samples) {
+            auto const item = make<PLIXTabViewItem>();
+            item->setLabel("Controls");
+            for (auto control : sample.controls) {
+                control.frame.y = sample.windowHeight - control.frame.maxY();
+                item->view()->addSubview(*viewOf(control));
+            }
+            tabs->addTabViewItem(*item);
+        }
+        window->makeKeyAndOrderFront(nullptr);
+        window->displayIfNeeded();
+    }
+    ~Tabs() { window->close(); }
+    Tabs(Tabs const&) = delete;
+    Tabs& operator=(Tabs const&) = delete;
+
+    void selectOther()
+    {
+        tabs->selectTabViewItemAtIndex(1 - tabs->indexOfTabViewItem(*tabs->selectedTabViewItem()));
+        window->displayIfNeeded();
+    }
+
+    Ref<NSWindow> window;
+    Ref<PLIXTabView> tabs;
+};
+
 class Controls {
 public:
     explicit Controls(std::vector<ControlSample> const& samples)
@@ -147,6 +199,24 @@ PLIX_FIGURE("controls.window")
     }
     figure.wantRatio(2);
     figure.timeAgainst("Qt", { ours }, { peer.drawWindow });
+#else
+    figure.time({ ours });
+#endif
+}
+
+PLIX_FIGURE("tabs.switch")
+{
+    Machine const machine;
+    auto const samples = twoTabs();
+    Tabs tabs(samples);
+    auto const ours = [&] { tabs.selectOther(); };
+#ifdef PLIX_BENCH_QT
+    auto const peer = qtTabs(windowSize.width, samples);
+    if (peer.drawnControls != columns * rows) {
+        figure.skip("Qt draws " + std::to_string(peer.drawnControls) + " of the controls");
+        return;
+    }
+    figure.timeAgainst("Qt", { ours }, { peer.selectOther });
 #else
     figure.time({ ours });
 #endif

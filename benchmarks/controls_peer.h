@@ -28,8 +28,23 @@ struct ControlsPeer {
     int drawnControls { 0 };
 };
 
+/// A tab of a window that is measured: its controls, and how high the window is for it.
+struct TabSample {
+    std::vector<ControlSample> controls;
+    float windowHeight { 0 };
+};
+
+struct TabsPeer {
+    /// Selects the other tab, gives the window its height and draws what that changes.
+    std::function<void()> selectOther;
+    /// How many controls that draws.
+    int drawnControls { 0 };
+};
+
 #ifdef PLIX_BENCH_QT
 ControlsPeer qtControls(Size window, std::vector<ControlSample> const&);
+/// Two tabs.
+TabsPeer qtTabs(float windowWidth, std::vector<TabSample> const&);
 #endif
 
 }

@@ -10,6 +10,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QTabWidget>
 #include <QWidget>
 
 #include <memory>
@@ -69,6 +70,15 @@ QWidget* widgetOf(ControlSample const& sample, QWidget* window)
     return nullptr;
 }
 
+QWidget* addWidget(ControlSample const& sample, QWidget* window, PaintedChildren& painted)
+{
+    auto* const widget = widgetOf(sample, window);
+    widget->setGeometry(static_cast<int>(sample.frame.x), static_cast<int>(sample.frame.y), static_cast<int>(sample.frame.width),
+        static_cast<int>(sample.frame.height));
+    widget->installEventFilter(&painted);
+    return widget;
+}
+
 }
 
 ControlsPeer qtControls(Size size, std::vector<ControlSample> const& samples)
@@ -79,12 +89,9 @@ ControlsPeer qtControls(Size size, std::vector<ControlSample> const& samples)
     QLabel* label = nullptr;
     PaintedChildren painted;
     for (auto const& sample : samples) {
-        auto* const widget = widgetOf(sample, window.get());
-        widget->setGeometry(static_cast<int>(sample.frame.x), static_cast<int>(sample.frame.y),
-            static_cast<int>(sample.frame.width), static_cast<int>(sample.frame.height));
+        auto* const widget = addWidget(sample, window.get(), painted);
         if (!label)
             label = qobject_cast<QLabel*>(widget);
-        widget->installEventFilter(&painted);
     }
     window->show();
     QApplication::processEvents();
@@ -99,6 +106,38 @@ ControlsPeer qtControls(Size size, std::vector<ControlSample> const& samples)
         label->setText(isOther ? QStringLiteral("Changed") : QStringLiteral("Another"));
         label->repaint();
     };
+    return peer;
+}
+
+TabsPeer qtTabs(float windowWidth, std::vector<TabSample> const& samples)
+{
+    makeQtApplication();
+    auto const tabs = std::make_shared<QTabWidget>();
+    std::vector<QSize> sizes;
+    PaintedChildren painted;
+    for (auto const& sample : samples) {
+        auto* const pane = new QWidget;
+        for (auto const& control : sample.controls)
+            addWidget(control, pane, painted);
+        tabs->addTab(pane, QStringLiteral("Controls"));
+        sizes.emplace_back(static_cast<int>(windowWidth), static_cast<int>(sample.windowHeight));
+    }
+    tabs->resize(sizes.front());
+    tabs->show();
+    QApplication::processEvents();
+
+    TabsPeer peer;
+    peer.selectOther = [tabs, sizes] {
+        int const other = 1 - tabs->currentIndex();
+        tabs->setCurrentIndex(other);
+        tabs->resize(sizes[static_cast<std::size_t>(other)]);
+        tabs->repaint();
+    };
+    peer.selectOther();
+    QApplication::processEvents();
+    painted.seen.clear();
+    peer.selectOther();
+    peer.drawnControls = static_cast<int>(painted.seen.size());
     return peer;
 }
 

@@ -21,10 +21,7 @@ namespace plix::bench {
 
 namespace {
 
-using desktop::ChildProcess;
-using desktop::Seconds;
 using desktop::VirtualDisplay;
-using desktop::waitUntil;
 
 VirtualDisplay& sharedDisplay()
 {
@@ -82,7 +79,7 @@ Start start(std::vector<std::string> const& command)
     auto const before = std::chrono::steady_clock::now();
     ChildProcess program(command, environment);
     while (!showsList(watch)) {
-        if (!program.isRunning() || std::chrono::steady_clock::now() - before > desktop::s_patience)
+        if (!program.isRunning() || std::chrono::steady_clock::now() - before > s_patience)
             throw std::runtime_error(command.front() + " shows nothing");
     }
     Start result;
@@ -215,7 +212,7 @@ PLIX_FIGURE("loop.idle_wakeups")
         auto const before = last;
         return showsList(watch) && !waitUntil([&] { return (last = switches(browser.identifier())) != before; }, Seconds(1));
     };
-    if (!waitUntil(isAtRest, 3 * desktop::s_patience))
+    if (!waitUntil(isAtRest, 3 * s_patience))
         throw std::runtime_error("the browser does not come to rest");
     waitUntil([] { return false; }, quiet);
     figure.setUnit("in 5 s");
