@@ -10,6 +10,7 @@
 
 #include <plix/app/PLIXApplication.h>
 #include <plix/controls/TQSplitView.h>
+#include <plix/platform/appkit/NSButton.h>
 #include <plix/platform/appkit/NSEvent.h>
 #include <plix/platform/appkit/NSPanel.h>
 #include <plix/platform/appkit/NSPopUpButton.h>
@@ -18,6 +19,7 @@
 #include <plix/platform/appkit/NSTextField.h>
 #include <plix/platform/appkit/NSWindow.h>
 #include <plix/platform/appkit/Theme.h>
+#include <plix/platform/appkit/button_constants.h>
 #include <plix/platform/foundation/NSFileManager.h>
 #include <plix/platform/foundation/NSNotificationCenter.h>
 #include <plix/platform/foundation/NSTimer.h>
@@ -40,7 +42,9 @@ constexpr Rect startContent { 200, 200, 820, 500 };
 constexpr Size leastContent { 460, 260 };
 constexpr float treeWidth = 200;
 constexpr float styleWidth = 120;
+constexpr float datesWidth = 84;
 constexpr float topBarHeight = 48;
+constexpr float filterBarHeight = 30;
 constexpr float statusBarHeight = 24;
 constexpr float inputStatusWidth = 250;
 
@@ -95,6 +99,7 @@ void BrowserController::makeWindow()
     m_window->setContentMinSize(leastContent);
     auto& content = *m_window->contentView();
     makeBars(content);
+    makeFilterBar(content);
     makePanes(content);
     m_window->setInitialFirstResponder(&m_files->table());
     m_window->makeFirstResponder(&m_files->table());
@@ -107,9 +112,10 @@ void BrowserController::makeBars(NSView& content)
 
     auto top = make<BarView>(Rect { 0, area.height - topBarHeight, area.width, topBarHeight }, BarView::Edge::top);
     top->setShowsFolder(true);
-    m_nameLabel = makeLabel(
-        { 52, 7, area.width - styleWidth - 80, 17 }, NSFont::boldSystemFontOfSize(0), NSLeftTextAlignment, NSViewWidthSizable);
-    m_pathLabel = makeLabel({ 52, 25, area.width - styleWidth - 80, 15 }, small, NSLeftTextAlignment, NSViewWidthSizable);
+    m_nameLabel = makeLabel({ 52, 7, area.width - styleWidth - datesWidth - 88, 17 }, NSFont::boldSystemFontOfSize(0),
+        NSLeftTextAlignment, NSViewWidthSizable);
+    m_pathLabel
+        = makeLabel({ 52, 25, area.width - styleWidth - datesWidth - 88, 15 }, small, NSLeftTextAlignment, NSViewWidthSizable);
     m_pathLabel->cell()->setLineBreakMode(NSLineBreakByTruncatingHead);
     top->addSubview(*m_nameLabel);
     top->addSubview(*m_pathLabel);
@@ -118,6 +124,12 @@ void BrowserController::makeBars(NSView& content)
     m_stylePopUp->setToolTip("How selected rows look");
     m_stylePopUp->setAutoresizingMask(NSViewMinXMargin);
     top->addSubview(*m_stylePopUp);
+    m_datesButton = make<NSButton>(Rect { area.width - styleWidth - datesWidth - 20, 11, datesWidth, 26 });
+    m_datesButton->setBezelStyle(NSRoundedBezelStyle);
+    m_datesButton->setTitle("Dates …");
+    m_datesButton->setToolTip("Show only files that were modified between two dates");
+    m_datesButton->setAutoresizingMask(NSViewMinXMargin);
+    top->addSubview(*m_datesButton);
     content.addSubview(*top);
 
     auto bottom = make<BarView>(Rect { 0, 0, area.width, statusBarHeight }, BarView::Edge::bottom);
@@ -127,6 +139,33 @@ void BrowserController::makeBars(NSView& content)
     bottom->addSubview(*m_statusLabel);
     bottom->addSubview(*m_inputLabel);
     content.addSubview(*bottom);
+}
+
+void BrowserController::makeFilterBar(NSView& content)
+{
+    Rect const area = content.bounds();
+    constexpr float buttonWidth = 80;
+    m_filterBar
+        = make<BarView>(Rect { 0, area.height - topBarHeight - filterBarHeight, area.width, filterBarHeight }, BarView::Edge::top);
+    m_filterLabel = makeLabel({ 12, 7, area.width - buttonWidth - 32, 17 }, NSFont::systemFontOfSize(NSFont::smallSystemFontSize()),
+        NSLeftTextAlignment, NSViewWidthSizable);
+    m_showAllButton = make<NSButton>(Rect { area.width - buttonWidth - 12, 4, buttonWidth, 22 });
+    m_showAllButton->setBezelStyle(NSRoundedBezelStyle);
+    m_showAllButton->cell()->setControlSize(NSSmallControlSize);
+    m_showAllButton->setFont(NSFont::systemFontOfSize(NSFont::smallSystemFontSize()));
+    m_showAllButton->setTitle("Show All");
+    m_showAllButton->setAutoresizingMask(NSViewMinXMargin);
+    m_filterBar->addSubview(*m_filterLabel);
+    m_filterBar->addSubview(*m_showAllButton);
+    m_filterBar->setHidden(true);
+    content.addSubview(*m_filterBar);
+}
+
+void BrowserController::layOutPanes()
+{
+    Rect const area = m_window->contentView()->bounds();
+    float const bars = topBarHeight + (m_filter ? filterBarHeight : 0);
+    m_panes->setFrame({ 0, statusBarHeight, area.width, area.height - statusBarHeight - bars });
 }
 
 void BrowserController::makePanes(NSView& content)
@@ -181,6 +220,48 @@ void BrowserController::connect()
                     auto const& folder) { whileAlive([&](auto& controller) { controller.move(paths, folder); }); },
     });
     m_stylePopUp->setActionFunction([whileAlive](NSObject*) { whileAlive([](auto& controller) { controller.chooseStyle(); }); });
+    m_datesButton->setActionFunction([whileAlive](NSObject*) { whileAlive([](auto& controller) { controller.chooseDates(); }); });
+    m_showAllButton->setActionFunction(
+        [whileAlive](NSObject*) { whileAlive([](auto& controller) { controller.setFilter(std::nullopt); }); });
+}
+
+// MARK: the filter
+
+NSView& BrowserController::filterBar() const
+{
+    return *m_filterBar;
+}
+
+void BrowserController::chooseDates()
+{
+    auto dates = askForDates(m_filter);
+    // The window may have been closed while the panel was open.
+    if (m_window->isVisible())
+        setFilter(std::move(dates));
+}
+
+void BrowserController::setFilter(std::optional<DateFilter> filter)
+{
+    m_filter = std::move(filter);
+    m_filterBar->setHidden(!m_filter);
+    if (m_filter)
+        m_filterLabel->setStringValue(m_filter->text());
+    m_filterLabel->setTextColor(Theme::current().color(ThemeRole::secondaryText));
+    layOutPanes();
+    m_files->setFilter(m_filter ? [dates = *m_filter](FolderEntry const& entry) { return dates.letsThrough(entry); }
+                                : std::function<bool(FolderEntry const&)> {});
+    if (!m_listing.isReading())
+        m_files->setMessage(messageForListing());
+    m_window->makeFirstResponder(&m_files->table());
+    showStatus();
+    updateInfo();
+}
+
+std::string BrowserController::messageForListing() const
+{
+    if (!m_listing.entries().empty())
+        return m_filter ? "Nothing here was modified between these dates." : "";
+    return m_listing.failure().empty() ? "This folder is empty." : m_listing.failure();
 }
 
 void BrowserController::chooseStyle()
@@ -228,8 +309,7 @@ void BrowserController::showListing()
     if (m_listing.isReading()) {
         m_files->setMessage("Reading the folder …");
     } else {
-        bool const isEmpty = m_listing.entries().empty();
-        m_files->setMessage(!m_listing.failure().empty() && isEmpty ? m_listing.failure() : isEmpty ? "This folder is empty." : "");
+        m_files->setMessage(messageForListing());
         m_files->setEntries(&m_listing.entries(), m_listing.path());
         m_files->selectName(m_nameToSelect);
     }
@@ -356,8 +436,12 @@ void BrowserController::showStatus()
     auto const& failure = m_failure.empty() ? m_listing.failure() : m_failure;
     if (m_listing.isReading())
         m_statusLabel->setStringValue("Reading … " + countText(m_listing.entriesRead()));
+    else if (!failure.empty())
+        m_statusLabel->setStringValue(failure);
     else
-        m_statusLabel->setStringValue(failure.empty() ? countText(m_listing.entries().size()) : failure);
+        m_statusLabel->setStringValue(m_filter
+                ? std::to_string(m_files->shownEntries()) + " of " + countText(m_listing.entries().size())
+                : countText(m_listing.entries().size()));
     m_statusLabel->setTextColor(Theme::current().color(failure.empty() ? ThemeRole::secondaryText : ThemeRole::errorText));
 }
 

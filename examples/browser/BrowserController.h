@@ -1,5 +1,6 @@
 #pragma once
 
+#include "DateFilter.h"
 #include "FolderListing.h"
 
 #include <plix/platform/appkit/Forward.h>
@@ -7,6 +8,7 @@
 
 namespace plix {
 
+class NSButton;
 class NSPopUpButton;
 class NSTextField;
 class NSTimer;
@@ -17,6 +19,7 @@ class TQSplitView;
 
 namespace browser {
 
+class BarView;
 class FilesTable;
 class FolderTree;
 class InfoPanel;
@@ -37,6 +40,13 @@ public:
     FilesTable& files() const { return *m_files; }
     FolderTree& tree() const { return *m_tree; }
     plix::NSPopUpButton& stylePopUp() const { return *m_stylePopUp; }
+    /// Asks for the dates between which files were modified that are to be shown.
+    plix::NSButton& datesButton() const { return *m_datesButton; }
+    /// Below the top bar while a filter is on: what it lets through, and a button that ends it.
+    plix::NSView& filterBar() const;
+    plix::NSButton& showAllButton() const { return *m_showAllButton; }
+    std::optional<DateFilter> const& filter() const { return m_filter; }
+    void setFilter(std::optional<DateFilter>);
     FolderListing const& listing() const { return m_listing; }
     /// Null until it was first shown.
     InfoPanel* info() const { return m_info.get(); }
@@ -54,13 +64,17 @@ public:
 private:
     void makeWindow();
     void makeBars(plix::NSView& content);
+    void makeFilterBar(plix::NSView& content);
     void makePanes(plix::NSView& content);
+    void layOutPanes();
     void connect();
     void readOn();
     void showListing();
     void showStatus();
     void showFailure(std::string line);
     void chooseStyle();
+    void chooseDates();
+    std::string messageForListing() const;
     void askToDelete(std::vector<std::string> const& names);
     void move(std::vector<std::string> const& paths, std::string const& folder);
     void copy(std::vector<std::string> const& paths);
@@ -80,6 +94,11 @@ private:
     plix::Ref<FolderTree> m_tree;
     plix::Ref<plix::TQSplitView> m_panes;
     plix::Ref<plix::NSPopUpButton> m_stylePopUp;
+    std::optional<DateFilter> m_filter;
+    plix::Ref<plix::NSButton> m_datesButton;
+    plix::Ref<plix::NSButton> m_showAllButton;
+    plix::Ref<BarView> m_filterBar;
+    plix::Ref<plix::NSTextField> m_filterLabel;
     plix::Ref<plix::NSTextField> m_nameLabel;
     plix::Ref<plix::NSTextField> m_pathLabel;
     plix::Ref<plix::NSTextField> m_statusLabel;

@@ -21,7 +21,6 @@
 #include <plix/tables/PLIXImageAndTextCell.h>
 
 #include <algorithm>
-#include <numeric>
 #include <tuple>
 
 namespace browser {
@@ -193,11 +192,29 @@ void FilesTable::setEntries(std::vector<FolderEntry> const* entries, std::string
 {
     m_entries = entries;
     m_folderPath = std::move(folderPath);
-    m_order.resize(entries ? entries->size() : 0);
-    std::iota(m_order.begin(), m_order.end(), std::size_t { 0 });
     m_table->deselectAll(nullptr);
+    takeEntries();
     sortBy(m_sortKey, m_isDescending);
     m_table->scrollRowToVisible(0);
+}
+
+void FilesTable::takeEntries()
+{
+    m_order.clear();
+    for (std::size_t i = 0; m_entries && i < m_entries->size(); ++i) {
+        if (!m_filter || m_filter((*m_entries)[i]))
+            m_order.push_back(i);
+    }
+}
+
+void FilesTable::setFilter(std::function<bool(FolderEntry const&)> filter)
+{
+    auto const* selected = selectedEntry();
+    m_filter = std::move(filter);
+    m_table->deselectAll(nullptr);
+    takeEntries();
+    sortBy(m_sortKey, m_isDescending);
+    selectName(selected ? selected->name : std::string_view {});
 }
 
 FolderEntry const& FilesTable::entryAt(long row) const

@@ -58,6 +58,9 @@ public:
 
     /// Kept by the caller until others take their place; null for none. Selects nothing.
     void setEntries(std::vector<FolderEntry> const*, std::string folderPath);
+    /// Only entries that it lets through are shown; null shows all.
+    void setFilter(std::function<bool(FolderEntry const&)>);
+    std::size_t shownEntries() const { return m_order.size(); }
     FolderEntry const& entryAt(long row) const;
     long rowOfName(std::string_view name) const;
     void selectName(std::string_view name);
@@ -86,6 +89,7 @@ private:
     void makeColumns();
     plix::Ref<plix::NSMenu> makeMenu();
     void showOrder();
+    void takeEntries();
     std::function<void()> whileAlive(std::function<void(FilesTable&)>);
     void openSelected();
     void leave();
@@ -97,6 +101,8 @@ private:
     plix::Ref<plix::NSScrollView> m_scrollView;
     plix::Ref<plix::PLIXTableView> m_table;
     std::vector<FolderEntry> const* m_entries { nullptr };
+    std::function<bool(FolderEntry const&)> m_filter;
+    /// The entries that are shown, in the order of the rows.
     std::vector<std::size_t> m_order;
     std::string m_folderPath;
     Actions m_actions;

@@ -1,3 +1,4 @@
+#include <examples/browser/DateFilter.h>
 #include <examples/browser/FolderListing.h>
 #include <examples/browser/file_operations.h>
 
@@ -274,6 +275,36 @@ TEST(FolderEntry, SortsByEachKeyBothWays)
     EXPECT_EQ(order(SortKey::date, true), "fbca");
     EXPECT_EQ(order(SortKey::kind, false), "fbca");
     EXPECT_EQ(order(SortKey::kind, true), "fabc");
+}
+
+TEST(DateFilter, LetsWholeDaysThrough)
+{
+    using plix::NSCalendarDate;
+    auto const day = [](int month, int dayOfMonth, int hour, int minute, int second) {
+        return NSCalendarDate::dateWithYear(2027, month, dayOfMonth, hour, minute, second);
+    };
+    // Given the other way round, and in the middle of the days.
+    auto const filter = filterBetween(day(3, 14, 15, 9, 26), day(3, 12, 23, 0, 0));
+    struct Row {
+        NSCalendarDate modified;
+        EntryKind kind;
+        bool expected;
+    };
+    Row const rows[] = {
+        { day(3, 11, 23, 59, 59), EntryKind::file, false },
+        { day(3, 12, 0, 0, 0), EntryKind::file, true },
+        { day(3, 14, 23, 59, 59), EntryKind::file, true },
+        { day(3, 15, 0, 0, 0), EntryKind::file, false },
+        { day(3, 15, 0, 0, 0), EntryKind::folder, true },
+        { day(3, 15, 0, 0, 0), EntryKind::brokenLink, false },
+    };
+    for (auto const& row : rows) {
+        FolderEntry entry;
+        entry.kind = row.kind;
+        entry.modified = row.modified.timeIntervalSince1970();
+        EXPECT_EQ(filter.letsThrough(entry), row.expected) << "row " << &row - rows;
+    }
+    EXPECT_EQ(filter.text(), "Modified 3/12/27 – 3/14/27");
 }
 
 TEST(FileOperations, MoveIntoFoldersAndNeverOverAnything)

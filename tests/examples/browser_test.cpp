@@ -28,6 +28,7 @@
 
 #include <fstream>
 
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -601,6 +602,95 @@ TEST_F(BrowserTest, ClosesItsInfoPanelWithItself)
     auto const info = Ref<InfoPanel>(controller->info());
     controller->window().close();
     EXPECT_FALSE(info->panel().isVisible());
+}
+
+// MARK: dates
+
+class BrowserDatesTest : public BrowserTest {
+protected:
+    void SetUp() override
+    {
+        BrowserTest::SetUp();
+        // Of the files three are of March 2027, on the 1st, 2nd and 3rd.
+        for (int number = 1; number <= 60; ++number) {
+            auto const modified = number <= 3 ? NSCalendarDate::dateWithYear(2027, 3, number, 12, 0, 0)
+                                              : NSCalendarDate::dateWithYear(2020, 1, 1, 12, 0, 0);
+            timespec const times[] { { static_cast<time_t>(modified.timeIntervalSince1970()), 0 },
+                { static_cast<time_t>(modified.timeIntervalSince1970()), 0 } };
+            auto const path = folder / "file " + std::to_string(number) + ".txt";
+            EXPECT_EQ(::utimensat(AT_FDCWD, path.c_str(), times, 0), 0);
+        }
+        show();
+    }
+    void chooseMarch(char const* from, char const* to)
+    {
+        person().click(centerOnScreen(controller->datesButton()));
+        person().type(from);
+        person().key(NSTabCharacter);
+        person().type(to);
+        person().key(NSCarriageReturnCharacter);
+        pump();
+    }
+    std::vector<std::string> shown()
+    {
+        std::vector<std::string> names;
+        for (long row = 0; row < table().numberOfRows(); ++row)
+            names.push_back(files().entryAt(row).name);
+        return names;
+    }
+    using Names = std::vector<std::string>;
+};
+
+TEST_F(BrowserDatesTest, OnlyFilesOfTheChosenDaysAreShown)
+{
+    EXPECT_TRUE(controller->filterBar().isHidden());
+    chooseMarch("3/2/2027", "3/3/2027");
+    EXPECT_EQ(shown(), (Names { "alpha", "beta", "file 2.txt", "file 3.txt" }));
+    EXPECT_EQ(controller->status(), "4 of 63 items");
+    EXPECT_FALSE(controller->filterBar().isHidden());
+    EXPECT_EQ(controller->filter()->text(), "Modified 3/2/27 – 3/3/27");
+    EXPECT_EQ(controller->window().firstResponder(), &table());
+}
+
+TEST_F(BrowserDatesTest, ShowAllEndsIt)
+{
+    chooseMarch("3/2/2027", "3/3/2027");
+    float const height = files().scrollView().frame().height;
+    person().click(rowPoint(3));
+    pump();
+    person().click(centerOnScreen(controller->showAllButton()));
+    pump();
+    EXPECT_EQ(shown().size(), 63U);
+    EXPECT_EQ(controller->status(), "63 items");
+    EXPECT_TRUE(controller->filterBar().isHidden());
+    EXPECT_EQ(files().scrollView().frame().height, height + 30);
+    EXPECT_EQ(selectedName(), "file 3.txt");
+}
+
+TEST_F(BrowserDatesTest, ThePanelBeginsWithThePresentFilter)
+{
+    chooseMarch("3/2/2027", "3/3/2027");
+    // Only the day is typed: month and year are those of before.
+    person().click(centerOnScreen(controller->datesButton()));
+    person().key(NSRightArrowFunctionKey);
+    person().type("01");
+    person().key(NSCarriageReturnCharacter);
+    pump();
+    EXPECT_EQ(shown(), (Names { "alpha", "beta", "file 1.txt", "file 2.txt", "file 3.txt" }));
+}
+
+TEST_F(BrowserDatesTest, StaysOnInOtherFoldersAndSaysWhereNothingIs)
+{
+    chooseMarch("1/1/1990", "1/2/1990");
+    EXPECT_EQ(shown(), (Names { "alpha", "beta" }));
+    controller->open(folder / "alpha");
+    pump();
+    EXPECT_EQ(table().numberOfRows(), 0);
+    EXPECT_EQ(message(), "Nothing here was modified between these dates.");
+    EXPECT_EQ(controller->status(), "0 of 1 item");
+    controller->setFilter(std::nullopt);
+    EXPECT_EQ(message(), "");
+    EXPECT_EQ(shown(), Names { "inside.txt" });
 }
 
 }

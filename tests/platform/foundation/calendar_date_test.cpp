@@ -93,10 +93,12 @@ TEST_F(NSCalendarDateTest, LocalesHaveTheirValues)
 {
     EXPECT_EQ(localeValues().decimalSeparator, ".");
     EXPECT_EQ(localeValues().dates.shortDateFormat, "%1m/%e/%y");
+    EXPECT_EQ(localeValues().dates.firstWeekday, 0);
     set.locale = "de_DE";
     EXPECT_EQ(localeValues().decimalSeparator, ",");
     EXPECT_EQ(localeValues().dates.shortDateFormat, "%d.%m.%y");
     EXPECT_EQ(localeValues().dates.shortMonths[2], "März");
+    EXPECT_EQ(localeValues().dates.firstWeekday, 1);
     set.locale = "en_GB";
     EXPECT_EQ(localeValues().dates.shortDateFormat, "%d/%m/%Y");
     EXPECT_EQ(localeValues().currencySymbol, "£");
