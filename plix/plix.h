@@ -35,6 +35,7 @@
 #include <plix/format/tab_view_additions.h>
 #include <plix/format/truncation.h>
 #include <plix/format/view_additions.h>
+#include <plix/library_classes.h>
 #include <plix/platform/appkit/NSActionCell.h>
 #include <plix/platform/appkit/NSApplication.h>
 #include <plix/platform/appkit/NSApplicationDelegate.h>
@@ -193,3 +194,4 @@
 #include <plix/windows/background_plan.h>
 #include <plix/windows/date_entry.h>
 #include <plix/windows/date_plans.h>
+#include <plix/windows/nib_additions.h>

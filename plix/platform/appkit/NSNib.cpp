@@ -1,6 +1,5 @@
 #include <plix/platform/appkit/NSNib.h>
 
-#include <plix/platform/appkit/classes.h>
 #include <plix/platform/appkit/nib/NibLoader.h>
 #include <plix/platform/base/NSData.h>
 #include <plix/platform/base/NSLog.h>
@@ -59,7 +58,6 @@ bool NSNib::init(NSData const& document, NSBundle* bundle)
 
 bool NSNib::read(std::vector<std::uint8_t> const& bytes)
 {
-    registerAppKitClasses();
     std::string problem;
     m_document = NibDocument::read(bytes, problem);
     if (!m_document)

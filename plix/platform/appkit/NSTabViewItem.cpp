@@ -23,9 +23,8 @@ constexpr float leastLabelInFontSizes = 2.5F;
 
 PLIX_DESCRIBE(NSTabViewItem)
 {
-    description.outlet("view", &NSTabViewItem::setView)
-        .outlet<NSView>("initialFirstResponder",
-            [](NSTabViewItem& item, Ref<NSView> const& view) { item.setInitialFirstResponder(view.get()); });
+    description.outlet<NSView>(
+        "initialFirstResponder", [](NSTabViewItem& item, Ref<NSView> const& view) { item.setInitialFirstResponder(view.get()); });
 }
 
 NSTabViewItem::NSTabViewItem() = default;

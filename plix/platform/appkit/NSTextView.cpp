@@ -72,6 +72,12 @@ bool NSTextView::init(NSCoder& coder)
         if (auto const text = value.as<NSAttributedString>())
             m_storage->setAttributedString(*text);
     });
+    coder.read("minSize", [&](ObjectValue const& value) { setMinSize(NSSizeFromString(value.description())); });
+    coder.read("maxSize", [&](ObjectValue const& value) { setMaxSize(NSSizeFromString(value.description())); });
+    coder.read("insertionPointColor", [&](ObjectValue const& value) {
+        if (auto const color = value.as<NSColor>())
+            setInsertionPointColor(color);
+    });
     coder.read("editable", [&](ObjectValue const& value) { setEditable(value.boolValue()); });
     coder.read("selectable", [&](ObjectValue const& value) { setSelectable(value.boolValue()); });
     coder.read("fieldEditor", [&](ObjectValue const& value) { setFieldEditor(value.boolValue()); });

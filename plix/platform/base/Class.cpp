@@ -1,6 +1,9 @@
 #include <plix/platform/base/Class.h>
 
+#include <plix/platform/base/class_roster.h>
+
 #include <map>
+#include <vector>
 
 namespace plix {
 
@@ -10,6 +13,13 @@ std::map<std::string, Class const*, std::less<>>& registry()
 {
     static auto* const s_registry = new std::map<std::string, Class const*, std::less<>>;
     return *s_registry;
+}
+
+/// Those that were not called yet.
+std::vector<void (*)()>& rosters()
+{
+    static auto* const s_rosters = new std::vector<void (*)()>;
+    return *s_rosters;
 }
 
 }
@@ -92,8 +102,20 @@ std::string const& Class::bundleName() const
 
 Class const* NSClassFromString(std::string_view name)
 {
-    auto const found = registry().find(name);
+    auto found = registry().find(name);
+    while (found == registry().end() && !rosters().empty()) {
+        auto const registerClasses = rosters().back();
+        rosters().pop_back();
+        registerClasses();
+        found = registry().find(name);
+    }
     return found == registry().end() ? nullptr : found->second;
+}
+
+bool addClassRoster(void (*registerClasses)())
+{
+    rosters().push_back(registerClasses);
+    return true;
 }
 
 std::string const& NSStringFromClass(Class const& described)

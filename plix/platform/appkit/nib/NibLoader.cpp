@@ -1,12 +1,14 @@
 #include <plix/platform/appkit/nib/NibLoader.h>
 
 #include <plix/platform/appkit/NSApplication.h>
+#include <plix/platform/appkit/NSDocumentController.h>
 #include <plix/platform/appkit/NSMenu.h>
 #include <plix/platform/appkit/NSWindow.h>
 #include <plix/platform/appkit/nib/nib_kinds.h>
 #include <plix/platform/base/Class.h>
 #include <plix/platform/foundation/NSCoder.h>
 #include <plix/platform/graphics/NSColor.h>
+#include <plix/platform/graphics/NSFontManager.h>
 #include <plix/platform/graphics/NSImage.h>
 #include <plix/platform/graphics/geometry.h>
 
@@ -14,12 +16,33 @@
 
 namespace plix {
 
+/// What is made for an object of whose class nothing is known.
+class NibPlainObject final : public NSObject {
+    PLIX_CLASS(NibPlainObject, NSObject);
+};
+
 namespace {
 
 /// References can lead from object to object; no interface is built that deep.
 constexpr int deepestMaking = 300;
 constexpr std::size_t mostWarnings = 1000;
 
+/// The one object of a class that has no more, or a new one.
+Ref<NSObject> plainObject(Class const& itsClass)
+{
+    if (itsClass.isSubclassOfClass(NSApplication::staticClass()))
+        return NSApp.ref();
+    if (itsClass == NSFontManager::staticClass())
+        return &NSFontManager::sharedFontManager();
+    if (itsClass == NSDocumentController::staticClass())
+        return &NSDocumentController::sharedDocumentController();
+    return itsClass == NSObject::staticClass() ? plix::make<NibPlainObject>() : itsClass.makeObject();
+}
+
+}
+
+PLIX_DESCRIBE(NibPlainObject)
+{
 }
 
 /// Reads an element's values in the place of an archive's.
@@ -73,8 +96,14 @@ bool NibLoader::load()
     for (auto const& each : m_document.objects)
         connect(each);
     awaken();
-    showWindows();
+    showInterface();
     return true;
+}
+
+NSObject* NibLoader::objectWithID(std::string const& id) const
+{
+    auto const found = m_document.objectOfID.find(id);
+    return found == m_document.objectOfID.end() ? nullptr : m_made[found->second->index].object.get();
 }
 
 void NibLoader::refuse(NibObject const& object, std::string const& reason)
@@ -135,14 +164,12 @@ Ref<NSObject> NibLoader::make(NibObject const& described)
         return NSApp.ref();
     auto const& itsClass = classOf(described);
     Ref<NSObject> made;
-    if (itsClass.isSubclassOfClass(NSApplication::staticClass()))
-        return NSApp.ref();
     if (described.kind->making == NibMaking::window)
         made = makeWindow(itsClass, described);
     else if (described.kind->making == NibMaking::fromCoder)
         made = makeFromCoder(itsClass, described);
     else
-        made = itsClass.makeObject();
+        made = plainObject(itsClass);
     if (!made && m_problem.empty())
         warn(described, "no " + itsClass.name() + " could be made");
     return made;
@@ -236,8 +263,13 @@ void NibLoader::awaken()
         m_owner->awakeFromNib();
 }
 
-void NibLoader::showWindows()
+void NibLoader::showInterface()
 {
+    for (auto const* described : m_document.topLevelObjects) {
+        auto const menu = as<NSMenu>(m_made[described->index].object);
+        if (menu && NSApp && m_owner == NSApp.get() && value(*described, "systemMenu").description() == "main")
+            NSApp->setMainMenu(menu);
+    }
     for (auto const& described : m_document.objects) {
         if (described.kind->making != NibMaking::window || !flag(described, "visibleAtLaunch", true))
             continue;

@@ -30,6 +30,8 @@ public:
     /// What could not be made as written or not be connected, each once.
     std::vector<std::string> const& warnings() const { return m_warnings; }
     std::vector<Ref<NSObject>> const& topLevelObjects() const { return m_topLevelObjects; }
+    /// What was made for the object with that id; null for none.
+    NSObject* objectWithID(std::string const& id) const;
 
 private:
     class Coder;
@@ -53,7 +55,7 @@ private:
     void connectOutlet(NibObject const&, NSObject& source, NibConnection const&);
     void connectAction(NibObject const&, NSObject& source, NibConnection const&);
     void awaken();
-    void showWindows();
+    void showInterface();
 
     void refuse(NibObject const&, std::string const& reason);
     void warn(NibObject const&, std::string const& what);

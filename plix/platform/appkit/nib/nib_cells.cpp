@@ -1,5 +1,6 @@
 #include <plix/platform/appkit/nib/NibReading.h>
 #include <plix/platform/appkit/nib/nib_kinds.h>
+#include <plix/platform/appkit/nib/nib_words.h>
 
 #include <plix/platform/appkit/NSImageCell.h>
 #include <plix/platform/appkit/NSView.h>
@@ -23,11 +24,6 @@ constexpr NibWord lineBreakModes[] = {
     { "truncatingTail", NSLineBreakByTruncatingTail },
     { "truncatingMiddle", NSLineBreakByTruncatingMiddle },
 };
-constexpr NibWord controlSizes[]
-    = { { "regular", NSRegularControlSize }, { "small", NSSmallControlSize }, { "mini", NSMiniControlSize } };
-constexpr NibWord focusRingTypes[]
-    = { { "default", NSFocusRingTypeDefault }, { "none", NSFocusRingTypeNone }, { "exterior", NSFocusRingTypeExterior } };
-constexpr NibWord states[] = { { "on", NSOnState }, { "off", NSOffState }, { "mixed", NSMixedState } };
 constexpr NibWord fieldBezels[] = { { "square", NSTextFieldSquareBezel }, { "round", NSTextFieldRoundedBezel } };
 constexpr NibWord buttonBezels[] = {
     { "rounded", NSRoundedBezelStyle },
@@ -61,8 +57,6 @@ constexpr NibWord stateBits[] = {
     { "changeContents", NSContentsCellMask },
 };
 constexpr NibWord imageBehaviors[] = { { "doesNotDimImage", 1 } };
-constexpr NibWord modifiers[] = { { "command", NSCommandKeyMask }, { "shift", NSShiftKeyMask }, { "option", NSAlternateKeyMask },
-    { "control", NSControlKeyMask } };
 constexpr NibWord imageScalings[] = { { "proportionallyDown", NSScaleProportionally },
     { "proportionallyUpOrDown", NSScaleProportionally }, { "axesIndependently", NSScaleToFit }, { "none", NSScaleNone } };
 constexpr NibWord imageAlignments[] = {
@@ -85,11 +79,11 @@ void readNibCell(NibReading& reading)
 {
     reading.font("font", "font");
     reading.object("formatter", "formatter", "NSFormatter");
-    reading.choice("state", "state", states);
+    reading.choice("state", "state", nibStates);
     reading.choice("alignment", "alignment", alignments);
     reading.choice("lineBreakMode", "lineBreakMode", lineBreakModes);
-    reading.choice("controlSize", "controlSize", controlSizes);
-    reading.choice("focusRingType", "focusRingType", focusRingTypes);
+    reading.choice("controlSize", "controlSize", nibControlSizes);
+    reading.choice("focusRingType", "focusRingType", nibFocusRingTypes);
     for (auto const* flag : { "enabled", "allowsMixedState", "editable", "selectable", "allowsEditingTextAttributes",
              "sendsActionOnEndEditing", "refusesFirstResponder", "scrollable" })
         reading.flag(flag, flag);
@@ -127,7 +121,7 @@ void readNibButtonCell(NibReading& reading)
     reading.image("alternateImage", "alternateImage");
     reading.color("backgroundColor", "backgroundColor");
     reading.code("keyEquivalent", "keyEquivalent");
-    reading.mask("keyEquivalentModifierMask", "keyEquivalentModifierMask", modifiers);
+    reading.mask("keyEquivalentModifierMask", "keyEquivalentModifierMask", nibModifiers);
     reading.mask("behavior", "highlightsBy", highlightBits);
     reading.mask("behavior", "showsStateBy", stateBits);
     if (auto const kept = reading.maskValue("behavior", imageBehaviors))

@@ -1,9 +1,11 @@
 #include <plix/platform/appkit/nib/NibReading.h>
 #include <plix/platform/appkit/nib/nib_kinds.h>
+#include <plix/platform/appkit/nib/nib_words.h>
 
 #include <plix/platform/appkit/NSDatePickerCell.h>
 #include <plix/platform/appkit/NSPopUpButtonCell.h>
 #include <plix/platform/appkit/NSSegmentedCell.h>
+#include <plix/platform/appkit/tab_layout.h>
 #include <plix/platform/base/NSDate.h>
 
 namespace plix {
@@ -17,6 +19,15 @@ constexpr NibWord trackingModes[] = { { "selectOne", NSSegmentSwitchTrackingSele
     { "selectAny", NSSegmentSwitchTrackingSelectAny }, { "momentary", NSSegmentSwitchTrackingMomentary } };
 constexpr NibWord datePickerStyles[] = { { "textFieldAndStepper", NSTextFieldAndStepperDatePickerStyle },
     { "clockAndCalendar", NSClockAndCalendarDatePickerStyle }, { "textField", NSTextFieldDatePickerStyle } };
+constexpr NibWord tabViewTypes[] = {
+    { "topTabsBezelBorder", NSTopTabsBezelBorder },
+    { "leftTabsBezelBorder", NSLeftTabsBezelBorder },
+    { "bottomTabsBezelBorder", NSBottomTabsBezelBorder },
+    { "rightTabsBezelBorder", NSRightTabsBezelBorder },
+    { "noTabsBezelBorder", NSNoTabsBezelBorder },
+    { "noTabsLineBorder", NSNoTabsLineBorder },
+    { "noTabsNoBorder", NSNoTabsNoBorder },
+};
 constexpr NibWord dateElements[] = {
     { "hour", NSHourMinuteDatePickerElementFlag },
     { "minute", NSHourMinuteDatePickerElementFlag },
@@ -125,8 +136,10 @@ void readNibDateFormatter(NibReading& reading)
 
 void readNibTabView(NibReading& reading)
 {
+    reading.choice("type", "tabViewType", tabViewTypes);
+    reading.choice("controlSize", "controlSize", nibControlSizes);
     reading.objects("tabViewItems", "tabViewItems", "NSTabViewItem");
-    reading.reference("initialItem", "initialItem", "NSTabViewItem");
+    reading.reference("initialItem", "selectedTabViewItem", "NSTabViewItem");
     reading.font("font", "font");
     reading.flag("drawsBackground", "drawsBackground");
     reading.flag("allowsTruncatedLabels", "allowsTruncatedLabels");

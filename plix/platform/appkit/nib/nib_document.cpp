@@ -1,6 +1,7 @@
 #include <plix/platform/appkit/nib/nib_document.h>
 
 #include <plix/platform/appkit/nib/NibParser.h>
+#include <plix/platform/appkit/nib/nib_kinds.h>
 #include <plix/platform/foundation/CFXMLTree.h>
 
 #include <algorithm>
@@ -21,6 +22,7 @@ NibValue const* NibObject::value(std::string_view key) const
 
 std::unique_ptr<NibDocument const> NibDocument::read(std::span<std::uint8_t const> bytes, std::string& problem)
 {
+    registerNibClasses();
     auto const tree = CFXMLTree::treeWithData(bytes, problem, XMLWhitespace::Kept, limits);
     if (!tree)
         return nullptr;

@@ -1,6 +1,9 @@
 #include <plix/platform/appkit/nib/nib_kinds.h>
 
+#include <plix/platform/appkit/classes.h>
 #include <plix/platform/base/Class.h>
+#include <plix/platform/foundation/NSDateFormatter.h>
+#include <plix/platform/graphics/NSFontManager.h>
 
 #include <algorithm>
 #include <unordered_map>
@@ -107,6 +110,14 @@ NibKind const* kindOf(std::string_view element)
     return found != s_kinds.end() && NSClassFromString(found->second->className) ? found->second : nullptr;
 }
 
+}
+
+void registerNibClasses()
+{
+    registerAppKitClasses();
+    NSDateFormatter::staticClass();
+    NSFontManager::staticClass();
+    NSObject::staticClass();
 }
 
 NibKind const& nibKind(std::string_view element, std::string_view role, bool& isKnown)

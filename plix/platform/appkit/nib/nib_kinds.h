@@ -35,6 +35,9 @@ struct NibKind {
 /// `isKnown` false.
 NibKind const& nibKind(std::string_view element, std::string_view role, bool& isKnown);
 
+/// Makes the classes known by name that interface files may name.
+void registerNibClasses();
+
 // What reads the elements of each kind, base first.
 void readNibView(NibReading&);
 void readNibControl(NibReading&);

@@ -1,18 +1,11 @@
 #include <plix/platform/appkit/nib/NibReading.h>
 #include <plix/platform/appkit/nib/nib_kinds.h>
+#include <plix/platform/appkit/nib/nib_words.h>
 
 #include <plix/platform/appkit/cell_constants.h>
 #include <plix/platform/appkit/event_constants.h>
 
 namespace plix {
-
-namespace {
-
-constexpr NibWord states[] = { { "on", NSOnState }, { "off", NSOffState }, { "mixed", NSMixedState } };
-constexpr NibWord modifiers[] = { { "command", NSCommandKeyMask }, { "shift", NSShiftKeyMask }, { "option", NSAlternateKeyMask },
-    { "control", NSControlKeyMask } };
-
-}
 
 void readNibMenu(NibReading& reading)
 {
@@ -30,12 +23,12 @@ void readNibMenuItem(NibReading& reading)
     reading.image("image", "image");
     reading.text("toolTip", "toolTip", "ibShadowedToolTip");
     reading.integer("indentationLevel", "indentationLevel");
-    reading.choice("state", "state", states);
+    reading.choice("state", "state", nibStates);
     reading.flag("enabled", "enabled");
     reading.flag("hidden", "hidden");
     reading.integer("tag", "tag");
     reading.code("keyEquivalent", "keyEquivalent");
-    reading.mask("keyEquivalentModifierMask", "keyEquivalentModifierMask", modifiers);
+    reading.mask("keyEquivalentModifierMask", "keyEquivalentModifierMask", nibModifiers);
     reading.object("submenu", "submenu", "NSMenu");
 }
 

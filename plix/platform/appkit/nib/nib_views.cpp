@@ -1,5 +1,6 @@
 #include <plix/platform/appkit/nib/NibReading.h>
 #include <plix/platform/appkit/nib/nib_kinds.h>
+#include <plix/platform/appkit/nib/nib_words.h>
 
 #include <plix/platform/appkit/NSBox.h>
 #include <plix/platform/appkit/NSProgressIndicator.h>
@@ -20,12 +21,8 @@ constexpr NibWord autoresizingBits[] = {
     { "heightSizable", NSViewHeightSizable },
     { "flexibleMaxY", NSViewMaxYMargin },
 };
-constexpr NibWord focusRingTypes[]
-    = { { "default", NSFocusRingTypeDefault }, { "none", NSFocusRingTypeNone }, { "exterior", NSFocusRingTypeExterior } };
 constexpr NibWord borderTypes[]
     = { { "none", NSNoBorder }, { "line", NSLineBorder }, { "bezel", NSBezelBorder }, { "groove", NSGrooveBorder } };
-constexpr NibWord controlSizes[]
-    = { { "regular", NSRegularControlSize }, { "small", NSSmallControlSize }, { "mini", NSMiniControlSize } };
 constexpr NibWord boxTypes[] = { { "primary", NSBoxPrimary }, { "secondary", NSBoxSecondary }, { "separator", NSBoxSeparator },
     { "oldStyle", NSBoxOldStyle }, { "custom", NSBoxCustom } };
 constexpr NibWord titlePositions[] = { { "noTitle", NSNoTitle }, { "aboveTop", NSAboveTop }, { "atTop", NSAtTop },
@@ -38,7 +35,7 @@ void readNibView(NibReading& reading)
 {
     reading.flag("hidden", "hidden");
     reading.flag("autoresizesSubviews", "autoresizesSubviews");
-    reading.choice("focusRingType", "focusRingType", focusRingTypes);
+    reading.choice("focusRingType", "focusRingType", nibFocusRingTypes);
     reading.text("toolTip", "toolTip", "ibShadowedToolTip");
     reading.rect("frame", "frame");
     reading.rect("bounds", "bounds");
@@ -85,7 +82,7 @@ void readNibProgressIndicator(NibReading& reading)
     reading.number("maxValue", "maxValue");
     reading.number("doubleValue", "doubleValue");
     reading.choice("style", "style", progressStyles);
-    reading.choice("controlSize", "controlSize", controlSizes);
+    reading.choice("controlSize", "controlSize", nibControlSizes);
     reading.flag("indeterminate", "indeterminate");
     reading.flag("bezeled", "bezeled");
     reading.flag("displayedWhenStopped", "displayedWhenStopped");
@@ -140,6 +137,9 @@ void readNibTextView(NibReading& reading)
     reading.flag("allowsUndo", "allowsUndo");
     reading.flag("drawsBackground", "drawsBackground");
     reading.color("backgroundColor", "backgroundColor");
+    reading.size("minSize", "minSize");
+    reading.size("maxSize", "maxSize");
+    reading.color("insertionPointColor", "insertionPointColor");
     reading.attributedText("textStorage", "textStorage");
 }
 
