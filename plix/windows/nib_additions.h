@@ -20,7 +20,7 @@ PLIX_EXPORT extern std::map<std::string, std::vector<Ref<NSObject>>>* PLIXNSNibA
 PLIX_EXPORT bool instantiateNibWithOwner(NSNib&, NSObject* owner, bool rememberTopLevelObjects);
 /// A pointer is no flag: the form with an array and without the flag is NSNib's own.
 template <typename T> bool instantiateNibWithOwner(NSNib&, NSObject* owner, T* topLevelObjects) = delete;
-bool instantiateNibWithOwner(NSNib&, NSObject* owner, std::nullptr_t) = delete;
+PLIX_EXPORT bool instantiateNibWithOwner(NSNib&, NSObject* owner, std::nullptr_t) = delete;
 /// Instantiates with the top-level objects in the array, which may be null. They are remembered too where that succeeded, an array
 /// was given and the flag is set. The array stays the caller's.
 PLIX_EXPORT bool instantiateNibWithOwner(
