@@ -38,6 +38,7 @@ using namespace plix;
 
 namespace {
 
+constexpr char const* frameName = "Browser";
 constexpr Rect startContent { 200, 200, 820, 500 };
 constexpr Size leastContent { 460, 260 };
 constexpr float treeWidth = 200;
@@ -103,6 +104,15 @@ void BrowserController::makeWindow()
     makePanes(content);
     m_window->setInitialFirstResponder(&m_files->table());
     m_window->makeFirstResponder(&m_files->table());
+}
+
+void BrowserController::rememberLayout()
+{
+    m_files->table().setAutosaveTableColumns(true);
+    m_files->table().setAutosaveName("BrowserFiles");
+    if (!m_window->setFrameUsingName(frameName))
+        m_window->center();
+    m_window->setFrameAutosaveName(frameName);
 }
 
 void BrowserController::makeBars(NSView& content)

@@ -56,6 +56,9 @@ public:
     std::string const& status() const;
     std::string const& inputStatus() const;
 
+    /// Places the window and widens the columns as the user left them, and keeps what is changed from now on.
+    void rememberLayout();
+
     /// Shows another folder with its first entry selected, or that of the name, where it is there.
     void open(std::string absolutePath, std::string nameToSelect = {});
     void openEntry(FolderEntry const&);

@@ -39,9 +39,13 @@ int run(example::Options const& options)
     application->setDelegate(delegate);
     auto const controller = make<browser::BrowserController>(absolutePath(options.arguments.empty() ? "." : options.arguments[0]));
     auto& window = controller->window();
-    window.center();
+    bool const isForAPicture = !options.screenshot.empty();
+    if (isForAPicture)
+        window.center();
+    else
+        controller->rememberLayout();
     window.makeKeyAndOrderFront(nullptr);
-    if (!options.screenshot.empty())
+    if (isForAPicture)
         return example::writeWindow(window, options.screenshot) ? 0 : 1;
     if (options.exitsAfterFirstFrame) {
         window.displayIfNeeded();

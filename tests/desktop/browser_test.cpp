@@ -123,5 +123,33 @@ TEST_F(FilesWindow, AtTwoPixelsAPointItIsTwiceAsLarge)
     EXPECT_EQ(doubled.height, 2 * plain.height);
 }
 
+TEST_F(FilesWindow, ComesBackWhereItWas)
+{
+    TestFolder const home;
+    std::vector<std::string> const environment { "HOME=" + home.path(), "XDG_CONFIG_HOME=" + home / "config" };
+    auto& first = startBrowser(folder, environment);
+    tool({ "wmctrl", "-r", "plenty", "-e", "0,40,60,640,420" });
+    EXPECT_TRUE(waitUntil([this] { return placeOf("plenty").width == 640; }));
+    auto const left = placeOf("plenty");
+    tool({ "wmctrl", "-c", "plenty" });
+    EXPECT_EQ(first.process().waitForEnd(), 0);
+    startBrowser(folder, environment);
+    auto const found = placeOf("plenty");
+    EXPECT_EQ(found.x, left.x);
+    EXPECT_EQ(found.y, left.y);
+    EXPECT_EQ(found.width, left.width);
+    EXPECT_EQ(found.height, left.height);
+}
+
+TEST_F(FilesWindow, CopiesWithTheKeyboard)
+{
+    startBrowser(folder);
+    ASSERT_TRUE(waitUntil([this] { return isDrawn(); }));
+    press("Home");
+    press("ctrl+c");
+    press("ctrl+v");
+    EXPECT_TRUE(waitUntil([this] { return std::filesystem::exists(folder + "/inside 1/one"); }));
+}
+
 }
 }

@@ -5,6 +5,7 @@
 #include <plix/platform/appkit/NSWindow_internal.h>
 #include <plix/platform/appkit/classes.h>
 #include <plix/platform/foundation/NSNotificationCenter.h>
+#include <plix/platform/foundation/NSUserDefaults.h>
 #include <plix/platform/graphics/NSImage.h>
 #include <plix/platform/host/Audio.h>
 #include <plix/platform/host/Host.h>
@@ -150,6 +151,8 @@ void NSApplication::replyToApplicationShouldTerminate(bool agrees)
 void NSApplication::Internals::finishTerminating()
 {
     post(NSApplicationWillTerminateNotification, &NSApplicationDelegate::applicationWillTerminate);
+    // What was set last would be saved by a run loop that runs no more.
+    NSUserDefaults::standardUserDefaults().synchronize();
     isTerminating = true;
     for (auto const& session : sessions)
         session->m_response = NSRunAbortedResponse;

@@ -2,6 +2,7 @@
 
 #include <plix/platform/base/utf16.h>
 #include <plix/platform/host/HostEvent.h>
+#include <plix/platform/host/control_character.h>
 
 #include <algorithm>
 #include <optional>
@@ -146,16 +147,6 @@ std::string text(char32_t character)
     if (character != 0)
         appendUTF8(result, character);
     return result;
-}
-
-/// What Control makes of a character (ECMA-48's C0 set); nothing where it has no such form.
-std::optional<char> controlCharacter(char32_t character)
-{
-    if (character == U' ')
-        return '\0';
-    if ((character >= U'@' && character <= U'_') || (character >= U'a' && character <= U'z'))
-        return static_cast<char>(character & 0x1F);
-    return {};
 }
 
 char32_t ownCharacter(KeyStroke const& stroke)

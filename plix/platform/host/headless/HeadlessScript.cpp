@@ -2,6 +2,7 @@
 
 #include <plix/platform/base/clock.h>
 #include <plix/platform/base/utf16.h>
+#include <plix/platform/host/control_character.h>
 #include <plix/platform/host/headless/HeadlessDisplay.h>
 #include <plix/platform/host/headless/HeadlessEvents.h>
 #include <plix/platform/host/headless/HeadlessWindow.h>
@@ -194,7 +195,8 @@ void HeadlessScript::key(char32_t character, std::uint32_t modifiers)
     appendUTF8(text, character);
     if (character >= firstFunctionKey && character <= lastFunctionKey)
         modifiers |= HostModifierFunction;
-    key(text, modifiers);
+    auto const control = (modifiers & HostModifierControl) != 0 ? controlCharacter(character) : std::nullopt;
+    key(control ? std::string(1, *control) : text, modifiers, text);
 }
 
 void HeadlessScript::type(std::string_view text)
