@@ -187,7 +187,10 @@
 #include <plix/tables/table_column_additions.h>
 #include <plix/tables/table_shadows.h>
 #include <plix/tables/table_view_additions.h>
+#include <plix/windows/PLIXProgressWindow.h>
+#include <plix/windows/PLIXProgressWindowNIBLoader.h>
 #include <plix/windows/PLIXWindow.h>
+#include <plix/windows/TQAlert.h>
 #include <plix/windows/TQDateRangePanel.h>
 #include <plix/windows/TQLegacyDatePicker.h>
 #include <plix/windows/alert_plan.h>

@@ -1,5 +1,7 @@
 #include <plix/windows/alert_plan.h>
 
+#include <algorithm>
+
 namespace plix {
 
 namespace {
@@ -26,6 +28,11 @@ AlertButtonFrames alertButtonsWithTitle(AlertButtonFrames frames, std::size_t in
 Size alertTextBounds(float fieldWidth)
 {
     return { fieldWidth, mostTextHeight };
+}
+
+float alertTextHeight(float measuredHeight)
+{
+    return std::min(measuredHeight, mostTextHeight);
 }
 
 Rect alertFrameForTextHeight(Rect windowFrame, float fieldHeight, float fieldHeightBefore)

@@ -16,8 +16,9 @@ using AlertButtonFrames = std::array<Rect, 3>;
 /// edge, and those to its left move by what it grew or shrank.
 PLIX_EXPORT AlertButtonFrames alertButtonsWithTitle(AlertButtonFrames frames, std::size_t index, Size fitted);
 
-/// What a text field of that width is measured in.
+/// What a text field of that width is measured in, and the height that it gets where the text needs the measured one.
 PLIX_EXPORT Size alertTextBounds(float fieldWidth);
+PLIX_EXPORT float alertTextHeight(float measuredHeight);
 
 /// The window's frame when the height of a text field in it changed: the lower edge stays.
 PLIX_EXPORT Rect alertFrameForTextHeight(Rect windowFrame, float fieldHeight, float fieldHeightBefore);

@@ -1,6 +1,9 @@
 #include <plix/windows/classes.h>
 
+#include <plix/windows/PLIXProgressWindow.h>
+#include <plix/windows/PLIXProgressWindowNIBLoader.h>
 #include <plix/windows/PLIXWindow.h>
+#include <plix/windows/TQAlert.h>
 #include <plix/windows/TQDateRangePanel.h>
 #include <plix/windows/TQLegacyDatePicker.h>
 
@@ -9,6 +12,9 @@ namespace plix {
 void registerWindowClasses()
 {
     PLIXWindow::staticClass();
+    TQAlert::staticClass();
+    PLIXProgressWindow::staticClass();
+    PLIXProgressWindowNIBLoader::staticClass();
     TQDateRangePanel::staticClass();
     TQLegacyDatePicker::staticClass();
 }

@@ -164,6 +164,8 @@ TEST(AlertPlan, AButtonKeepsItsRightEdgeAndMovesThoseToItsLeft)
 TEST(AlertPlan, TheUpperEdgeFollowsTheText)
 {
     EXPECT_EQ(alertTextBounds(316), (Size { 316, 1000 }));
+    EXPECT_EQ(alertTextHeight(999), 999);
+    EXPECT_EQ(alertTextHeight(1000.5F), 1000);
     EXPECT_EQ(alertFrameForTextHeight({ 10, 20, 440, 150 }, 51, 17), (Rect { 10, 20, 440, 184 }));
     EXPECT_EQ(alertFrameForTextHeight({ 10, 20, 440, 150 }, 17, 51), (Rect { 10, 20, 440, 116 }));
     EXPECT_EQ(alertFrameForTextHeight({ 10, 20, 440, 150 }, 17, 17), (Rect { 10, 20, 440, 150 }));
