@@ -74,6 +74,7 @@ list(APPEND PLIX_LOGIC_SOURCES
     platform/host/media_components.cpp
     platform/host/desktop/ssip_text.cpp
     platform/host/sound_kind.cpp
+    platform/host/sound_mixing.cpp
     platform/host/sound_volume.cpp
     platform/host/spoken_text.cpp
     platform/host/window_placement.cpp

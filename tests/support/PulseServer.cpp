@@ -201,6 +201,15 @@ double loudness(std::vector<float> const& samples)
     return std::sqrt(sum / static_cast<double>(last - first));
 }
 
+double loudnessWithin(std::vector<float> const& samples, double margin)
+{
+    auto const stretches = soundingStretches(samples, static_cast<double>(samples.size()));
+    if (stretches.empty() || stretches.front().second - stretches.front().first <= 2 * margin)
+        return 0;
+    auto const place = [&](double time) { return samples.begin() + static_cast<std::ptrdiff_t>(time * PulseRecorder::rate); };
+    return loudness({ place(stretches.front().first + margin), place(stretches.front().second - margin) });
+}
+
 double soundingTime(std::vector<float> const& samples)
 {
     auto const stretches = soundingStretches(samples, static_cast<double>(samples.size()));

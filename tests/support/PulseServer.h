@@ -87,6 +87,8 @@ private:
 
 /// Root of the mean square of what is no silence: from the first sample louder than a whisper to the last.
 double loudness(std::vector<float> const& samples);
+/// Of what is left of it without that many seconds at either end, where sounds rise and fall.
+double loudnessWithin(std::vector<float> const& samples, double margin = 0.1);
 /// How long that is, in seconds.
 double soundingTime(std::vector<float> const& samples);
 /// The stretches of sound, as (start, end) in seconds, with at least that much silence between them.

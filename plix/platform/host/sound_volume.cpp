@@ -17,6 +17,17 @@ std::uint32_t half(float volume)
 
 }
 
+std::optional<StereoVolume> stereoVolume(std::span<ChannelVolume const> channels)
+{
+    if (channels.empty())
+        return {};
+    auto const volumeOf = [&](ChannelVolume::Ear ear, std::size_t place) {
+        auto const found = std::ranges::find(channels, ear, &ChannelVolume::ear);
+        return soundGain(found != channels.end() ? found->volume : channels[std::min(place, channels.size() - 1)].volume);
+    };
+    return StereoVolume { volumeOf(ChannelVolume::Ear::Left, 0), volumeOf(ChannelVolume::Ear::Right, 1) };
+}
+
 float soundGain(float volume)
 {
     return volume > 0 ? std::min(volume, 1.0F) : 0;

@@ -3,6 +3,8 @@
 #include <plix/platform/base/export.h>
 
 #include <cstdint>
+#include <optional>
+#include <span>
 
 namespace plix {
 
@@ -12,6 +14,17 @@ struct StereoVolume {
     float right { 0 };
     friend bool operator==(StereoVolume const&, StereoVolume const&) = default;
 };
+
+/// One channel of a device.
+struct ChannelVolume {
+    enum class Ear { Left, Right, Other };
+    Ear ear { Ear::Other };
+    float volume { 0 };
+};
+
+/// Of the first channel of each ear; without such, of the first channel for the left ear and the second for the right one, or of
+/// the only one for both. Nil without channels. More than full counts as full.
+std::optional<StereoVolume> stereoVolume(std::span<ChannelVolume const>);
 
 /// What is multiplied with samples for a volume: 0 to 1; 0 for what is no number.
 PLIX_EXPORT float soundGain(float volume);

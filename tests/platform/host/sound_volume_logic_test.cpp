@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <vector>
 
 namespace plix {
 namespace {
@@ -29,6 +30,26 @@ TEST(SoundVolume, TwoHalvesHaveTheLeftOneBelow)
     EXPECT_EQ(packedVolume({ 0, 1 }), 0x01000000U);
     EXPECT_EQ(packedVolume({ 7, -1 }), 0x00000100U);
     EXPECT_EQ(packedVolume({ notANumber, 1 }), 0x01000000U);
+}
+
+TEST(SoundVolume, OfADeviceIsThatOfTheChannelsOfBothEars)
+{
+    using Ear = ChannelVolume::Ear;
+    struct {
+        std::vector<ChannelVolume> channels;
+        std::optional<StereoVolume> volume;
+    } const rows[] = {
+        { {}, {} },
+        { { { Ear::Left, 0.3F }, { Ear::Right, 0.7F } }, StereoVolume { 0.3F, 0.7F } },
+        { { { Ear::Right, 0.7F }, { Ear::Left, 0.3F } }, StereoVolume { 0.3F, 0.7F } },
+        { { { Ear::Other, 0.5F } }, StereoVolume { 0.5F, 0.5F } },
+        { { { Ear::Other, 0.25F }, { Ear::Other, 0.5F }, { Ear::Other, 1 } }, StereoVolume { 0.25F, 0.5F } },
+        { { { Ear::Other, 0.1F }, { Ear::Other, 0.2F }, { Ear::Left, 0.3F }, { Ear::Right, 0.4F } }, StereoVolume { 0.3F, 0.4F } },
+        { { { Ear::Left, 0.3F } }, StereoVolume { 0.3F, 0.3F } },
+        { { { Ear::Left, 1.5F }, { Ear::Right, 0 } }, StereoVolume { 1, 0 } },
+    };
+    for (auto const& row : rows)
+        EXPECT_EQ(stereoVolume(row.channels), row.volume);
 }
 
 TEST(SoundVolume, BeepVolumeIsReadAsOneUnsignedNumber)

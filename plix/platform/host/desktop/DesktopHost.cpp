@@ -1,5 +1,6 @@
 #include <plix/platform/host/desktop/DesktopHost.h>
 
+#include <plix/platform/host/desktop/DesktopAudio.h>
 #include <plix/platform/host/desktop/DesktopClipboard.h>
 #include <plix/platform/host/desktop/DesktopDisplay.h>
 #include <plix/platform/host/desktop/DesktopEventSource.h>
@@ -18,6 +19,7 @@ public:
         , m_display(std::move(display))
         , m_clipboard(*m_session)
         , m_events(*m_display, *m_session)
+        , m_audio([this] { m_display->beep(); })
     {
         installEventSource(&m_events);
     }
@@ -33,12 +35,14 @@ public:
     Display& display() override { return *m_display; }
     Clipboard& clipboard() override { return m_clipboard; }
     EventSource& events() override { return m_events; }
+    Audio* audio() override { return &m_audio; }
 
 private:
     std::unique_ptr<XSession> m_session;
     std::unique_ptr<DesktopDisplay> m_display;
     DesktopClipboard m_clipboard;
     DesktopEventSource m_events;
+    DesktopAudio m_audio;
 };
 
 }

@@ -1,0 +1,186 @@
+#include <plix/platform/host/desktop/DeviceOutput.h>
+
+#include <plix/platform/host/desktop/SoundReader.h>
+#include <plix/platform/host/desktop/sdl_handles.h>
+
+#include <chrono>
+#include <condition_variable>
+#include <cstdlib>
+#include <mutex>
+#include <string>
+#include <system_error>
+#include <thread>
+
+#include <glob.h>
+
+namespace plix {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+/// 11 ms: soon enough for a click to sound at once, long enough for a busy machine.
+constexpr Uint16 framesAtOnce = 512;
+constexpr auto idleTime = 5s;
+constexpr auto betweenLooks = 200ms;
+constexpr auto betweenTries = 500ms;
+constexpr auto patienceAtEnd = 1s;
+
+bool hasSoundCard()
+{
+    glob_t found {};
+    bool const hasAny = ::glob("/dev/snd/pcmC*p", 0, nullptr, &found) == 0;
+    globfree(&found);
+    return hasAny;
+}
+
+/// ALSA says on standard error that it has no card, so it is asked only where there is one.
+bool startDriver()
+{
+    if (char const* const named = std::getenv("SDL_AUDIODRIVER"); named && *named)
+        return SDL_AudioInit(named) == 0;
+    return SDL_AudioInit("pulseaudio") == 0 || SDL_AudioInit("pipewire") == 0 || (hasSoundCard() && SDL_AudioInit("alsa") == 0);
+}
+
+/// One opened device; no more than one at a time.
+class Device {
+public:
+    explicit Device(SoundOutput::Fetch fetch)
+        : m_fetch(std::move(fetch))
+        , m_hasDriver(startDriver())
+    {
+        SDL_AudioSpec wanted {};
+        wanted.freq = SoundReader::rate;
+        wanted.format = AUDIO_F32SYS;
+        wanted.channels = 2;
+        wanted.samples = framesAtOnce;
+        wanted.userdata = this;
+        wanted.callback = [](void* self, Uint8* bytes, int size) {
+            static_cast<Device*>(self)->m_fetch(
+                { reinterpret_cast<float*>(bytes), static_cast<std::size_t>(size) / sizeof(float) });
+        };
+        SDL_AudioSpec got {};
+        m_device = m_hasDriver ? SDL_OpenAudioDevice(nullptr, 0, &wanted, &got, 0) : 0;
+        if (m_device)
+            SDL_PauseAudioDevice(m_device, 0);
+    }
+    ~Device()
+    {
+        if (m_device)
+            SDL_CloseAudioDevice(m_device);
+        if (m_hasDriver)
+            SDL_AudioQuit();
+    }
+    Device(Device const&) = delete;
+    Device& operator=(Device const&) = delete;
+
+    bool isOpen() const { return m_device != 0 && SDL_GetAudioDeviceStatus(m_device) == SDL_AUDIO_PLAYING; }
+
+private:
+    SoundOutput::Fetch m_fetch;
+    bool m_hasDriver { false };
+    SDL_AudioDeviceID m_device { 0 };
+};
+
+}
+
+struct DeviceOutput::State {
+    mutable std::mutex mutex;
+    std::condition_variable changed;
+    Fetch fetch;
+    bool isWanted { false };
+    bool isMissing { false };
+    bool isOver { false };
+    bool hasThread { false };
+
+    /// Sleeps until the wish changes or the time is over; true where the device is still wanted.
+    template <typename Duration> bool waitWhile(bool wanted, Duration time)
+    {
+        std::unique_lock lock(mutex);
+        changed.wait_for(lock, time, [&] { return isOver || isWanted != wanted; });
+        return isWanted && !isOver;
+    }
+    void keepOpen(Device const& device)
+    {
+        do {
+            while (waitWhile(true, betweenLooks)) {
+                if (!device.isOpen())
+                    return;
+            }
+        } while (waitWhile(false, idleTime) && device.isOpen());
+    }
+    bool waitForWish()
+    {
+        std::unique_lock lock(mutex);
+        changed.wait(lock, [this] { return isOver || isWanted; });
+        return !isOver;
+    }
+    void noteMissing(bool missing)
+    {
+        std::scoped_lock const lock(mutex);
+        isMissing = missing;
+    }
+    void run()
+    {
+        while (waitForWish()) {
+            bool wasOpen = false;
+            {
+                Device const device(fetch);
+                wasOpen = device.isOpen();
+                noteMissing(!wasOpen);
+                if (wasOpen)
+                    keepOpen(device);
+            }
+            if (!wasOpen)
+                waitWhile(true, betweenTries);
+        }
+        std::scoped_lock const lock(mutex);
+        hasThread = false;
+        changed.notify_all();
+    }
+};
+
+DeviceOutput::DeviceOutput()
+    : m_state(std::make_shared<State>())
+{
+}
+
+DeviceOutput::~DeviceOutput()
+{
+    std::unique_lock lock(m_state->mutex);
+    m_state->isOver = true;
+    m_state->changed.notify_all();
+    m_state->changed.wait_for(lock, patienceAtEnd, [this] { return !m_state->hasThread; });
+}
+
+void DeviceOutput::setFetch(Fetch fetch)
+{
+    m_state->fetch = std::move(fetch);
+}
+
+void DeviceOutput::setWanted(bool wanted)
+{
+    std::scoped_lock const lock(m_state->mutex);
+    if (m_state->isWanted == wanted)
+        return;
+    m_state->isWanted = wanted;
+    // It is tried anew.
+    m_state->isMissing = m_state->isMissing && !wanted;
+    m_state->changed.notify_all();
+    if (!wanted || m_state->hasThread)
+        return;
+    try {
+        std::thread([state = m_state] { state->run(); }).detach();
+        m_state->hasThread = true;
+    } catch (std::system_error const&) {
+        m_state->isMissing = true;
+    }
+}
+
+bool DeviceOutput::isMissing() const
+{
+    std::scoped_lock const lock(m_state->mutex);
+    return m_state->isMissing;
+}
+
+}

@@ -1,0 +1,330 @@
+#include <plix/platform/host/desktop/PulseVolumes.h>
+
+#ifdef PLIX_PULSE
+#include <plix/platform/foundation/NSProcessInfo.h>
+#include <plix/platform/host/desktop/pulse_library.h>
+
+#include <chrono>
+#include <condition_variable>
+#include <mutex>
+#include <thread>
+#include <utility>
+#include <vector>
+#endif
+
+namespace plix {
+
+#ifdef PLIX_PULSE
+
+namespace {
+
+using namespace std::chrono_literals;
+using Clock = std::chrono::steady_clock;
+
+constexpr auto patience = 500ms;
+constexpr auto betweenTries = 1s;
+
+ChannelVolume::Ear earOf(pa_channel_position_t position)
+{
+    switch (position) {
+    case PA_CHANNEL_POSITION_FRONT_LEFT:
+        return ChannelVolume::Ear::Left;
+    case PA_CHANNEL_POSITION_FRONT_RIGHT:
+        return ChannelVolume::Ear::Right;
+    default:
+        return ChannelVolume::Ear::Other;
+    }
+}
+
+std::optional<StereoVolume> volumeOf(pa_sink_info const& sink)
+{
+    std::vector<ChannelVolume> channels;
+    for (int channel = 0; channel < sink.volume.channels; ++channel) {
+        auto const volume = static_cast<float>(sink.volume.values[channel]) / static_cast<float>(PA_VOLUME_NORM);
+        channels.push_back({ earOf(sink.channel_map.map[channel]), volume });
+    }
+    return stereoVolume(channels);
+}
+
+}
+
+class PulseVolumes::Connection {
+public:
+    explicit Connection(std::function<void()> changed)
+        : m_changed(std::move(changed))
+        , m_applicationName(NSProcessInfo::processInfo().processName())
+        , m_loop(library().newLoop())
+    {
+    }
+    ~Connection()
+    {
+        if (!m_thread.joinable())
+            return;
+        {
+            std::scoped_lock const lock(m_mutex);
+            m_isOver = true;
+        }
+        library().wakeUp(m_loop.get());
+        m_thread.join();
+    }
+    Connection(Connection const&) = delete;
+    Connection& operator=(Connection const&) = delete;
+
+    std::optional<StereoVolume> ask();
+    std::optional<StereoVolume> known() const
+    {
+        std::scoped_lock const lock(m_mutex);
+        return m_known;
+    }
+    void setWatched(bool);
+
+private:
+    using Ticket = unsigned long;
+
+    static PulseLibrary const& library() { return PulseLibrary::shared(); }
+    static Connection& self(void* pointer) { return *static_cast<Connection*>(pointer); }
+
+    void startThread();
+
+    // On the thread:
+    void run();
+    bool hasNews() const;
+    /// False when all is over.
+    bool act();
+    int timeout() const;
+    void connect();
+    void stateChanged();
+    void query();
+    void answer(std::optional<StereoVolume>);
+    static void release(pa_operation* operation)
+    {
+        if (operation)
+            library().releaseOperation(operation);
+    }
+
+    std::function<void()> m_changed;
+    std::string m_applicationName;
+    Handle<pa_mainloop> m_loop;
+    std::thread m_thread;
+
+    mutable std::mutex m_mutex;
+    std::condition_variable m_answers;
+    std::optional<StereoVolume> m_known;
+    Ticket m_asked { 0 };
+    Ticket m_answered { 0 };
+    bool m_isWatched { false };
+    bool m_isOver { false };
+
+    // The thread's own.
+    Handle<pa_context> m_context;
+    bool m_isReady { false };
+    bool m_isLost { false };
+    /// What the server was asked last, or what is to be said that it does not answer.
+    Ticket m_queried { 0 };
+    bool m_isQuerying { false };
+    bool m_isStale { false };
+    std::optional<StereoVolume> m_found;
+    Clock::time_point m_nextTry {};
+};
+
+std::optional<StereoVolume> PulseVolumes::Connection::ask()
+{
+    std::unique_lock lock(m_mutex);
+    bool const hangs = m_asked != m_answered;
+    auto const ticket = ++m_asked;
+    startThread();
+    library().wakeUp(m_loop.get());
+    if (hangs || !m_answers.wait_for(lock, patience, [&] { return m_answered >= ticket; }))
+        return {};
+    return m_known;
+}
+
+void PulseVolumes::Connection::setWatched(bool watched)
+{
+    std::scoped_lock const lock(m_mutex);
+    m_isWatched = watched;
+    if (watched)
+        startThread();
+    library().wakeUp(m_loop.get());
+}
+
+void PulseVolumes::Connection::startThread()
+{
+    if (!m_thread.joinable())
+        m_thread = std::thread([this] { run(); });
+}
+
+void PulseVolumes::Connection::run()
+{
+    while (act()) {
+        library().prepare(m_loop.get(), timeout());
+        // What came before was swallowed by the line above.
+        if (hasNews())
+            library().wakeUp(m_loop.get());
+        library().poll(m_loop.get());
+        library().dispatch(m_loop.get());
+    }
+    m_context.reset();
+}
+
+bool PulseVolumes::Connection::hasNews() const
+{
+    std::scoped_lock const lock(m_mutex);
+    bool const canQuery = m_isReady && !m_isQuerying;
+    bool const wantsAnswer = m_asked != m_queried && (!m_context || canQuery);
+    bool const wantsTry = m_isWatched && !m_context && Clock::now() >= m_nextTry;
+    return m_isOver || m_isLost || wantsAnswer || wantsTry || (m_isStale && canQuery);
+}
+
+int PulseVolumes::Connection::timeout() const
+{
+    std::scoped_lock const lock(m_mutex);
+    if (!m_isWatched || m_context)
+        return -1;
+    auto const rest = std::chrono::duration_cast<std::chrono::microseconds>(m_nextTry - Clock::now()).count();
+    return static_cast<int>(std::max<long>(rest, 0));
+}
+
+bool PulseVolumes::Connection::act()
+{
+    if (std::exchange(m_isLost, false)) {
+        m_context.reset();
+        m_isReady = m_isQuerying = false;
+        m_nextTry = Clock::now() + betweenTries;
+        {
+            std::scoped_lock const lock(m_mutex);
+            m_queried = m_asked;
+        }
+        answer({});
+    }
+    bool wantsAnswer = false;
+    bool isWatched = false;
+    {
+        std::scoped_lock const lock(m_mutex);
+        if (m_isOver)
+            return false;
+        wantsAnswer = m_asked != m_queried;
+        isWatched = m_isWatched;
+    }
+    if (!m_context && (wantsAnswer || (isWatched && Clock::now() >= m_nextTry)))
+        connect();
+    if (m_isReady && !m_isQuerying && (wantsAnswer || m_isStale))
+        query();
+    return true;
+}
+
+void PulseVolumes::Connection::connect()
+{
+    m_context.reset(library().newContext(library().loopInterface(m_loop.get()), m_applicationName.c_str()));
+    library().setStateCallback(
+        m_context.get(), [](pa_context*, void* pointer) { self(pointer).stateChanged(); }, this);
+    library().setSubscribeCallback(
+        m_context.get(),
+        [](pa_context*, pa_subscription_event_type_t, std::uint32_t, void* pointer) { self(pointer).m_isStale = true; }, this);
+    // Where it fails at once the state says so.
+    library().connect(m_context.get(), nullptr, PA_CONTEXT_NOAUTOSPAWN, nullptr);
+    stateChanged();
+}
+
+void PulseVolumes::Connection::stateChanged()
+{
+    auto const state = library().state(m_context.get());
+    m_isLost = m_isLost || state == PA_CONTEXT_FAILED || state == PA_CONTEXT_TERMINATED;
+    if (m_isReady || state != PA_CONTEXT_READY)
+        return;
+    m_isReady = m_isStale = true;
+    constexpr auto events = static_cast<pa_subscription_mask_t>(PA_SUBSCRIPTION_MASK_SINK | PA_SUBSCRIPTION_MASK_SERVER);
+    release(library().subscribe(m_context.get(), events, nullptr, nullptr));
+}
+
+void PulseVolumes::Connection::query()
+{
+    m_isQuerying = true;
+    m_isStale = false;
+    m_found.reset();
+    {
+        std::scoped_lock const lock(m_mutex);
+        m_queried = m_asked;
+    }
+    auto const takeSink = [](pa_context*, pa_sink_info const* sink, int end, void* pointer) {
+        if (sink)
+            self(pointer).m_found = volumeOf(*sink);
+        if (end)
+            self(pointer).answer(self(pointer).m_found);
+    };
+    static auto const s_takeSink = takeSink;
+    auto const takeServer = [](pa_context* context, pa_server_info const* server, void* pointer) {
+        auto* const operation = server && server->default_sink_name
+            ? library().sinkInfo(context, server->default_sink_name, s_takeSink, pointer)
+            : nullptr;
+        if (!operation)
+            self(pointer).answer({});
+        release(operation);
+    };
+    auto* const operation = library().serverInfo(m_context.get(), takeServer, this);
+    if (!operation)
+        answer({});
+    release(operation);
+}
+
+void PulseVolumes::Connection::answer(std::optional<StereoVolume> volume)
+{
+    m_isQuerying = false;
+    bool isNews = false;
+    {
+        std::scoped_lock const lock(m_mutex);
+        isNews = m_isWatched && m_known != volume;
+        m_known = volume;
+        m_answered = m_queried;
+        m_answers.notify_all();
+    }
+    if (isNews)
+        m_changed();
+}
+
+std::unique_ptr<PulseVolumes> PulseVolumes::make(std::function<void()> changed)
+{
+    if (!PulseLibrary::shared().isLoaded)
+        return nullptr;
+    return std::unique_ptr<PulseVolumes>(new PulseVolumes(std::make_unique<Connection>(std::move(changed))));
+}
+
+#else
+
+class PulseVolumes::Connection {
+public:
+    std::optional<StereoVolume> ask() { return {}; }
+    std::optional<StereoVolume> known() const { return {}; }
+    void setWatched(bool) { }
+};
+
+std::unique_ptr<PulseVolumes> PulseVolumes::make(std::function<void()>)
+{
+    return nullptr;
+}
+
+#endif
+
+PulseVolumes::PulseVolumes(std::unique_ptr<Connection> connection)
+    : m_connection(std::move(connection))
+{
+}
+
+PulseVolumes::~PulseVolumes() = default;
+
+std::optional<StereoVolume> PulseVolumes::ask()
+{
+    return m_connection->ask();
+}
+
+std::optional<StereoVolume> PulseVolumes::known() const
+{
+    return m_connection->known();
+}
+
+void PulseVolumes::setWatched(bool watched)
+{
+    m_connection->setWatched(watched);
+}
+
+}

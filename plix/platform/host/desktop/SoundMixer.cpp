@@ -1,0 +1,180 @@
+#include <plix/platform/host/desktop/SoundMixer.h>
+
+#include <plix/platform/host/desktop/SoundReader.h>
+#include <plix/platform/host/sound_mixing.h>
+#include <plix/platform/host/sound_volume.h>
+
+#include <algorithm>
+#include <utility>
+
+namespace plix {
+
+namespace {
+
+/// A third of a second is read ahead, in pieces of 43 ms.
+constexpr std::size_t samplesAhead = 32768;
+constexpr std::size_t samplesAtOnce = 4096;
+
+}
+
+struct SoundMixer::Voice {
+    std::shared_ptr<SoundReader> reader;
+    Ended ended;
+    SampleQueue queue { samplesAhead };
+    Clock::time_point begun { Clock::now() };
+    std::optional<Clock::time_point> firstFetch;
+    float gain { 1 };
+    /// What the last samples were multiplied with.
+    float heardGain { 1 };
+    bool isPaused { false };
+    bool isRead { false };
+    bool couldRead { true };
+    /// The reading thread's own.
+    bool isRewound { false };
+
+    bool wantsReading() const { return !isRead && queue.space() >= samplesAtOnce; }
+};
+
+SoundMixer::SoundMixer() = default;
+SoundMixer::~SoundMixer() = default;
+
+std::shared_ptr<SoundMixer::Voice> SoundMixer::add(std::shared_ptr<SoundReader> reader, float gain, Ended ended)
+{
+    auto voice = std::make_shared<Voice>();
+    voice->reader = std::move(reader);
+    voice->ended = std::move(ended);
+    voice->gain = voice->heardGain = soundGain(gain);
+    std::scoped_lock const lock(m_mutex);
+    if (m_voices.empty())
+        m_lastFetch = voice->begun;
+    m_voices.push_back(voice);
+    ++m_begunCount;
+    m_work.notify_one();
+    return voice;
+}
+
+void SoundMixer::remove(Voice const& voice)
+{
+    std::scoped_lock const lock(m_mutex);
+    std::erase_if(m_voices, [&](auto const& other) { return other.get() == &voice; });
+}
+
+void SoundMixer::setPaused(Voice& voice, bool paused)
+{
+    std::scoped_lock const lock(m_mutex);
+    voice.isPaused = paused;
+}
+
+void SoundMixer::setGain(Voice& voice, float gain)
+{
+    std::scoped_lock const lock(m_mutex);
+    voice.gain = soundGain(gain);
+}
+
+std::optional<double> SoundMixer::delayOf(Voice const& voice) const
+{
+    std::scoped_lock const lock(m_mutex);
+    return voice.firstFetch ? std::optional(std::chrono::duration<double>(*voice.firstFetch - voice.begun).count()) : std::nullopt;
+}
+
+std::size_t SoundMixer::voiceCount() const
+{
+    std::scoped_lock const lock(m_mutex);
+    return m_voices.size();
+}
+
+std::size_t SoundMixer::begunCount() const
+{
+    std::scoped_lock const lock(m_mutex);
+    return m_begunCount;
+}
+
+bool SoundMixer::readAhead()
+{
+    std::shared_ptr<Voice> voice;
+    {
+        std::scoped_lock const lock(m_mutex);
+        for (auto const& other : m_voices) {
+            if (other->wantsReading() && (!voice || other->queue.size() < voice->queue.size()))
+                voice = other;
+        }
+    }
+    if (!voice)
+        return false;
+    float samples[samplesAtOnce];
+    bool const canRead = std::exchange(voice->isRewound, true) || voice->reader->rewind();
+    auto const count = canRead ? voice->reader->read(samples) : 0;
+    std::scoped_lock const lock(m_mutex);
+    voice->queue.push({ samples, count });
+    voice->isRead = count < samplesAtOnce;
+    voice->couldRead = canRead;
+    return true;
+}
+
+std::vector<std::function<void()>> SoundMixer::takeEnded()
+{
+    std::scoped_lock const lock(m_mutex);
+    return std::exchange(m_ended, {});
+}
+
+bool SoundMixer::hasWork() const
+{
+    return m_isWoken || !m_ended.empty() || std::ranges::any_of(m_voices, &Voice::wantsReading);
+}
+
+void SoundMixer::waitForWork(std::optional<Clock::time_point> until)
+{
+    std::unique_lock lock(m_mutex);
+    auto const hasSome = [this] { return hasWork(); };
+    if (until)
+        m_work.wait_until(lock, *until, hasSome);
+    else
+        m_work.wait(lock, hasSome);
+    m_isWoken = false;
+}
+
+void SoundMixer::wakeUp()
+{
+    std::scoped_lock const lock(m_mutex);
+    m_isWoken = true;
+    m_work.notify_one();
+}
+
+SoundMixer::Clock::time_point SoundMixer::lastFetch() const
+{
+    std::scoped_lock const lock(m_mutex);
+    return m_lastFetch;
+}
+
+void SoundMixer::mixVoice(Voice& voice, std::span<float> sum, Listener listener)
+{
+    m_mixed.resize(std::max(m_mixed.size(), sum.size()));
+    auto const count = voice.queue.pop(std::span(m_mixed).first(sum.size()));
+    if (count > 0 && listener == Listener::Device && !voice.firstFetch)
+        voice.firstFetch = Clock::now();
+    addSamples(sum, std::span(m_mixed).first(count), voice.heardGain, voice.gain);
+    voice.heardGain = voice.gain;
+}
+
+void SoundMixer::fetch(std::span<float> stereo, Listener listener)
+{
+    std::ranges::fill(stereo, 0.0F);
+    std::scoped_lock const lock(m_mutex);
+    if (listener == Listener::Device)
+        m_lastFetch = Clock::now();
+    for (auto const& voice : m_voices) {
+        if (!voice->isPaused)
+            mixVoice(*voice, stereo, listener);
+    }
+    std::erase_if(m_voices, [this](auto const& voice) {
+        bool const isOver = voice->isRead && voice->queue.size() == 0 && !voice->isPaused;
+        if (isOver)
+            m_ended.push_back([ended = std::move(voice->ended), wasRead = voice->couldRead] { ended(wasRead); });
+        return isOver;
+    });
+    limitSamples(stereo);
+    if (hasWork())
+        m_work.notify_one();
+}
+
+}

@@ -1,0 +1,74 @@
+#pragma once
+
+#include <plix/platform/host/SampleQueue.h>
+
+#include <chrono>
+#include <condition_variable>
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <span>
+#include <vector>
+
+namespace plix {
+
+class SoundReader;
+
+/// What plays now, added up. Files are read on one thread, what comes out is fetched on another one and sounds begin and end on a
+/// third; whoever fetches never waits for a file.
+class SoundMixer {
+public:
+    using Clock = std::chrono::steady_clock;
+    /// Where the sum goes: to the device, or nowhere, to let time pass.
+    enum class Listener { Device, Nobody };
+
+    using Ended = std::function<void(bool wasRead)>;
+    struct Voice;
+
+    SoundMixer();
+    ~SoundMixer();
+    SoundMixer(SoundMixer const&) = delete;
+    SoundMixer& operator=(SoundMixer const&) = delete;
+
+    /// Begins a sound from its start. `ended` is for takeEnded(), with whether the file could be read.
+    std::shared_ptr<Voice> add(std::shared_ptr<SoundReader>, float gain, Ended);
+    void remove(Voice const&);
+    void setPaused(Voice&, bool paused);
+    void setGain(Voice&, float);
+    /// How long it took from its beginning to the first sample that the device fetched; nil where none was.
+    std::optional<double> delayOf(Voice const&) const;
+
+    std::size_t voiceCount() const;
+    /// How many sounds have begun, ever.
+    std::size_t begunCount() const;
+
+    // For the thread that reads.
+    /// Reads on in the sound that needs it most; false where none does.
+    bool readAhead();
+    /// What was said about the sounds that have ended since the last time.
+    std::vector<std::function<void()>> takeEnded();
+    /// Sleeps until there is something to read, a sound has begun or ended, wakeUp() was called or the time has come.
+    void waitForWork(std::optional<Clock::time_point> until);
+    void wakeUp();
+    /// When the device last fetched, or since when it could have: the first sound began when all was still.
+    Clock::time_point lastFetch() const;
+
+    /// Fills with the sum, two channels side by side.
+    void fetch(std::span<float> stereo, Listener);
+
+private:
+    bool hasWork() const;
+    void mixVoice(Voice&, std::span<float> sum, Listener);
+
+    mutable std::mutex m_mutex;
+    std::condition_variable m_work;
+    std::vector<std::shared_ptr<Voice>> m_voices;
+    std::vector<std::function<void()>> m_ended;
+    std::vector<float> m_mixed;
+    std::size_t m_begunCount { 0 };
+    Clock::time_point m_lastFetch {};
+    bool m_isWoken { false };
+};
+
+}
