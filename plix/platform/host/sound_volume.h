@@ -24,7 +24,7 @@ struct ChannelVolume {
 
 /// Of the first channel of each ear; without such, of the first channel for the left ear and the second for the right one, or of
 /// the only one for both. Nil without channels. More than full counts as full.
-std::optional<StereoVolume> stereoVolume(std::span<ChannelVolume const>);
+PLIX_EXPORT std::optional<StereoVolume> stereoVolume(std::span<ChannelVolume const>);
 
 /// What is multiplied with samples for a volume: 0 to 1; 0 for what is no number.
 PLIX_EXPORT float soundGain(float volume);
