@@ -2,7 +2,7 @@
 
 namespace plix {
 
-extern "C" PluginModule const plixPluginModule;
+extern "C" PLIX_EXPORT PluginModule const plixPluginModule;
 PluginModule const plixPluginModule { PluginModule::currentInterface + 1, nullptr, nullptr, 7 };
 
 }

@@ -12,7 +12,7 @@ constexpr PluginModule::Entry entries[] = { { "OtherRoot", &otherRoot } };
 
 }
 
-extern "C" PluginModule const plixPluginModule;
+extern "C" PLIX_EXPORT PluginModule const plixPluginModule;
 PluginModule const plixPluginModule { PluginModule::currentInterface, &otherRoot, entries, 1 };
 
 }

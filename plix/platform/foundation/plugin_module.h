@@ -1,6 +1,7 @@
 #pragma once
 
 #include <plix/platform/base/Class.h>
+#include <plix/platform/base/export.h>
 
 #include <cstddef>
 
@@ -38,7 +39,7 @@ struct PluginModule {
     namespace {                                                                                                                    \
     constexpr ::plix::PluginModule::Entry pluginEntries[] = { __VA_ARGS__ };                                                       \
     }                                                                                                                              \
-    extern "C" __attribute__((visibility("default"))) ::plix::PluginModule const plixPluginModule;                                 \
+    extern "C" PLIX_EXPORT ::plix::PluginModule const plixPluginModule;                                                            \
     ::plix::PluginModule const plixPluginModule                                                                                    \
     {                                                                                                                              \
         ::plix::PluginModule::currentInterface, &::plix::NSObject::staticClass, pluginEntries,                                     \
