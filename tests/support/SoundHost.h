@@ -1,13 +1,14 @@
 #pragma once
 
 #include <plix/platform/host/desktop/DesktopAudio.h>
+#include <plix/platform/host/desktop/DesktopMedia.h>
 #include <plix/platform/host/headless/HeadlessHost.h>
 
 #include <memory>
 
 namespace plix {
 
-/// A machine without a display, in the time of this one, with this one's sound; the one in use as long as it lives.
+/// A machine without a display, in the time of this one, with this one's sound and media; the one in use as long as it lives.
 class SoundHost {
 public:
     SoundHost()
@@ -32,6 +33,7 @@ private:
         }
         HeadlessHost headless;
         DesktopAudio desktopAudio;
+        DesktopMedia desktopMedia;
 
         // Host:
         std::string_view name() const override { return "sound"; }
@@ -39,6 +41,7 @@ private:
         Clipboard& clipboard() override { return headless.clipboard(); }
         EventSource& events() override { return headless.events(); }
         Audio* audio() override { return &desktopAudio; }
+        Media* media() override { return &desktopMedia; }
     };
 
     std::unique_ptr<Host> m_before;

@@ -11,9 +11,13 @@ namespace {
 struct CustomaryType {
     std::string_view mediaType;
     std::string_view code;
+    std::string_view variant {};
 };
 
 constexpr std::array customaryTypes {
+    CustomaryType { "video/quicktime", "mpg4", "iso" },
+    CustomaryType { "video/quicktime", "mpg4", "iso-fragmented" },
+    CustomaryType { "video/quicktime", "3gpp", "3gpp" },
     CustomaryType { "video/quicktime", "MooV" },
     CustomaryType { "video/mp4", "mpg4" },
     CustomaryType { "video/3gpp", "3gpp" },
@@ -53,9 +57,10 @@ bool matchesComponent(ComponentDescription const& wanted, ComponentDescription c
         && (component.flags & wanted.flagsMask) == (wanted.flags & wanted.flagsMask);
 }
 
-std::uint32_t fileTypeForMediaType(std::string_view mediaType)
+std::uint32_t fileTypeForMediaType(std::string_view mediaType, std::string_view variant)
 {
-    auto const customary = std::ranges::find(customaryTypes, mediaType, &CustomaryType::mediaType);
+    auto const customary = std::ranges::find_if(customaryTypes,
+        [&](auto const& type) { return type.mediaType == mediaType && (type.variant.empty() || type.variant == variant); });
     if (customary != customaryTypes.end())
         return fourCharCode(customary->code);
     auto const slash = mediaType.find('/');

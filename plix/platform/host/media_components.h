@@ -30,7 +30,8 @@ inline constexpr std::uint32_t canMovieExportFiles = 1 << 4;
 
 /// The four characters of a kind of file named by its media type ("video/quicktime" is 'MooV'): the customary ones of the kinds
 /// that have some, else the first four letters and digits of the type's second part, without "x-" before it. 0 for what names none.
-PLIX_EXPORT std::uint32_t fileTypeForMediaType(std::string_view mediaType);
+/// Of a type that several kinds share the variant tells which ("iso" of "video/quicktime").
+PLIX_EXPORT std::uint32_t fileTypeForMediaType(std::string_view mediaType, std::string_view variant = {});
 
 /// A number for a name, the same on every machine and never 0.
 PLIX_EXPORT std::uint32_t componentReference(std::string_view name);

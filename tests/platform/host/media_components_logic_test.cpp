@@ -37,6 +37,10 @@ TEST(MediaComponents, KindsOfFilesHaveTheirCustomaryCodesOrTheirFirstCharacters)
     };
     for (auto const& row : rows)
         EXPECT_EQ(fileTypeForMediaType(row.mediaType), fourCharCode(row.code)) << row.mediaType;
+    EXPECT_EQ(fileTypeForMediaType("video/quicktime", "apple"), fourCharCode("MooV"));
+    EXPECT_EQ(fileTypeForMediaType("video/quicktime", "iso"), fourCharCode("mpg4"));
+    EXPECT_EQ(fileTypeForMediaType("video/quicktime", "3gpp"), fourCharCode("3gpp"));
+    EXPECT_EQ(fileTypeForMediaType("video/x-msvideo", "iso"), fourCharCode("VfW "));
     for (auto const* none : { "", "video", "video/", "video/x-", "video/---" })
         EXPECT_EQ(fileTypeForMediaType(none), 0U) << none;
 }

@@ -4,6 +4,7 @@
 #include <plix/platform/host/desktop/DesktopClipboard.h>
 #include <plix/platform/host/desktop/DesktopDisplay.h>
 #include <plix/platform/host/desktop/DesktopEventSource.h>
+#include <plix/platform/host/desktop/DesktopMedia.h>
 #include <plix/platform/host/desktop/XSession.h>
 
 #include <cstdlib>
@@ -36,6 +37,7 @@ public:
     Clipboard& clipboard() override { return m_clipboard; }
     EventSource& events() override { return m_events; }
     Audio* audio() override { return &m_audio; }
+    Media* media() override { return &m_media; }
 
 private:
     std::unique_ptr<XSession> m_session;
@@ -43,6 +45,7 @@ private:
     DesktopClipboard m_clipboard;
     DesktopEventSource m_events;
     DesktopAudio m_audio;
+    DesktopMedia m_media;
 };
 
 }
