@@ -4,6 +4,7 @@
 #include "buttons_page.h"
 #include "chiseled_page.h"
 #include "combos_page.h"
+#include "dates_page.h"
 #include "image_views_page.h"
 #include "labels_page.h"
 #include "live_page.h"
@@ -33,6 +34,7 @@ constexpr Page allPages[] {
     { "buttons", "Buttons", makeButtonsPage },
     { "menus", "Menus", makeMenusPage },
     { "combos", "Combo boxes and dates", makeCombosPage },
+    { "dates", "Dates in panels", makeDatesPage },
     { "boxes", "Boxes and progress", makeBoxesPage },
     { "image_views", "Image views and segments", makeImageViewsPage },
     { "tables", "Tables and outlines", makeTablesPage },

@@ -102,7 +102,7 @@ void PLIXTextDatePickerCell::drawInteriorWithFrame(Rect frame, NSView& controlVi
     if (button.isEmpty())
         return;
     Theme::current().drawComboButton(button, { .control = lookInView(controlView), .style = NSSmallSquareBezelStyle },
-        isBezeled() || isBordered(), m_isCalendarOpen);
+        isBezeled() || isBordered(), m_isCalendarOpen || isHighlighted());
 }
 
 void PLIXTextDatePickerCell::copyStateTo(NSObject& fresh) const
