@@ -137,6 +137,7 @@ void readNibButtonCell(NibReading& reading)
 
 void readNibImageCell(NibReading& reading)
 {
+    reading.set("type", NSImageCellType);
     reading.set("contents", ObjectValue());
     reading.image("image", "contents");
     reading.choice("imageAlignment", "imageAlignment", imageAlignments);
