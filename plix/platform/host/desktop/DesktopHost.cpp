@@ -7,6 +7,10 @@
 #include <plix/platform/host/desktop/DesktopMedia.h>
 #include <plix/platform/host/desktop/XSession.h>
 
+#ifdef PLIX_SPEECH
+#include <plix/platform/host/desktop/DispatcherSpeech.h>
+#endif
+
 #include <cstdlib>
 
 namespace plix {
@@ -38,6 +42,12 @@ public:
     EventSource& events() override { return m_events; }
     Audio* audio() override { return &m_audio; }
     Media* media() override { return &m_media; }
+#ifdef PLIX_SPEECH
+    Speech* speech() override
+    {
+        return &m_speech;
+    }
+#endif
 
 private:
     std::unique_ptr<XSession> m_session;
@@ -46,6 +56,9 @@ private:
     DesktopEventSource m_events;
     DesktopAudio m_audio;
     DesktopMedia m_media;
+#ifdef PLIX_SPEECH
+    DispatcherSpeech m_speech;
+#endif
 };
 
 }

@@ -7,10 +7,12 @@ namespace plix {
 
 namespace {
 
-constexpr std::size_t mostBytesOfPiece = 4000;
+// As much as is heard when the program ends without having stopped it.
+constexpr std::size_t mostBytesOfPiece = 500;
 constexpr double answerPatience = 5;
 constexpr double voicesPatience = 30;
-constexpr double beginPatience = 10;
+// Others may be heard first.
+constexpr double beginPatience = 20;
 constexpr double cancelPatience = 3;
 constexpr double secondsBetweenPings = 2;
 
@@ -18,7 +20,8 @@ constexpr double secondsBetweenPings = 2;
 double endPatience(std::string const& piece)
 {
     constexpr double secondsOfByte = 0.3;
-    return beginPatience + secondsOfByte * static_cast<double>(piece.size());
+    constexpr double leastPatience = 10;
+    return leastPatience + secondsOfByte * static_cast<double>(piece.size());
 }
 
 enum EventCode { Begin = 701, End = 702, Cancelled = 703, Paused = 704, Resumed = 705 };
@@ -262,10 +265,14 @@ void SsipSession::tick(double now)
 {
     if (m_awaited && now >= m_answerDeadline)
         fail(Trouble::Silent);
-    bool const isTextLate = m_text && m_text->deadline && now >= *m_text->deadline;
     auto const isLate = [now](auto const& cancelled) { return now >= cancelled.second; };
-    if (isTextLate || std::any_of(m_cancelled.begin(), m_cancelled.end(), isLate))
+    if (std::any_of(m_cancelled.begin(), m_cancelled.end(), isLate))
         fail(Trouble::Stuck);
+    if (m_text && m_text->deadline && now >= *m_text->deadline) {
+        dropText(now);
+        endText(false);
+        sendNext(now);
+    }
     if (!m_awaited && (m_text || !m_cancelled.empty()) && now >= m_nextPing) {
         queue(Kind::Ping, "GET RATE");
         sendNext(now);

@@ -9,7 +9,7 @@ namespace plix {
 
 /// One connection to Speech Dispatcher as a machine of states: bytes in, bytes out, and times by a clock that only grows. One text
 /// is spoken at a time, long ones in pieces, so that the service begins and stops at once. It notices a service that no longer
-/// answers, or that keeps what it should have stopped.
+/// answers, or that keeps what it should have stopped; a text that is not begun or ended in time is given up.
 class SsipSession {
 public:
     struct Introduction {
@@ -21,7 +21,7 @@ public:
     enum class Trouble {
         None,
         Silent, ///< it does not answer, or not in the protocol
-        Stuck, ///< it answers, and does not speak
+        Stuck, ///< it answers, and keeps what it should have stopped
     };
 
     SsipSession(Introduction const&, double now);
@@ -31,6 +31,8 @@ public:
     void listVoices(double now);
 
     bool isSpeaking() const { return m_text.has_value(); }
+    /// Whether nothing is left to be said, sent or answered.
+    bool isIdle() const { return !m_text && !m_awaited && m_commands.empty() && m_output.empty(); }
     /// Whether any of the text that is being spoken has begun, and when.
     std::optional<double> speakingSince() const { return m_text ? m_text->since : std::nullopt; }
     /// Once after a text has ended without being stopped here: whether it was said to its end.
@@ -40,6 +42,7 @@ public:
 
     void receive(std::string_view bytes, double now);
     std::string takeOutput();
+    bool hasOutput() const { return !m_output.empty(); }
     /// When tick() has something to do.
     std::optional<double> deadline() const;
     void tick(double now);

@@ -18,6 +18,7 @@ PulseLibrary::PulseLibrary()
     library.find(newLoop, "pa_mainloop_new");
     library.find(freeLoop, "pa_mainloop_free");
     library.find(loopInterface, "pa_mainloop_get_api");
+    library.find(setPoll, "pa_mainloop_set_poll_func");
     library.find(prepare, "pa_mainloop_prepare");
     library.find(poll, "pa_mainloop_poll");
     library.find(dispatch, "pa_mainloop_dispatch");

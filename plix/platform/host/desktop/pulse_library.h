@@ -13,6 +13,7 @@ struct PulseLibrary {
     decltype(&pa_mainloop_new) newLoop { nullptr };
     decltype(&pa_mainloop_free) freeLoop { nullptr };
     decltype(&pa_mainloop_get_api) loopInterface { nullptr };
+    decltype(&pa_mainloop_set_poll_func) setPoll { nullptr };
     decltype(&pa_mainloop_prepare) prepare { nullptr };
     decltype(&pa_mainloop_poll) poll { nullptr };
     decltype(&pa_mainloop_dispatch) dispatch { nullptr };

@@ -300,7 +300,7 @@ TEST_F(SsipSessionTest, AnotherTextReplacesTheFirst)
 TEST_F(SsipSessionTest, LongTextsGoInPiecesOneAhead)
 {
     std::string text;
-    for (int i = 0; i < 300; ++i)
+    for (int i = 0; i < 40; ++i)
         text += "This is a sentence of some forty letters. ";
     session.speak(text, now);
     accept("1");
@@ -370,20 +370,45 @@ TEST_F(SsipSessionTest, IsAskedWhetherItIsThereWhileItSpeaks)
     EXPECT_EQ(session.trouble(), Trouble::Silent);
 }
 
-TEST_F(SsipSessionTest, AServiceThatDoesNotBeginOrEndIsStuck)
+TEST_F(SsipSessionTest, ATextThatDoesNotBeginInTimeIsGivenUp)
 {
     session.speak("hello", now);
     accept("7");
-    now = 109;
+    now = 119;
     session.waitLonger(now);
-    tickAt(110);
-    answer("251 OK\r\n");
-    EXPECT_EQ(session.trouble(), Trouble::None);
-    event(701, "7");
     tickAt(121);
     answer("251 OK\r\n");
+    EXPECT_TRUE(session.isSpeaking());
+    tickAt(138.9);
+    answer("251 OK\r\n");
+    EXPECT_TRUE(session.isSpeaking());
+    output();
+    tickAt(139);
+    EXPECT_EQ(session.takeEnd(), false);
+    EXPECT_THAT(output(), ElementsAre("CANCEL SELF"));
+    answer("213 OK CANCELED\r\n");
+    EXPECT_TRUE(session.isIdle());
     EXPECT_EQ(session.trouble(), Trouble::None);
-    tickAt(123);
+}
+
+TEST_F(SsipSessionTest, ATextThatDoesNotEndInTimeIsGivenUpAndThenTheService)
+{
+    session.speak("hello", now);
+    accept("7");
+    event(701, "7");
+    session.waitLonger(now);
+    tickAt(111);
+    answer("251 OK\r\n");
+    output();
+    EXPECT_TRUE(session.isSpeaking());
+    tickAt(111.5);
+    EXPECT_EQ(session.takeEnd(), false);
+    EXPECT_THAT(output(), ElementsAre("CANCEL SELF"));
+    answer("213 OK CANCELED\r\n");
+    tickAt(114);
+    answer("251 OK\r\n");
+    EXPECT_EQ(session.trouble(), Trouble::None);
+    tickAt(114.5);
     EXPECT_EQ(session.trouble(), Trouble::Stuck);
 }
 

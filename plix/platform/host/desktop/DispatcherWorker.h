@@ -1,0 +1,41 @@
+#pragma once
+
+#include <plix/platform/host/desktop/DispatcherService.h>
+
+#include <atomic>
+#include <deque>
+#include <functional>
+#include <mutex>
+#include <thread>
+
+namespace plix {
+
+/// The thread that talks to the speech service. What is asked of it is done in order; it sleeps while there is nothing to do.
+class DispatcherWorker {
+public:
+    using Call = std::function<void(DispatcherService&)>;
+
+    /// The news are called on the worker's thread.
+    DispatcherWorker(DispatcherOptions, DispatcherService::News);
+    /// Silences what is being spoken; comes back in a moment, whether the service answers or not. The end of the program does the
+    /// same.
+    ~DispatcherWorker();
+    DispatcherWorker(DispatcherWorker const&) = delete;
+    DispatcherWorker& operator=(DispatcherWorker const&) = delete;
+
+    void perform(Call);
+    void end();
+
+private:
+    void run(DispatcherOptions const&, DispatcherService::News const&);
+    std::deque<Call> takeCalls();
+    void wake();
+
+    std::mutex m_mutex;
+    std::deque<Call> m_calls;
+    int m_wakeDescriptor { -1 };
+    std::atomic<bool> m_isEnding { false };
+    std::thread m_thread;
+};
+
+}

@@ -1,0 +1,378 @@
+#ifdef PLIX_SPEECH
+
+#include <plix/platform/host/desktop/DispatcherSpeech.h>
+
+#include <plix/platform/appkit/NSSpeechSynthesizer.h>
+#include <plix/platform/foundation/NSRunLoop.h>
+#include <plix/platform/host/headless/HeadlessHost.h>
+#include <plix/speech/PLIXSpeechSynthesizer.h>
+#include <tests/support/SpeechServer.h>
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+
+namespace plix {
+namespace {
+
+using testing::AllOf;
+using testing::ElementsAre;
+using testing::Ge;
+using testing::Le;
+
+using Strings = ObjectValue::Array;
+
+/// A machine without a display that speaks by a service, and whose time passes as it does.
+class SpeakingHost final : public Host {
+public:
+    explicit SpeakingHost(DispatcherOptions options)
+        : m_speech(std::move(options))
+    {
+    }
+    std::string_view name() const override { return "speaking"; }
+    Display& display() override { return m_inner.display(); }
+    Clipboard& clipboard() override { return m_inner.clipboard(); }
+    EventSource& events() override { return m_inner.events(); }
+    Speech* speech() override { return &m_speech; }
+
+private:
+    HeadlessHost m_inner;
+    DispatcherSpeech m_speech;
+};
+
+DispatcherOptions optionsFor(std::string socketPath)
+{
+    DispatcherOptions options;
+    options.user = "tester";
+    options.application = "test";
+    options.socketPath = std::move(socketPath);
+    options.start = DispatcherOptions::Start::Never;
+    return options;
+}
+
+bool runUntil(std::function<bool()> const& condition, NSTimeInterval patience = 20)
+{
+    return NSRunLoop::currentRunLoop().runUntil(condition, NSDefaultRunLoopMode, NSDate::dateWithTimeIntervalSinceNow(patience));
+}
+
+/// Likewise, and has what is heard recorded meanwhile.
+bool listenUntil(PulseRecorder& recorder, std::function<bool()> const& condition)
+{
+    constexpr NSTimeInterval moment = 0.02;
+    return waitUntil(
+        [&] {
+            NSRunLoop::currentRunLoop().runUntilDate(NSDate::dateWithTimeIntervalSinceNow(moment));
+            recorder.record(0);
+            return condition();
+        },
+        Seconds(20));
+}
+
+void runFor(NSTimeInterval seconds)
+{
+    NSRunLoop::currentRunLoop().runUntilDate(NSDate::dateWithTimeIntervalSinceNow(seconds));
+}
+
+constexpr char const* longText
+    = "This is a long text that goes on and on, for quite a while, with many words, until it is stopped at last, "
+      "or the server is gone, or the test has run out of patience, which would be a pity indeed.";
+
+/// The services run as long as the test.
+class DispatcherSpeechTest : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        if (!SpeechServer::isInstalled())
+            GTEST_SKIP() << "speech-dispatcher with espeak-ng, or pulseaudio, is not installed";
+        sound = std::make_unique<PulseServer>();
+        service = std::make_unique<SpeechServer>(*sound);
+        use(optionsFor(service->socketPath()));
+    }
+    void TearDown() override
+    {
+        plix::sharedSpeechSynthesizer = nullptr;
+        installHost(std::move(m_before));
+    }
+    void use(DispatcherOptions options)
+    {
+        auto before = installHost(std::make_unique<SpeakingHost>(std::move(options)));
+        if (!m_before)
+            m_before = std::move(before);
+    }
+    Speech& speech() { return *host().speech(); }
+    SpeechChannel open()
+    {
+        SpeechNews news;
+        news.ended = [this](SpeechEnd end) { ends.push_back(end); };
+        return speech().openChannel("", std::move(news));
+    }
+    /// What a text that is said to its end leaves.
+    bool speaksToTheEnd(std::string_view text)
+    {
+        auto const channel = open();
+        ends.clear();
+        return speech().start(channel, text) && runUntil([this] { return !ends.empty(); }) && ends.front() == SpeechEnd::Finished;
+    }
+
+    std::unique_ptr<PulseServer> sound;
+    std::unique_ptr<SpeechServer> service;
+    std::vector<SpeechEnd> ends;
+
+private:
+    std::unique_ptr<Host> m_before;
+};
+
+TEST_F(DispatcherSpeechTest, AListIsHeardWithSilenceBetweenItsStrings)
+{
+    PulseRecorder recorder(*sound);
+    auto const synthesizer = make<PLIXSpeechSynthesizer>();
+    synthesizer->speakStrings(Strings { "one", "two", "three" }, 1.2);
+    auto const spokenAll = [&] { return !NSRunLoop::currentRunLoop().nextFireDate(NSDefaultRunLoopMode); };
+    EXPECT_TRUE(listenUntil(recorder, spokenAll));
+    recorder.recordUntilStill();
+    auto const stretches = soundingStretches(recorder.samples(), 0.8);
+    ASSERT_EQ(stretches.size(), 3U);
+    for (std::size_t index = 1; index < stretches.size(); ++index)
+        EXPECT_THAT(stretches[index].first - stretches[index - 1].second, AllOf(Ge(1.0), Le(3.0)));
+    EXPECT_GT(loudness(recorder.samples()), 0.01);
+}
+
+TEST_F(DispatcherSpeechTest, StoppingSilencesIt)
+{
+    PulseRecorder recorder(*sound);
+    auto const synthesizer = make<NSSpeechSynthesizer>();
+    EXPECT_TRUE(synthesizer->startSpeakingString(longText));
+    EXPECT_TRUE(synthesizer->isSpeaking());
+    EXPECT_TRUE(listenUntil(recorder, [&] { return soundingTime(recorder.samples()) > 1; }));
+    EXPECT_TRUE(synthesizer->isSpeaking());
+    synthesizer->stopSpeaking();
+    EXPECT_FALSE(synthesizer->isSpeaking());
+    EXPECT_TRUE(recorder.recordUntilStill(1.0));
+    EXPECT_THAT(soundingTime(recorder.samples()), AllOf(Ge(1.0), Le(4.0)));
+}
+
+TEST_F(DispatcherSpeechTest, TheEndIsToldOnTheRunLoop)
+{
+    auto const channel = open();
+    EXPECT_TRUE(speech().start(channel, "hello"));
+    EXPECT_TRUE(speech().isSpeaking(channel));
+    EXPECT_TRUE(speech().isAnyApplicationSpeaking());
+    EXPECT_TRUE(ends.empty());
+    EXPECT_TRUE(runUntil([&] { return !speech().isSpeaking(channel); }));
+    EXPECT_THAT(ends, ElementsAre(SpeechEnd::Finished));
+    EXPECT_FALSE(speech().isAnyApplicationSpeaking());
+}
+
+TEST_F(DispatcherSpeechTest, ATextReplacesTheOneBefore)
+{
+    auto const channel = open();
+    speech().start(channel, longText);
+    runFor(0.8);
+    speech().start(channel, "now this");
+    EXPECT_TRUE(runUntil([&] { return ends.size() == 2; }));
+    EXPECT_THAT(ends, ElementsAre(SpeechEnd::Stopped, SpeechEnd::Finished));
+}
+
+TEST_F(DispatcherSpeechTest, AnyTextIsSaidToItsEnd)
+{
+    for (std::string const text : { "a < b & c > d \"e\" 'f'", "<speak>&amp;<mark name='x'/></speak>", ".",
+             "..\n.\r\n...\nQUIT\r\n", "-", "\xC3\xA4\xF0\x9D\x84\x9E", "a\xFF\xC3z", "\xED\xA0\x80", "line\n\nline" })
+        EXPECT_TRUE(speaksToTheEnd(text)) << testing::PrintToString(text);
+    EXPECT_TRUE(speaksToTheEnd(std::string("nul\0nul", 7)));
+}
+
+TEST_F(DispatcherSpeechTest, AHugeTextIsBegunAndStoppedAtOnce)
+{
+    PulseRecorder recorder(*sound);
+    for (std::string const& word : { std::string("word "), std::string("x") }) {
+        std::string text;
+        while (text.size() < (1U << 20))
+            text += word;
+        auto const channel = open();
+        EXPECT_TRUE(speech().start(channel, text));
+        auto const before = recorder.samples().size();
+        auto const isHeard = [&] {
+            return loudness({ recorder.samples().begin() + static_cast<std::ptrdiff_t>(before), recorder.samples().end() }) > 0;
+        };
+        EXPECT_TRUE(listenUntil(recorder, isHeard));
+        speech().stop(channel);
+        speech().closeChannel(channel);
+        EXPECT_TRUE(speaksToTheEnd("after"));
+    }
+}
+
+TEST_F(DispatcherSpeechTest, BlankTextSaysNothing)
+{
+    auto const channel = open();
+    EXPECT_TRUE(speech().start(channel, " \t\n"));
+    EXPECT_TRUE(speech().start(channel, ""));
+    EXPECT_FALSE(speech().isSpeaking(channel));
+}
+
+TEST_F(DispatcherSpeechTest, AServiceThatIsKilledIsSoonNotSpeakingAndSpeaksWhenItIsBack)
+{
+    auto const channel = open();
+    speech().start(channel, longText);
+    runFor(2);
+    EXPECT_TRUE(speech().isSpeaking(channel));
+    service->kill();
+    EXPECT_TRUE(runUntil([&] { return !speech().isSpeaking(channel); }, 5));
+    EXPECT_THAT(ends, ElementsAre(SpeechEnd::Stopped));
+    speech().start(channel, "nobody hears this");
+    EXPECT_TRUE(runUntil([&] { return !speech().isSpeaking(channel); }, 5));
+    service->start();
+    EXPECT_TRUE(speaksToTheEnd("hello again"));
+}
+
+TEST_F(DispatcherSpeechTest, AServiceThatIsRestartedBetweenTwoTextsIsNotNoticed)
+{
+    EXPECT_TRUE(speaksToTheEnd("one"));
+    service->kill();
+    service->start();
+    EXPECT_TRUE(speaksToTheEnd("two"));
+}
+
+TEST_F(DispatcherSpeechTest, ASoundServerThatIsKilledIsSoonNotSpeakingAndSpeaksWhenItIsBack)
+{
+    auto const channel = open();
+    speech().start(channel, longText);
+    runFor(2);
+    EXPECT_TRUE(speech().isSpeaking(channel));
+    sound->kill();
+    EXPECT_TRUE(runUntil([&] { return !speech().isSpeaking(channel); }, 5));
+    speech().start(channel, "nobody hears this");
+    EXPECT_TRUE(runUntil([&] { return !speech().isSpeaking(channel); }, 5));
+    sound->start();
+    service->kill();
+    service->start();
+    EXPECT_TRUE(speaksToTheEnd("hello again"));
+}
+
+TEST_F(DispatcherSpeechTest, AFrozenServiceIsGivenUp)
+{
+    auto const channel = open();
+    speech().start(channel, longText);
+    runFor(1.5);
+    service->freeze();
+    EXPECT_TRUE(runUntil([&] { return !speech().isSpeaking(channel); }, 15));
+    service->goOn();
+    EXPECT_TRUE(speaksToTheEnd("hello again"));
+}
+
+TEST_F(DispatcherSpeechTest, WithoutAServiceNothingIsSaidQuietly)
+{
+    use(optionsFor("/nonexistent/socket"));
+    auto const synthesizer = make<NSSpeechSynthesizer>();
+    synthesizer->startSpeakingString("hello");
+    EXPECT_TRUE(runUntil([&] { return !synthesizer->isSpeaking(); }, 5));
+    use(optionsFor(""));
+    EXPECT_FALSE(synthesizer->startSpeakingString("hello"));
+    EXPECT_FALSE(synthesizer->isSpeaking());
+    EXPECT_FALSE(NSSpeechSynthesizer::isAnyApplicationSpeaking());
+}
+
+TEST_F(DispatcherSpeechTest, WithoutASoundServerNothingIsSaidQuietly)
+{
+    sound->kill();
+    auto const channel = open();
+    speech().start(channel, "hello");
+    EXPECT_TRUE(runUntil([&] { return !speech().isSpeaking(channel); }, 5));
+    EXPECT_THAT(ends, ElementsAre(SpeechEnd::Stopped));
+}
+
+TEST_F(DispatcherSpeechTest, AFrozenSoundServerIsGivenUp)
+{
+    sound->freeze();
+    auto const channel = open();
+    speech().start(channel, "hello");
+    EXPECT_TRUE(runUntil([&] { return !speech().isSpeaking(channel); }, 10));
+    sound->goOn();
+    EXPECT_TRUE(speaksToTheEnd("hello again"));
+}
+
+TEST_F(DispatcherSpeechTest, StartsTheServiceWhereNobodyListens)
+{
+    service->kill();
+    EnvironmentVariable const runtime("XDG_RUNTIME_DIR", service->folder());
+    EnvironmentVariable const home("HOME", service->folder());
+    EnvironmentVariable const address("SPEECHD_ADDRESS", std::nullopt);
+    auto options = DispatcherOptions::fromEnvironment();
+    EXPECT_EQ(options.socketPath, service->folder() + "/speech-dispatcher/speechd.sock");
+    use(options);
+    EXPECT_TRUE(speaksToTheEnd("hello from a service that was started"));
+}
+
+TEST_F(DispatcherSpeechTest, ListsVoicesWithoutVariantsAndSpeaksInOne)
+{
+    bool isTold = false;
+    speech().setVoicesNews([&] { isTold = true; });
+    EXPECT_TRUE(speech().voices().empty());
+    EXPECT_TRUE(runUntil([&] { return isTold; }));
+    auto const& voices = speech().voices();
+    EXPECT_THAT(voices.size(), AllOf(Ge(20U), Le(1000U)));
+    auto const german = std::find_if(voices.begin(), voices.end(), [](SpeechVoice const& voice) { return voice.language == "de"; });
+    ASSERT_NE(german, voices.end());
+    auto const channel = speech().openChannel(german->identifier, { [this](SpeechEnd end) { ends.push_back(end); }, nullptr });
+    speech().start(channel, "guten Tag");
+    EXPECT_TRUE(runUntil([this] { return !ends.empty(); }));
+    EXPECT_THAT(ends, ElementsAre(SpeechEnd::Finished));
+}
+
+TEST_F(DispatcherSpeechTest, OtherApplicationsOfThisLibraryAreHeardOf)
+{
+    auto options = optionsFor(service->socketPath());
+    options.mark = std::make_shared<SpeakingMark>(service->folder() + "/mark");
+    use(options);
+    options.mark = std::make_shared<SpeakingMark>(service->folder() + "/mark");
+    DispatcherSpeech other(options);
+    auto const channel = other.openChannel("", {});
+    EXPECT_FALSE(speech().isAnyApplicationSpeaking());
+    other.start(channel, "hello");
+    EXPECT_TRUE(speech().isAnyApplicationSpeaking());
+    EXPECT_TRUE(runUntil([&] { return !other.isSpeaking(channel); }));
+    EXPECT_FALSE(speech().isAnyApplicationSpeaking());
+}
+
+TEST_F(DispatcherSpeechTest, ChannelsComeAndGoWhileTheyAreSpeaking)
+{
+    for (int i = 0; i < 20; ++i) {
+        auto const channel = open();
+        speech().start(channel, longText);
+        if (i % 2)
+            speech().stop(channel);
+        speech().closeChannel(channel);
+    }
+    EXPECT_FALSE(speech().isAnyApplicationSpeaking());
+    EXPECT_TRUE(speaksToTheEnd("after all"));
+}
+
+TEST(SpeakingMark, IsSeenByOthersAsLongAsItIsHeld)
+{
+    TestFolder const folder;
+    SpeakingMark one(folder / "mark");
+    SpeakingMark two(folder / "mark");
+    EXPECT_FALSE(one.isHeldByOthers());
+    one.setHeld(true);
+    EXPECT_FALSE(one.isHeldByOthers());
+    EXPECT_TRUE(two.isHeldByOthers());
+    two.setHeld(true);
+    EXPECT_TRUE(one.isHeldByOthers());
+    one.setHeld(false);
+    EXPECT_FALSE(two.isHeldByOthers());
+    EXPECT_TRUE(one.isHeldByOthers());
+}
+
+TEST(SpeakingMark, WithoutAFileNobodyIsSeen)
+{
+    for (auto const* const path : { "", "/nonexistent/mark" }) {
+        SpeakingMark one(path);
+        SpeakingMark two(path);
+        one.setHeld(true);
+        EXPECT_FALSE(two.isHeldByOthers()) << path;
+    }
+}
+
+}
+}
+
+#endif
