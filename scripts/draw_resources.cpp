@@ -1,12 +1,14 @@
 // Draws the library's named images, at 1x and 2x, into the folder that is given. `make resources` runs it; the results are in the
 // repository.
 
+#include <plix/drawing/bezier_path_additions.h>
 #include <plix/platform/base/NSData.h>
 #include <plix/platform/graphics/FocusLock.h>
 #include <plix/platform/graphics/NSBezierPath.h>
 #include <plix/platform/graphics/NSBitmapImageRep.h>
 #include <plix/platform/graphics/NSColor.h>
 #include <plix/platform/graphics/NSGraphics.h>
+#include <plix/platform/graphics/NSGraphicsContext.h>
 #include <plix/platform/graphics/NSImage.h>
 
 #include <array>
@@ -157,7 +159,44 @@ void drawResizeIndicator(Size size)
     }
 }
 
+void fillBands(Rect rect, float radius, std::array<float, 3> lower, std::array<float, 3> upper)
+{
+    GraphicsState const saved;
+    bezierPathWithRoundedRect(rect, radius)->addClip();
+    for (float y = 0; y < rect.height; y += 0.5F) {
+        float const part = y / rect.height;
+        auto const mixed = [&](std::size_t i) { return lower[i] + (upper[i] - lower[i]) * part; };
+        NSColor::colorWithCalibratedRed(mixed(0), mixed(1), mixed(2), 1)->set();
+        NSRectFill({ rect.x, rect.y + y, rect.width, 0.5F });
+    }
+}
+
+/// For applications without an icon of their own: a window with a list on a tile.
+void drawApplicationIcon(Size)
+{
+    fillBands({ 4, 4, 56, 56 }, 13, { 0.22F, 0.40F, 0.72F }, { 0.50F, 0.70F, 0.96F });
+    setGrey(0, 0.22F);
+    bezierPathWithRoundedRect({ 14, 14, 36, 34 }, 4)->fill();
+    fillBands({ 14, 16, 36, 33 }, 4, { 0.94F, 0.95F, 0.97F }, { 1, 1, 1 });
+    {
+        GraphicsState const saved;
+        bezierPathWithRoundedRect({ 14, 16, 36, 33 }, 4)->addClip();
+        NSColor::colorWithCalibratedRed(0.80F, 0.83F, 0.88F, 1)->set();
+        NSRectFill({ 14, 41, 36, 8 });
+        NSColor::colorWithCalibratedRed(0.30F, 0.50F, 0.85F, 1)->set();
+        NSRectFill({ 14, 31, 36, 5 });
+    }
+    setGrey(0.72F, 1);
+    for (float const y : { 37.5F, 26.5F, 21.5F })
+        bezierPathWithRoundedRect({ 18, y, y > 30 ? 20.0F : 26.0F, 2 }, 1)->fill();
+    setGrey(1, 1);
+    bezierPathWithRoundedRect({ 18, 32.5F, 24, 2 }, 1)->fill();
+    for (float const x : { 18.0F, 23.0F, 28.0F })
+        bezierPathWithRoundedRect({ x, 43.5F, 3, 3 }, 1.5F)->fill();
+}
+
 Resource const resources[] = {
+    { "NSApplicationIcon", { 64, 64 }, drawApplicationIcon },
     { "popupknob_small", { 9, 12 }, drawKnob },
     { "expanded", { 11, 11 }, drawExpanded },
     { "collapsed", { 11, 11 }, drawCollapsed },

@@ -387,9 +387,10 @@ void BrowserController::move(std::vector<std::string> const& paths, std::string 
 void BrowserController::copy(std::vector<std::string> const& paths)
 {
     auto const folder = m_listing.path();
+    auto const what = paths.size() == 1 ? "“" + shownName(paths[0]) + "”" : std::to_string(paths.size()) + " items";
     auto work = [paths, folder, files = make<NSFileManager>()](JobReport& report) { copyPaths(paths, folder, *files, report); };
-    m_jobs.push_back(
-        make<JobController>(std::move(work), [weakly = Weak<BrowserController>(*this), folder](JobReport const& report) {
+    m_jobs.push_back(make<JobController>("Copying " + what + " to “" + shownName(folder) + "”", std::move(work),
+        [weakly = Weak<BrowserController>(*this), folder](JobReport const& report) {
             if (auto const controller = weakly.ref())
                 controller->showCopies(folder, report);
         }));
@@ -406,8 +407,11 @@ void BrowserController::showCopies(std::string const& folder, JobReport const& r
     showFailure(report.failure());
 }
 
+// Without the window, the progress of copies is what keeps the application there until they are made.
 void BrowserController::closeOthers()
 {
+    for (auto const& job : m_jobs)
+        job->showWindow();
     if (m_info)
         m_info->panel().close();
 }

@@ -1,6 +1,8 @@
 #include <tests/desktop/support/DesktopTest.h>
 #include <tests/support/TestFolder.h>
 
+#include <filesystem>
+#include <fstream>
 #include <set>
 
 namespace plix::desktop {
@@ -149,6 +151,69 @@ TEST_F(FilesWindow, CopiesWithTheKeyboard)
     press("ctrl+c");
     press("ctrl+v");
     EXPECT_TRUE(waitUntil([this] { return std::filesystem::exists(folder + "/inside 1/one"); }));
+}
+
+/// Copies a folder of 2,000 files, some so large that it takes seconds.
+class LongCopy : public FilesWindow {
+protected:
+    LongCopy()
+    {
+        for (int number = 0; number < 2000; ++number)
+            std::ofstream(folder + "/inside/file " + std::to_string(number)) << number;
+        for (int number = 0; number < 60; ++number) {
+            auto const path = folder + "/inside/large " + std::to_string(number);
+            std::ofstream { path };
+            std::filesystem::resize_file(path, 100'000'000);
+        }
+    }
+    void begin()
+    {
+        startBrowser(folder);
+        ASSERT_TRUE(waitUntil([this] { return isDrawn(); }));
+        press("Home");
+        press("ctrl+c");
+        press("ctrl+v");
+        ASSERT_TRUE(waitUntil([this] { return !windowTitled("Progress").empty(); }));
+    }
+    bool isCopyThere() const { return std::filesystem::exists(folder + "/inside 1"); }
+};
+
+TEST_F(LongCopy, LeavesTheWindowToThePersonUntilItIsCanceled)
+{
+    begin();
+    screenshot("copying");
+    auto const place = placeOf("plenty");
+    auto const y = place.y + place.height - 100;
+    auto const before = screenshot("before").pixel(place.x + place.width / 2, y);
+    click(place.x + place.width / 2, y);
+    EXPECT_TRUE(waitUntil([&] { return screenshot("after").pixel(place.x + place.width / 2, y) != before; }));
+    EXPECT_TRUE(isCopyThere());
+    tool({ "wmctrl", "-a", "Progress" });
+    auto const panel = placeOf("Progress");
+    click(panel.x + panel.width - 64, panel.y + panel.height / 2);
+    EXPECT_TRUE(waitUntil([this] { return windowTitled("Progress").empty(); }));
+    EXPECT_FALSE(isCopyThere());
+    EXPECT_TRUE(std::filesystem::exists(folder + "/inside/file 1999"));
+}
+
+TEST_F(LongCopy, EndsWithEscape)
+{
+    begin();
+    press("Escape");
+    EXPECT_TRUE(waitUntil([this] { return windowTitled("Progress").empty(); }));
+    EXPECT_FALSE(isCopyThere());
+}
+
+TEST_F(LongCopy, GoesOnWithoutItsWindow)
+{
+    begin();
+    tool({ "wmctrl", "-c", "plenty" });
+    EXPECT_TRUE(waitUntil([this] { return windowTitled("plenty").empty(); }));
+    EXPECT_FALSE(windowTitled("Progress").empty());
+    tool({ "wmctrl", "-a", "Progress" });
+    press("Escape");
+    EXPECT_TRUE(waitUntil([this] { return windowTitled("Progress").empty(); }));
+    EXPECT_FALSE(isCopyThere());
 }
 
 }
