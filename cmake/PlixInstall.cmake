@@ -85,5 +85,7 @@ endforeach()
 
 if(PLIX_INSTALLED_EXAMPLES)
     install(TARGETS ${PLIX_INSTALLED_EXAMPLES} RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT examples)
+    plix_install_resources(browser COMPONENT examples)
+    plix_install_resources(gallery COMPONENT examples)
     install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples/ DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/plix-examples/sources COMPONENT examples)
 endif()
