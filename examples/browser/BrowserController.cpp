@@ -4,6 +4,7 @@
 #include "FolderTree.h"
 #include "InfoPanel.h"
 #include "JobController.h"
+#include "PreferencesWindow.h"
 #include "Question.h"
 #include "file_jobs.h"
 #include "file_operations.h"
@@ -113,6 +114,8 @@ void BrowserController::rememberLayout()
     if (!m_window->setFrameUsingName(frameName))
         m_window->center();
     m_window->setFrameAutosaveName(frameName);
+    setPreferences(Preferences::load());
+    m_savesPreferences = true;
 }
 
 void BrowserController::makeBars(NSView& content)
@@ -215,6 +218,7 @@ void BrowserController::connect()
             },
         .paste = [whileAlive](auto const& paths) { whileAlive([&](auto& controller) { controller.copy(paths); }); },
         .info = [whileAlive] { whileAlive([](auto& controller) { controller.showInfo(); }); },
+        .preferences = [whileAlive] { whileAlive([](auto& controller) { controller.showPreferences(); }); },
         .select =
             [whileAlive] {
                 whileAlive([](auto& controller) {
@@ -270,7 +274,9 @@ void BrowserController::setFilter(std::optional<DateFilter> filter)
 std::string BrowserController::messageForListing() const
 {
     if (!m_listing.entries().empty())
-        return m_filter ? "Nothing here was modified between these dates." : "";
+        return m_filter                      ? "Nothing here was modified between these dates."
+            : m_preferences.showsHiddenFiles ? ""
+                                             : "All that is in this folder is hidden.";
     return m_listing.failure().empty() ? "This folder is empty." : m_listing.failure();
 }
 
@@ -399,6 +405,8 @@ void BrowserController::copy(std::vector<std::string> const& paths)
 void BrowserController::showCopies(std::string const& folder, JobReport const& report)
 {
     std::erase_if(m_jobs, [](auto const& job) { return !job->isRunning(); });
+    if (m_preferences.playsSound && !report.results().empty())
+        playSound(m_preferences.sound);
     m_tree->folderChanged(folder);
     if (m_listing.path() != folder)
         return;
@@ -414,6 +422,35 @@ void BrowserController::closeOthers()
         job->showWindow();
     if (m_info)
         m_info->panel().close();
+    if (m_preferencesWindow)
+        m_preferencesWindow->panel().close();
+}
+
+// MARK: preferences
+
+void BrowserController::showPreferences()
+{
+    if (!m_preferencesWindow) {
+        auto changed = [weakly = Weak<BrowserController>(*this)](Preferences const& preferences) {
+            if (auto const controller = weakly.ref())
+                controller->setPreferences(preferences);
+        };
+        m_preferencesWindow = make<PreferencesWindow>(m_preferences, Ref<NSTableView>(&m_files->table()), std::move(changed));
+    }
+    m_preferencesWindow->show();
+}
+
+void BrowserController::setPreferences(Preferences preferences)
+{
+    m_preferences = std::move(preferences);
+    m_files->table().setUsesAlternatingRowBackgroundColors(m_preferences.showsStripes);
+    m_files->setShowsHiddenFiles(m_preferences.showsHiddenFiles);
+    m_files->setShowsExactSizes(m_preferences.showsExactSizes);
+    if (!m_listing.isReading())
+        m_files->setMessage(messageForListing());
+    if (m_savesPreferences)
+        m_preferences.save();
+    showStatus();
 }
 
 // MARK: what is known of a file
@@ -453,7 +490,7 @@ void BrowserController::showStatus()
     else if (!failure.empty())
         m_statusLabel->setStringValue(failure);
     else
-        m_statusLabel->setStringValue(m_filter
+        m_statusLabel->setStringValue(m_filter || m_files->shownEntries() < m_listing.entries().size()
                 ? std::to_string(m_files->shownEntries()) + " of " + countText(m_listing.entries().size())
                 : countText(m_listing.entries().size()));
     m_statusLabel->setTextColor(Theme::current().color(failure.empty() ? ThemeRole::secondaryText : ThemeRole::errorText));

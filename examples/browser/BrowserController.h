@@ -2,6 +2,7 @@
 
 #include "DateFilter.h"
 #include "FolderListing.h"
+#include "Preferences.h"
 
 #include <plix/platform/appkit/Forward.h>
 #include <plix/platform/base/Class.h>
@@ -25,6 +26,7 @@ class FolderTree;
 class InfoPanel;
 class JobController;
 class JobReport;
+class PreferencesWindow;
 
 /// A window that shows one folder after the other: a tree of folders beside a table of what is in the chosen one. Keeps itself
 /// alive as long as its window is open.
@@ -50,13 +52,18 @@ public:
     FolderListing const& listing() const { return m_listing; }
     /// Null until it was first shown.
     InfoPanel* info() const { return m_info.get(); }
+    Preferences const& preferences() const { return m_preferences; }
+    void setPreferences(Preferences);
+    /// Null until it was first shown.
+    PreferencesWindow* preferencesWindow() const { return m_preferencesWindow.get(); }
+    void showPreferences();
     /// What is being copied, the latest last.
     std::vector<plix::Ref<JobController>> const& jobs() const { return m_jobs; }
     /// What the status bar says at its left and right end.
     std::string const& status() const;
     std::string const& inputStatus() const;
 
-    /// Places the window and widens the columns as the user left them, and keeps what is changed from now on.
+    /// Places the window, widens the columns and sets all else as the user left it, and keeps what is changed from now on.
     void rememberLayout();
 
     /// Shows another folder with its first entry selected, or that of the name, where it is there.
@@ -109,6 +116,9 @@ private:
     plix::Ref<plix::NSTimer> m_readTimer;
     std::vector<plix::Ref<JobController>> m_jobs;
     plix::Ref<InfoPanel> m_info;
+    Preferences m_preferences;
+    plix::Ref<PreferencesWindow> m_preferencesWindow;
+    bool m_savesPreferences { false };
 };
 
 }

@@ -1,6 +1,7 @@
 #include "EntriesView.h"
 
 #include <plix/platform/appkit/NSEvent.h>
+#include <plix/platform/appkit/key_equivalent.h>
 
 namespace browser {
 
@@ -9,6 +10,14 @@ using namespace plix;
 PLIX_DESCRIBE(EntriesView)
 {
     description.action("copy:", &EntriesView::copy).action("paste:", &EntriesView::paste);
+}
+
+bool EntriesView::performKeyEquivalent(NSEvent& event)
+{
+    if (!isKeyEquivalent(event, ",", NSCommandKeyMask))
+        return PLIXTableView::performKeyEquivalent(event);
+    m_commands.preferences();
+    return true;
 }
 
 void EntriesView::keyDown(NSEvent& event)

@@ -18,10 +18,12 @@ public:
         std::function<void()> info; ///< Control and I
         std::function<void()> copy;
         std::function<void()> paste;
+        std::function<void()> preferences; ///< Control and comma, wherever in the window the keyboard is
     };
     void setCommands(Commands commands) { m_commands = std::move(commands); }
 
     void keyDown(plix::NSEvent&) override;
+    bool performKeyEquivalent(plix::NSEvent&) override;
 
 private:
     void copy(NSObject*) { m_commands.copy(); }

@@ -1,5 +1,6 @@
 #include "FilesTable.h"
 #include "EntriesView.h"
+#include "file_facts.h"
 #include "icons.h"
 
 #include <plix/platform/appkit/NSApplication.h>
@@ -118,6 +119,7 @@ bool FilesTable::init()
         .info = whileAlive([](FilesTable& files) { files.showInfo(); }),
         .copy = whileAlive([](FilesTable& files) { files.copySelected(); }),
         .paste = whileAlive([](FilesTable& files) { files.paste(); }),
+        .preferences = whileAlive([](FilesTable& files) { files.showPreferences(); }),
     });
     m_table = view;
     m_table->setRowHeight(rowHeight);
@@ -183,6 +185,9 @@ Ref<NSMenu> FilesTable::makeMenu()
     for (auto const& plan : columns)
         add(*sorting, plan.title, [key = plan.key](FilesTable& files) { files.sortBy(key, false); });
     menu->addItemWithTitle("Sort By", {}, "")->setSubmenu(sorting);
+    menu->addItem(*NSMenuItem::separatorItem());
+    add(*menu, "Preferences…", [](FilesTable& files) { files.showPreferences(); });
+    menu->itemArray().back()->setKeyEquivalent(",");
     return menu;
 }
 
@@ -202,15 +207,41 @@ void FilesTable::takeEntries()
 {
     m_order.clear();
     for (std::size_t i = 0; m_entries && i < m_entries->size(); ++i) {
-        if (!m_filter || m_filter((*m_entries)[i]))
+        if (isShown((*m_entries)[i]))
             m_order.push_back(i);
     }
 }
 
+bool FilesTable::isShown(FolderEntry const& entry) const
+{
+    return (m_showsHiddenFiles || !entry.isHidden()) && (!m_filter || m_filter(entry));
+}
+
 void FilesTable::setFilter(std::function<bool(FolderEntry const&)> filter)
 {
-    auto const* selected = selectedEntry();
     m_filter = std::move(filter);
+    showEntriesAnew();
+}
+
+void FilesTable::setShowsHiddenFiles(bool shows)
+{
+    if (m_showsHiddenFiles == shows)
+        return;
+    m_showsHiddenFiles = shows;
+    showEntriesAnew();
+}
+
+void FilesTable::setShowsExactSizes(bool shows)
+{
+    if (m_showsExactSizes == shows)
+        return;
+    m_showsExactSizes = shows;
+    m_table->setNeedsDisplay(true);
+}
+
+void FilesTable::showEntriesAnew()
+{
+    auto const* selected = selectedEntry();
     m_table->deselectAll(nullptr);
     takeEntries();
     sortBy(m_sortKey, m_isDescending);
@@ -309,6 +340,12 @@ void FilesTable::showInfo()
         m_actions.info();
 }
 
+void FilesTable::showPreferences()
+{
+    if (m_actions.preferences)
+        m_actions.preferences();
+}
+
 void FilesTable::copySelected()
 {
     auto const names = selectedNames();
@@ -377,7 +414,7 @@ ObjectValue FilesTable::objectValueForTableColumn(NSTableView&, NSTableColumn& c
     case SortKey::name:
         return entry.shownName;
     case SortKey::size:
-        return sizeText(entry);
+        return m_showsExactSizes && entry.kind == EntryKind::file ? exactSizeText(entry.size) : sizeText(entry);
     case SortKey::kind:
         return kindText(entry);
     case SortKey::date:

@@ -44,6 +44,7 @@ public:
         /// Paths that were copied, to go into the shown folder.
         std::function<void(std::vector<std::string> const& paths)> paste;
         std::function<void()> info;
+        std::function<void()> preferences;
         std::function<void()> select;
         std::function<void()> leave;
     };
@@ -60,6 +61,10 @@ public:
     void setEntries(std::vector<FolderEntry> const*, std::string folderPath);
     /// Only entries that it lets through are shown; null shows all.
     void setFilter(std::function<bool(FolderEntry const&)>);
+    /// True at first.
+    void setShowsHiddenFiles(bool);
+    /// Sizes to the byte. False at first.
+    void setShowsExactSizes(bool);
     std::size_t shownEntries() const { return m_order.size(); }
     FolderEntry const& entryAt(long row) const;
     long rowOfName(std::string_view name) const;
@@ -90,10 +95,13 @@ private:
     plix::Ref<plix::NSMenu> makeMenu();
     void showOrder();
     void takeEntries();
+    void showEntriesAnew();
     std::function<void()> whileAlive(std::function<void(FilesTable&)>);
     void openSelected();
     void leave();
     void showInfo();
+    void showPreferences();
+    bool isShown(FolderEntry const&) const;
     void copySelected();
     void paste();
     void removeSelected();
@@ -106,6 +114,8 @@ private:
     std::vector<std::size_t> m_order;
     std::string m_folderPath;
     Actions m_actions;
+    bool m_showsHiddenFiles { true };
+    bool m_showsExactSizes { false };
     SortKey m_sortKey { SortKey::name };
     bool m_isDescending { false };
 };
