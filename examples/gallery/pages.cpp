@@ -11,6 +11,7 @@
 #include "tables_page.h"
 #include "tabs_page.h"
 #include "text_page.h"
+#include "windows_page.h"
 
 #include <examples/support/example_options.h>
 
@@ -39,6 +40,9 @@ constexpr Page allPages[] {
     { "image_views", "Image views and segments", makeImageViewsPage },
     { "tables", "Tables and outlines", makeTablesPage },
     { "tabs", "Tab views", makeTabsPage },
+    { "alerts", "Alerts", makeAlertsPage },
+    { "progress", "Progress windows", makeProgressPage },
+    { "backgrounds", "Window backgrounds", makeBackgroundsPage },
     { "labels", "Engraved labels", makeLabelsPage },
     { "many_labels", "300 engraved labels", makeManyLabelsPage },
     { "chiseled", "Engraved titles", makeChiseledPage },
