@@ -167,7 +167,7 @@ Ref<NSView> makeProgressPage()
     silent->setTitle("Without Cancel");
     silent->setCancelHidden(true);
     add(silent);
-    desk->addSubview(*opener("Open One", { 410, 384, 84, 26 }, [](NSObject*) { openProgress(); }));
+    desk->addSubview(*opener("Open", { 410, 384, 84, 26 }, [](NSObject*) { openProgress(); }));
     return desk;
 }
 
