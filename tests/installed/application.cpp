@@ -39,16 +39,16 @@ public:
     {
         m_window = make<NSWindow>(Rect { 100, 100, 300, 200 }, NSTitledWindowMask, NSBackingStoreBuffered, false);
         auto const content = make<NSView>(Rect { 0, 0, 300, 200 });
-        content->addSubview(make<Square>(Rect { 200, 0, 100, 200 }));
+        content->addSubview(*make<Square>(Rect { 200, 0, 100, 200 }));
         auto const scroll = make<NSScrollView>(Rect { 0, 0, 200, 200 });
         m_table = make<PLIXTableView>(Rect { 0, 0, 200, 200 });
         auto const column = make<NSTableColumn>("name");
         column->setWidth(180);
-        m_table->addTableColumn(column);
+        m_table->addTableColumn(*column);
         m_names = make<Names>();
         m_table->setDataSource(m_names);
         scroll->setDocumentView(m_table);
-        content->addSubview(scroll);
+        content->addSubview(*scroll);
         m_window->setContentView(content);
         m_window->makeKeyAndOrderFront(nullptr);
         m_window->displayIfNeeded();
