@@ -36,6 +36,7 @@
 #include <plix/format/truncation.h>
 #include <plix/format/view_additions.h>
 #include <plix/library_classes.h>
+#include <plix/platform/appkit/MenuView.h>
 #include <plix/platform/appkit/NSActionCell.h>
 #include <plix/platform/appkit/NSApplication.h>
 #include <plix/platform/appkit/NSApplicationDelegate.h>
@@ -102,6 +103,7 @@
 #include <plix/platform/appkit/NSWindow.h>
 #include <plix/platform/appkit/NSWindowController.h>
 #include <plix/platform/appkit/NSWindowDelegate.h>
+#include <plix/platform/appkit/Theme.h>
 #include <plix/platform/appkit/event_constants.h>
 #include <plix/platform/base/Class.h>
 #include <plix/platform/base/Global.h>
@@ -136,7 +138,10 @@
 #include <plix/platform/foundation/NSTimer.h>
 #include <plix/platform/foundation/NSUndoManager.h>
 #include <plix/platform/foundation/NSUserDefaults.h>
+#include <plix/platform/foundation/collation.h>
 #include <plix/platform/foundation/delayed_perform.h>
+#include <plix/platform/foundation/locale_values.h>
+#include <plix/platform/foundation/machine_identity.h>
 #include <plix/platform/foundation/path_operations.h>
 #include <plix/platform/foundation/plugin_module.h>
 #include <plix/platform/graphics/CGColorSpace.h>
@@ -161,6 +166,7 @@
 #include <plix/platform/graphics/NSShadow.h>
 #include <plix/platform/graphics/NSTextContainer.h>
 #include <plix/platform/graphics/NSTextStorage.h>
+#include <plix/platform/graphics/appearance.h>
 #include <plix/platform/graphics/attribute_names.h>
 #include <plix/platform/graphics/geometry.h>
 #include <plix/platform/graphics/string_drawing.h>

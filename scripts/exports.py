@@ -51,6 +51,8 @@ def hidden_declarations(lines):
         if found := TYPE.match(line):
             if not found["mark"] and not is_template and has_operations(lines, number):
                 yield number, found["name"]
+        elif re.match(r'extern (?!template|")', line):
+            yield number, re.search(r"(\w+);", line)[1]
         elif FUNCTION.match(line) and MARK not in line and not is_template and is_declaration(lines, number):
             yield number, re.search(r"(\w+)\(", line)[1]
         is_template = False

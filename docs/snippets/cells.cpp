@@ -20,7 +20,9 @@ public:
         NSRectFill({ track.x, track.y, track.width * share, track.height });
     }
 };
-PLIX_DESCRIBE(BarCell) { }
+PLIX_DESCRIBE(BarCell)
+{
+}
 
 Ref<NSImage> disc(Ref<NSColor> const& color)
 {
@@ -81,8 +83,8 @@ int main()
 
     auto const scroll = make<NSScrollView>(Rect { 0, 0, 280, 110 });
     scroll->setDocumentView(table);
-    auto const window = make<NSWindow>(
-        Rect { 200, 200, 280, 110 }, NSTitledWindowMask | NSClosableWindowMask, NSBackingStoreBuffered, false);
+    auto const window
+        = make<NSWindow>(Rect { 200, 200, 280, 110 }, NSTitledWindowMask | NSClosableWindowMask, NSBackingStoreBuffered, false);
     window->setTitle("Disks");
     window->setContentView(scroll);
     window->makeKeyAndOrderFront(nullptr);

@@ -40,7 +40,9 @@ private:
     Ref<NSTextField> m_label;
     int m_count { 0 };
 };
-PLIX_DESCRIBE(Counter) { }
+PLIX_DESCRIBE(Counter)
+{
+}
 
 int main()
 {

@@ -5,8 +5,8 @@ using namespace plix;
 int main()
 {
     auto& application = NSApplication::sharedApplication();
-    auto const window = make<PLIXWindow>(
-        Rect { 200, 200, 300, 110 }, NSTitledWindowMask | NSClosableWindowMask, NSBackingStoreBuffered, false);
+    auto const window
+        = make<PLIXWindow>(Rect { 200, 200, 300, 110 }, NSTitledWindowMask | NSClosableWindowMask, NSBackingStoreBuffered, false);
     window->setTitle("Labels");
     auto& content = *window->contentView();
 

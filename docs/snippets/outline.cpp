@@ -30,7 +30,10 @@ public:
     }
 
     long numberOfChildrenOfItem(NSOutlineView&, NSObject* item) { return static_cast<long>(folder(item).folders().size()); }
-    Ref<NSObject> child(NSOutlineView&, long index, NSObject* item) { return folder(item).folders()[static_cast<std::size_t>(index)]; }
+    Ref<NSObject> child(NSOutlineView&, long index, NSObject* item)
+    {
+        return folder(item).folders()[static_cast<std::size_t>(index)];
+    }
     bool isItemExpandable(NSOutlineView&, NSObject* item) { return !folder(item).folders().empty(); }
     ObjectValue objectValueForTableColumn(NSOutlineView&, NSTableColumn&, NSObject* item) { return folder(item).name(); }
 
@@ -65,8 +68,8 @@ int main()
     auto const scroll = make<NSScrollView>(Rect { 0, 0, 240, 160 });
     scroll->setHasVerticalScroller(true);
     scroll->setDocumentView(outline);
-    auto const window = make<NSWindow>(
-        Rect { 200, 200, 240, 160 }, NSTitledWindowMask | NSClosableWindowMask, NSBackingStoreBuffered, false);
+    auto const window
+        = make<NSWindow>(Rect { 200, 200, 240, 160 }, NSTitledWindowMask | NSClosableWindowMask, NSBackingStoreBuffered, false);
     window->setTitle("Folders");
     window->setContentView(scroll);
     window->makeKeyAndOrderFront(nullptr);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <plix/platform/base/ObjectValue.h>
+#include <plix/platform/base/export.h>
 #include <plix/platform/graphics/geometry.h>
 #include <plix/tables/HighlightGradient.h>
 #include <plix/tables/SelectedTexts.h>
@@ -26,7 +27,7 @@ struct NSNotification;
 /// What the library's table and its outline have in common, each above the platform's class of its kind: selected rows in a shape
 /// and with a gradient, drop highlights and markers, columns that are taken out and put back, Return and Delete for the delegate,
 /// right clicks that select. Made only as PLIXTableView and PLIXOutlineView.
-template <typename Platform> class StyledTable : public Platform {
+template <typename Platform> class PLIX_EXPORT StyledTable : public Platform {
 public:
     ~StyledTable() override;
     bool init();

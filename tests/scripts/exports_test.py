@@ -29,6 +29,9 @@ class Exports(planted.PlantedTree):
         self.assertEqual(self.hidden_in("std::vector<Ref<A>> a(int b,\n    int c);\n"), ["a"])
         self.assertEqual(self.hidden_in("PLIX_EXPORT int a();\n[[nodiscard]] PLIX_EXPORT int a();\n"), [])
 
+    def test_a_global_object_that_is_not_marked(self):
+        self.assertEqual(self.hidden_in("extern Global<A> a;\nPLIX_EXPORT extern Global<A> b;\nextern template class C<int>;\n"), ["a"])
+
     def test_what_a_header_defines_needs_no_mark(self):
         self.assertEqual(self.hidden_in("inline int a() { return 1; }\nconstexpr int b() { return 1; }\n"), [])
         self.assertEqual(self.hidden_in("template <typename T> int a();\ntemplate <typename T>\nint b();\n"), [])

@@ -2,6 +2,7 @@
 
 #include <plix/platform/appkit/NSView.h>
 #include <plix/platform/appkit/menu_layout.h>
+#include <plix/platform/base/export.h>
 
 namespace plix {
 
@@ -9,7 +10,7 @@ class NSMenu;
 class NSMenuItem;
 
 /// Draws an open menu, a part of it where it is higher than the screen.
-class MenuView final : public NSView {
+class PLIX_EXPORT MenuView final : public NSView {
     PLIX_CLASS(MenuView, NSView);
 
 public:

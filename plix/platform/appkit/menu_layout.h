@@ -1,5 +1,6 @@
 #pragma once
 
+#include <plix/platform/base/export.h>
 #include <plix/platform/graphics/geometry.h>
 
 #include <span>
@@ -20,7 +21,7 @@ struct MenuItemMeasure {
 };
 
 /// Where everything in a menu is, in a flipped view without scrolling.
-struct MenuLayout {
+struct PLIX_EXPORT MenuLayout {
     Size size;
     /// The tops of all items, and the bottom of the last.
     std::vector<float> tops;
@@ -37,15 +38,15 @@ inline constexpr float menuSeparatorHeight = 9;
 inline constexpr float menuEdge = 4;
 inline constexpr float menuScrollArrowHeight = 16;
 
-MenuLayout menuLayout(std::span<MenuItemMeasure const>, float minimumWidth);
+PLIX_EXPORT MenuLayout menuLayout(std::span<MenuItemMeasure const>, float minimumWidth);
 
 // Frames are in screen coordinates, y upwards; `screen` is the part of it that menus may cover. A menu that is higher than the
 // screen is cut to it, and scrolls.
 
 /// Below and right of a point; above or left of it where there is no room.
-Rect menuFrameAtPoint(Point, Size menu, Rect screen);
+PLIX_EXPORT Rect menuFrameAtPoint(Point, Size menu, Rect screen);
 /// Beside its item: to the right of the menu above, or to the left where there is no room; its first item as high as the item.
-Rect submenuFrame(Rect parentMenu, Rect item, Size menu, Rect screen);
+PLIX_EXPORT Rect submenuFrame(Rect parentMenu, Rect item, Size menu, Rect screen);
 
 /// A menu whose item covers a rectangle, such as a pop-up button's title.
 struct CoveringMenu {
@@ -54,6 +55,6 @@ struct CoveringMenu {
     float scrolled { 0 };
 };
 /// `itemTop` is the item's distance from the menu's top, `itemHeight` its height.
-CoveringMenu menuFrameCovering(Rect title, float itemTop, float itemHeight, Size menu, Rect screen);
+PLIX_EXPORT CoveringMenu menuFrameCovering(Rect title, float itemTop, float itemHeight, Size menu, Rect screen);
 
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <plix/platform/base/export.h>
 #include <plix/platform/graphics/appearance.h>
 #include <plix/platform/graphics/color_components.h>
 
@@ -63,9 +64,9 @@ enum class ThemeRole {
 
 inline constexpr auto themeRoleCount = static_cast<std::size_t>(ThemeRole::count);
 
-ColorComponents themeColor(ThemeRole, Appearance);
+PLIX_EXPORT ColorComponents themeColor(ThemeRole, Appearance);
 
 /// The contrast of two opaque colours as WCAG 2.1 defines it: 1 for equal ones, 21 for black on white.
-float contrastRatio(ColorComponents const&, ColorComponents const&);
+PLIX_EXPORT float contrastRatio(ColorComponents const&, ColorComponents const&);
 
 }

@@ -11,7 +11,7 @@
 namespace plix {
 
 /// The words and orders of dates in a language.
-struct DateNames {
+struct PLIX_EXPORT DateNames {
     /// January first.
     std::array<std::string, 12> months;
     std::array<std::string, 12> shortMonths;
@@ -53,11 +53,12 @@ struct ParsedDate {
 /// Reads a text by the same formats. Blanks match any number of blanks; letters of names match in either case, long or short; years
 /// of two digits are those from 1969 to 2068. What the text does not say is of `today`'s year, January, the 1st, 0 o'clock. nullopt
 /// where the text does not fit, names no day that there is, or goes on behind the format.
-std::optional<ParsedDate> parseDate(std::string_view text, std::string_view format, DateNames const&, CalendarFields const& today);
+PLIX_EXPORT std::optional<ParsedDate> parseDate(
+    std::string_view text, std::string_view format, DateNames const&, CalendarFields const& today);
 
 /// Reads a date as people write them: today, tomorrow, yesterday, now, Friday, next Friday, last week, in 3 days, 2 weeks ago,
 /// 3/14, 14 March 2027, March 14th, 2027-03-14, each with or without a time (noon, midnight, 5 pm, 17:30); or the time alone. Day
 /// and month stand in the order of the language's short format. Without a time it is noon.
-std::optional<CalendarFields> parseNaturalDate(std::string_view text, DateNames const&, CalendarFields const& now);
+PLIX_EXPORT std::optional<CalendarFields> parseNaturalDate(std::string_view text, DateNames const&, CalendarFields const& now);
 
 }

@@ -18,13 +18,13 @@ struct LocaleValues {
 };
 
 /// Of the surroundings' locale; looked up once for each. English where the locale is not known.
-LocaleValues const& localeValues();
+PLIX_EXPORT LocaleValues const& localeValues();
 
 /// The names and formats of dates: the user's defaults where they set them, else the locale's.
 PLIX_EXPORT std::shared_ptr<DateNames const> currentDateNames();
 
 /// The surroundings' locale where it is well formed and its language known, else "en_US": what tables can be asked for without
 /// harm.
-std::string knownLocaleIdentifier();
+PLIX_EXPORT std::string knownLocaleIdentifier();
 
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <plix/platform/base/export.h>
 #include <plix/platform/foundation/ethernet_query.h>
 
 #include <cstdint>
@@ -30,16 +31,16 @@ private:
 
 /// The installed identity; the machine's own until one is installed. That one's system version is the environment's
 /// PLIX_SYSTEM_VERSION ("0x1030") where it is a number.
-MachineIdentity& machineIdentity();
+PLIX_EXPORT MachineIdentity& machineIdentity();
 /// Installs an identity, which must live until another one is installed; null brings the machine's own back.
-void installMachineIdentity(MachineIdentity*);
+PLIX_EXPORT void installMachineIdentity(MachineIdentity*);
 
 /// The number that a version code's text says, in C's notation; nothing where it is none, or not of 32 bits.
-std::optional<std::uint32_t> systemVersionFromText(std::string const& text);
+PLIX_EXPORT std::optional<std::uint32_t> systemVersionFromText(std::string const& text);
 
 /// The hardware address of the machine's primary Ethernet interface, as the kernel's files below a root folder ("/", or a copy's)
 /// tell it: the interface of the default route with the least metric; without one, the first by these: it has a device, it is up,
 /// its index is the least. Nothing where there is none.
-std::optional<std::vector<std::uint8_t>> primaryHardwareAddress(std::string const& root);
+PLIX_EXPORT std::optional<std::vector<std::uint8_t>> primaryHardwareAddress(std::string const& root);
 
 }

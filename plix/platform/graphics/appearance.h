@@ -1,5 +1,7 @@
 #pragma once
 
+#include <plix/platform/base/export.h>
+
 #include <cstdint>
 
 namespace plix {
@@ -7,9 +9,9 @@ namespace plix {
 enum class Appearance : std::uint8_t { light, dark };
 
 /// The look of the whole process: named system colours and the theme follow it. Light at first.
-Appearance currentAppearance();
-void setCurrentAppearance(Appearance);
+PLIX_EXPORT Appearance currentAppearance();
+PLIX_EXPORT void setCurrentAppearance(Appearance);
 /// Changes whenever named system colours may answer other components: at a new appearance or highlight colour.
-std::uint64_t systemColorsStamp();
+PLIX_EXPORT std::uint64_t systemColorsStamp();
 
 }
