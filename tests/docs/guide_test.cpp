@@ -1,9 +1,6 @@
 #include <tests/support/HeadlessTest.h>
 #include <tests/support/pixels.h>
 
-#include <plix/platform/foundation/NSNotificationCenter.h>
-
-#include <filesystem>
 #include <fstream>
 #include <regex>
 #include <sstream>
@@ -35,33 +32,27 @@ std::string promisedOutput(std::string const& page)
     return std::regex_search(page, block, std::regex("```text\n([^`]*)```")) ? block[1].str() : "";
 }
 
-/// Ends a program when it has begun to wait, after a look at its frontmost window.
-struct Visit {
-    Ref<NSBitmapImageRep> picture;
-    Ref<NSObject> registration;
-
-    void begin()
-    {
-        registration = NSNotificationCenter::defaultCenter().addObserver(
-            [this](NSNotification const&) {
-                auto const windows = NSApp->orderedWindows();
-                if (!windows.empty()) {
-                    windows.front()->displayIfNeeded();
-                    picture = windows.front()->snapshot();
-                }
-                NSApp->terminate(nullptr);
-            },
-            NSApplicationDidFinishLaunchingNotification);
-    }
-};
-
+/// Ends a program when it waits for the first time, after a look at its frontmost window.
 class Machine : public HeadlessTest {
 public:
     explicit Machine(float scale)
         : HeadlessTest(scale)
     {
+        machine().headlessEvents().whenIdle([this] {
+            auto const windows = app().orderedWindows();
+            if (!windows.empty()) {
+                windows.front()->displayIfNeeded();
+                m_picture = windows.front()->snapshot();
+            }
+            app().terminate(nullptr);
+        });
     }
     void TestBody() override { }
+
+    Ref<NSBitmapImageRep> picture() const { return m_picture; }
+
+private:
+    Ref<NSBitmapImageRep> m_picture;
 };
 
 class Guide : public testing::TestWithParam<GuideProgram> {
@@ -78,8 +69,6 @@ TEST_P(Guide, ShowsWhatTheProgramShows)
 {
     for (float const scale : { 1.0F, 2.0F }) {
         Machine const machine(scale);
-        Visit visit;
-        visit.begin();
         testing::internal::CaptureStdout();
         int const status = GetParam().main();
         auto const printed = testing::internal::GetCapturedStdout();
@@ -87,8 +76,8 @@ TEST_P(Guide, ShowsWhatTheProgramShows)
         EXPECT_EQ(status, 0);
         EXPECT_EQ(printed, promisedOutput(pageText()));
         auto const name = std::string("guide/") + GetParam().name + (scale == 2 ? "@2x" : "");
-        if (visit.picture)
-            EXPECT_TRUE(matchesReference(Pixels(visit.picture), name));
+        if (machine.picture())
+            EXPECT_TRUE(matchesReference(Pixels(machine.picture()), name));
         else
             EXPECT_NE(printed, "") << "neither shows nor prints anything";
     }

@@ -1,0 +1,267 @@
+#!/usr/bin/env python3
+"""Writes the reference of classes and functions, or fails where a header leaves something unsaid.
+
+    scripts/docs.py check                       every public symbol is documented, every view has a picture
+    scripts/docs.py site FOLDER PICTURES        HTML, with the gallery's pictures from a folder
+    scripts/docs.py filter HEADER               what doxygen reads in a header's place
+
+Public is what the headers declare that plix.h and hosting.h name. A symbol is documented by a comment of its own, or with others:
+- trivial members by a comment above them in their block, which goes from one blank line to the next;
+- an operation that overrides another, by that one; overloads together, and a setter with its getter;
+- fields and constants by their type; constructors, init() and operators by the class; delegates and cell classes, which many classes
+  have, by HookSource and NSControl.
+"""
+
+import glob
+import os
+import re
+import subprocess
+import sys
+import tempfile
+import xml.etree.ElementTree as xml
+
+import exports
+import sources
+
+ROOT = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
+PICTURES = "docs/pictures.txt"
+HEADING = re.compile(r"^\s*// (?:--- )?(?P<text>.*?)(?: ---)?$")
+STANDARD = re.compile(r"(set|take)?(Delegate|DataSource|Hooks)$|\w*[hH]ooks$|\w*DataSourceHooks$|delegate$|dataSource$|cellClass$|fillFrom$|init$|staticClass$")
+# Bases of what is seen on a screen.
+SEEN = ("plix::NSView", "plix::NSCell", "plix::NSWindow")
+
+SETTINGS = """
+PROJECT_NAME = plix
+PROJECT_BRIEF = "User-interface classes and utilities in AppKit's shapes"
+QUIET = YES
+GENERATE_LATEX = NO
+JAVADOC_AUTOBRIEF = YES
+MACRO_EXPANSION = YES
+EXPAND_ONLY_PREDEF = YES
+PREDEFINED = PLIX_EXPORT= "PLIX_CLASS(a,b)=private:" "PLIX_ABSTRACT_CLASS(a,b)=private:" DOXYGEN=1
+EXCLUDE_SYMBOLS = plix::detail std std::*
+FULL_PATH_NAMES = YES
+STRIP_FROM_PATH = .
+SORT_MEMBER_DOCS = NO
+BUILTIN_STL_SUPPORT = YES
+WARN_IF_UNDOCUMENTED = NO
+TOC_INCLUDE_HEADINGS = 3
+"""
+
+
+def doxygen(settings):
+    with tempfile.NamedTemporaryFile("w", suffix=".doxyfile") as file:
+        file.write(SETTINGS + settings)
+        file.flush()
+        run = subprocess.run(["doxygen", file.name], cwd=ROOT, stderr=subprocess.PIPE, stdout=subprocess.DEVNULL, text=True)
+    faults = [line for line in run.stderr.split("\n") if "warning:" in line or "error:" in line]
+    if run.returncode:
+        faults.append(f"doxygen ended with {run.returncode}")
+    return [line.replace(ROOT + "/", "") for line in faults]
+
+
+def text_of(element, name):
+    found = element.find(name)
+    return "".join(found.itertext()).strip() if found is not None else ""
+
+
+def is_described(element):
+    return bool(text_of(element, "briefdescription") or text_of(element, "detaileddescription"))
+
+
+def subject(name):
+    """What a getter and its setter have in common."""
+    return re.sub(r"^(set|is|has|take)(?=[A-Z])", "", name).lower()
+
+
+class Header:
+    """The lines of a header, to find the heading that a declaration stands under."""
+
+    known = {}
+
+    def __init__(self, path):
+        with open(os.path.join(ROOT, path), encoding="utf-8") as file:
+            self.lines = file.read().split("\n")
+
+    @classmethod
+    def at(cls, path):
+        if path not in cls.known:
+            cls.known[path] = cls(path)
+        return cls.known[path]
+
+    def has_comment(self, number):
+        """Whether a comment stands above the declaration in its block."""
+        for line in reversed(self.lines[: number - 1]):
+            text = line.strip()
+            if not text or text.startswith(("class ", "struct ", "enum ", "namespace ")) or text in ("public:", "protected:", "private:"):
+                return False
+            if text.startswith("//"):
+                return True
+        return False
+
+
+class Reference:
+    """What doxygen read, as XML."""
+
+    def __init__(self, folder):
+        self.compounds = {}
+        for path in sorted(glob.glob(os.path.join(folder, "*.xml"))):
+            for compound in xml.parse(path).getroot().iter("compounddef"):
+                if compound.get("kind") in ("class", "struct", "namespace") and compound.get("prot") != "private":
+                    self.compounds[compound.find("compoundname").text] = compound
+
+    def undocumented(self):
+        faults = set()
+        for name, compound in self.compounds.items():
+            parent = name.rpartition("::")[0]
+            if not name.startswith("plix") or "plix::detail" in name or "::Internals" in name or (parent and parent not in self.compounds):
+                continue
+            is_type = compound.get("kind") != "namespace"
+            if is_type and not is_described(compound):
+                faults.add((*self.place(compound), name))
+            for member in self.unsaid_members(compound):
+                faults.add((*self.place(member), f"{name}::{member.find('name').text}"))
+        named = named_headers()
+        return sorted(fault for fault in faults if fault[0] in named)
+
+    @staticmethod
+    def place(element):
+        location = element.find("location")
+        return location.get("file").replace(ROOT + "/", ""), int(location.get("line"))
+
+    def unsaid_members(self, compound):
+        name = compound.find("compoundname").text
+        is_type = compound.get("kind") != "namespace"
+        members = [member for member in compound.iter("memberdef") if member.get("prot") == "public" and member.get("kind") != "friend"]
+        described = {subject(member.find("name").text) for member in members if is_described(member)}
+        for member in members:
+            own = member.find("name").text
+            is_special = own == name.split("::")[-1] or own.startswith(("operator", "~")) or STANDARD.match(own)
+            is_field = is_type and member.get("kind") == "variable" and is_described(compound) and not self.is_hook(member)
+            if is_described(member) or member.find("reimplements") is not None or subject(own) in described or is_special or is_field:
+                continue
+            path, line = self.place(member)
+            if not Header.at(path).has_comment(line):
+                yield member
+
+    @staticmethod
+    def is_hook(member):
+        return text_of(member, "type").startswith("Hook")
+
+    def bases_of(self, name):
+        compound = self.compounds.get(name)
+        for base in compound.findall("basecompoundref") if compound is not None else []:
+            yield base.text
+            yield from self.bases_of(base.text)
+
+    def seen_classes(self):
+        """Names of classes that draw something, without their namespace."""
+        return sorted(name[6:] for name in self.compounds
+                      if name.startswith("plix::") and "::" not in name[6:] and "<" not in name
+                      and (name in SEEN or any(base in SEEN for base in self.bases_of(name))))
+
+
+def pictures():
+    """Which pages of the gallery show a class; a line "Class -" says that it draws nothing of its own."""
+    pages = {}
+    with open(os.path.join(ROOT, PICTURES), encoding="utf-8") as file:
+        for line in file:
+            words = line.split("#")[0].split()
+            if words:
+                pages[words[0]] = [word for word in words[1:] if word != "-"]
+    return pages
+
+
+def gallery_pages():
+    with open(os.path.join(ROOT, "examples/gallery/pages.cpp"), encoding="utf-8") as file:
+        return set(re.findall(r'^    \{ "(\w+)", "', file.read(), re.MULTILINE))
+
+
+def missing_pictures(reference):
+    known, pages = pictures(), gallery_pages()
+    for name in reference.seen_classes():
+        if name not in known:
+            yield f"{PICTURES}: {name} has no picture"
+    for name, shown in known.items():
+        if f"plix::{name}" not in reference.compounds:
+            yield f"{PICTURES}: there is no class {name}"
+        for page in shown:
+            if page not in pages:
+                yield f"{PICTURES}: the gallery has no page {page}"
+
+
+def named_headers():
+    return {name for path in exports.ROOTS for _, _, name in sources.includes_of(sources.lines_of(ROOT, path))}
+
+
+def inputs():
+    return " ".join(exports.reached_headers(ROOT))
+
+
+def check():
+    with tempfile.TemporaryDirectory() as folder:
+        faults = doxygen(f"INPUT = {inputs()}\nOUTPUT_DIRECTORY = {folder}\nGENERATE_HTML = NO\nGENERATE_XML = YES\nXML_PROGRAMLISTING = NO\n")
+        reference = Reference(os.path.join(folder, "xml"))
+    faults += [f"{path}:{line}: {name} is not documented" for path, line, name in reference.undocumented()]
+    faults += missing_pictures(reference)
+    print("\n".join(faults) if faults else f"docs: {len(reference.compounds)} classes and namespaces say what they are")
+    return 1 if faults else 0
+
+
+def site(folder, images):
+    os.makedirs(folder, exist_ok=True)
+    own = os.path.join(ROOT, "scripts/docs.py")
+    pages = "README.md docs/guide docs/ARCHITECTURE.md docs/INSTALL.md CONTRIBUTING.md CHANGELOG.md"
+    faults = doxygen(f"""INPUT = {pages} {inputs()}
+OUTPUT_DIRECTORY = {folder}
+FILE_PATTERNS = *.md *.h
+USE_MDFILE_AS_MAINPAGE = README.md
+FILTER_PATTERNS = "*.h=PLIX_PICTURES={images} python3 -B {own} filter" "*.md=python3 -B {own} filter"
+IMAGE_PATH = {images} tests/references/guide docs/images
+GENERATE_TREEVIEW = YES
+HTML_DYNAMIC_SECTIONS = YES
+""")
+    print("\n".join(faults + [f"docs: {folder}/html/index.html"]))
+    return 1 if faults else 0
+
+
+def filtered_header(lines, pages):
+    """Blocks under a heading become doxygen's groups, and a class gets its pictures."""
+    result, is_open = [], False
+    for number, line in enumerate(lines):
+        heading = HEADING.match(line)
+        ends = not line.strip() or line.startswith("}") or line.strip() in ("public:", "protected:", "private:")
+        if is_open and (ends or heading):
+            result.append("    /// @}")
+            is_open = False
+        found = re.match(r"class (?:PLIX_EXPORT )?(\w+)\b[^;]*$", line)
+        if found:
+            result += [f"/// @image html {page}.png" for page in pages.get(found[1], [])]
+        if heading and not line.lstrip().startswith("///") and number + 1 < len(lines) and lines[number + 1].strip():
+            result += [f"    /// @name {heading['text']}", "    /// @{"]
+            is_open = True
+        else:
+            result.append(line)
+    return result
+
+
+def filtered_page(text):
+    """Pictures by their names, and links between pages as doxygen knows them."""
+    text = re.sub(r"\]\((?:\.\./)*(?:[\w.-]+/)*([\w@.-]+\.png)\)", r"](\1)", text)
+    return re.sub(r"\[([^\]]*)\]\((?:\.\./)*snippets/?[\w.]*\)", r"`\1`", text)
+
+
+def show_filtered(path):
+    with open(path, encoding="utf-8") as file:
+        text = file.read()
+    sys.stdout.write(filtered_page(text) if path.endswith(".md") else "\n".join(filtered_header(text.split("\n"), pictures())))
+    return 0
+
+
+def main():
+    actions = {"check": check, "site": site, "filter": show_filtered}
+    return actions[sys.argv[1]](*sys.argv[2:])
+
+
+if __name__ == "__main__":
+    sys.exit(main())
