@@ -17,8 +17,8 @@ export ASAN_OPTIONS ?= detect_stack_use_after_return=1:strict_string_checks=1
 export UBSAN_OPTIONS ?= print_stacktrace=1
 export LSAN_OPTIONS ?= suppressions=$(CURDIR)/scripts/leaks.txt:print_suppressions=0
 
-.PHONY: help run gallery test list-tests check format check-format lint layers check-logic check-sanitized bench coverage fuzz resources clean \
-	setup-run setup-test setup-check setup-bench setup-fuzz
+.PHONY: help run gallery test list-tests check format check-format lint layers check-docs check-logic check-sanitized bench docs package release-check coverage fuzz resources clean \
+	setup-run setup-test setup-check setup-bench setup-docs setup-release setup-fuzz
 .SILENT:
 
 help:
@@ -26,9 +26,12 @@ help:
 	echo "make gallery [ARGS='--dump folder']    show every class in every state, or write pictures of that"
 	echo "make test [FILTER=NSView.*:Theme.*]    build and run the tests"
 	echo "make list-tests                        print each test's full name"
-	echo "make check                             format, lint, layers, plix::logic alone, tests under sanitizers"
+	echo "make check                             format, lint, layers, documentation, plix::logic alone, sanitized tests"
 	echo "make format                            format all sources"
 	echo "make bench [ONLY=prefix]               measure; writes out/bench.jsonl"
+	echo "make docs                              write the guide and the reference as HTML to out/docs"
+	echo "make package                           write Debian packages to out/packages"
+	echo "make release-check                     install, move and use the library, and its packages in a clean Debian"
 	echo "make coverage                          lines and branches that the tests reach, by folder"
 	echo "make fuzz TARGET=name [SECONDS=60]     fuzz a target; without TARGET lists them"
 	echo "make resources                         draw the library's named images anew"
@@ -39,9 +42,13 @@ setup-run:
 setup-test:
 	$(SETUP) build library fonts tests
 setup-check:
-	$(SETUP) build library fonts tests check fuzz
+	$(SETUP) build library fonts tests check docs fuzz
 setup-bench:
 	$(SETUP) build library fonts tests benchmarks
+setup-docs:
+	$(SETUP) build library fonts benchmarks docs
+setup-release:
+	$(SETUP) build library fonts release
 setup-fuzz:
 	$(SETUP) build library fonts fuzz
 
@@ -71,7 +78,7 @@ list-tests:
 	{ $(SETUP) build library fonts tests && $(CONFIGURE) build/dev/build.ninja && $(call BUILD,dev,all); } >&2
 	scripts/run-tests.py build/dev --list --filter '$(FILTER)'
 
-check: setup-check check-format lint layers check-logic check-sanitized
+check: setup-check check-format lint layers check-docs check-logic check-sanitized
 	echo "check: all is well"
 
 format:
@@ -83,6 +90,8 @@ lint:
 	scripts/exports.py
 layers:
 	scripts/layers.py
+check-docs: setup-check
+	scripts/docs.py check
 check-logic: setup-check
 	$(CONFIGURE) build/logic/build.ninja
 	$(call BUILD,logic,all)
@@ -96,6 +105,21 @@ bench: setup-bench
 	cmake --preset release >/dev/null
 	$(call BUILD,release,plix_bench)
 	build/release/benchmarks/plix_bench --only '$(ONLY)' --out out/bench.jsonl
+
+docs: setup-docs
+	$(CONFIGURE) build/release/build.ninja
+	$(call BUILD,release,gallery)
+	rm -rf out/docs
+	build/release/examples/gallery --dump out/docs/pictures >/dev/null
+	scripts/docs.py site out/docs out/docs/pictures
+
+package: setup-release
+	cmake --preset package >/dev/null
+	$(call BUILD,package,all)
+	cd build/package && cpack -B $(CURDIR)/out/packages
+
+release-check: setup-release
+	JOBS=$(JOBS) scripts/release-check.sh
 
 coverage: setup-test
 	$(CONFIGURE) build/coverage/build.ninja

@@ -21,6 +21,7 @@ class PLIX_EXPORT PLIXBitstream : public NSObject {
 public:
     using Base::init;
     bool init(Ref<NSData> const& data);
+    /// Made by init() with the same arguments.
     static Ref<PLIXBitstream> bitstreamWithData(Ref<NSData> const& data);
 
     /// The bytes, shared. Setting some starts at bit 0 with their length in bits, computed in 32 bits: 512 MiB wrap to 0. Setting
@@ -35,6 +36,7 @@ public:
     std::int64_t length() const { return m_data ? m_length : -1; }
     void setLength(std::int64_t);
 
+    // Reading.
     std::uint8_t readBit();
     /// The next 0 to 32 bits, the first one read the most significant; near the end what is left, at the end 0. A larger count
     /// first skips count - 32 bits and then reads count bits, whose value means nothing.
@@ -48,6 +50,7 @@ public:
     /// A signed code, se(v).
     std::int32_t readSignedExpGolomb();
 
+    // Skipping.
     void skipBit() { skipBits(1); }
     void skipByte() { skipBytes(1); }
     /// skipBits() of eight times the count, in 32 bits.

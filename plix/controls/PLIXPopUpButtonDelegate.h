@@ -7,6 +7,7 @@ namespace plix {
 class NSMenu;
 class PLIXPopUpButton;
 
+/// What a PLIXPopUpButton tells its delegate.
 struct PLIXPopUpButtonDelegate {
     /// Before the menu is shown; it may be changed.
     Hook<void(PLIXPopUpButton&, NSMenu&)> willDisplayMenu;

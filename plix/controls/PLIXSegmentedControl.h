@@ -60,6 +60,7 @@ public:
     bool init(Rect frame);
     bool init(NSCoder&);
 
+    // Of its one segment.
     NSImage* image() const;
     using NSSegmentedControl::setImage;
     void setImage(Ref<NSImage> const&);

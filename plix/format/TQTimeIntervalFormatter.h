@@ -19,6 +19,7 @@ public:
     bool init(int minimumComponent, int maximumComponent, double minimumTimeInterval, double maximumTimeInterval,
         std::optional<std::string> componentSeparator, int componentStyle);
 
+    // What is shown: components count from 0, seconds, to 4, weeks; intervals are in seconds.
     int minimumComponent() const { return m_format.minimumComponent; }
     void setMinimumComponent(int component) { m_format.minimumComponent = component; }
     int maximumComponent() const { return m_format.maximumComponent; }
@@ -36,6 +37,7 @@ public:
     int componentStyle() const { return m_format.componentStyle; }
     void setComponentStyle(int style) { m_format.componentStyle = style; }
 
+    // How many components are shown, and the seconds that the text of one stands for.
     long _componentCount() const { return m_format.componentCount(); }
     double _valueForComponentString(std::string_view string, long componentType) const;
 

@@ -16,8 +16,10 @@ enum PLIXHighlightStyle : std::uint32_t {
     PLIXHighlightRounded = 2,
 };
 
+/// Whether the delegate has an image for a selected row.
 enum class HighlightImage { none, custom };
 
+/// The shape of a selected row's highlight.
 struct RowHighlight {
     Rect rect;
     /// nil for a plain rectangle.
@@ -29,12 +31,14 @@ struct RowHighlight {
 /// earlier. The indentation, which is 0 in tables, moves the start.
 PLIX_EXPORT RowHighlight rowHighlight(Rect rowRect, std::uint32_t style, HighlightImage, int indentation);
 
+/// Whether the row's item can be opened.
 enum class RowItem { leaf, expandable };
 
 /// How far the highlight of an outline's row starts from the left: a leaf below the top level also skips a disclosure triangle's
 /// width.
 PLIX_EXPORT int highlightIndentation(long level, float indentationPerLevel, RowItem);
 
+/// In points.
 inline constexpr float dropHighlightCornerRadius = 3.0F;
 /// The outline of a row that takes a drop; a table's custom image makes it the whole row.
 PLIX_EXPORT Rect dropHighlightRect(Rect rowRect, HighlightImage);
@@ -60,8 +64,11 @@ struct InsertionPlace {
 /// For rows that are no neighbours in the table everything but the offset counts as zero.
 PLIX_EXPORT InsertionMarker insertionMarker(InsertionPlace const&, float offset);
 
+/// Where a column is in the table, for the ends of a highlight.
 enum class ColumnPlace { only, first, middle, last };
+/// The place of a column that is so many columns from the left.
 PLIX_EXPORT ColumnPlace columnPlace(long column, long numberOfColumns);
+/// Whether the first column is moved in by its item's place in a tree.
 enum class FirstColumn { plain, indented };
 
 /// The cell's frame with room for the highlight's rounded ends; an indented first column needs none at its start.

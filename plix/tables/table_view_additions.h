@@ -12,6 +12,7 @@ class NSTableView;
 // the keyboard, itself or in a cell that is edited, and its window is key; else they are grey. So they are while the view is
 // disabled.
 
+/// What selected rows are filled with now.
 PLIX_EXPORT Ref<NSColor> selectionColor(NSTableView const&);
 /// The same without making a colour.
 PLIX_EXPORT ColorComponents selectionComponents(NSTableView const&);

@@ -30,6 +30,7 @@ public:
     PLIXProgressWindow();
     ~PLIXProgressWindow() override;
     using PLIXWindow::init;
+    /// What make<PLIXProgressWindow>() answers.
     static Ref<PLIXProgressWindow> instead();
     /// The same.
     static Ref<PLIXProgressWindow> progressWindow();

@@ -15,6 +15,7 @@ public:
     PLIXProgressWindowNIBLoader();
     ~PLIXProgressWindowNIBLoader() override;
 
+    /// Null before the file is loaded.
     PLIXProgressWindow* progressWindow() const { return m_progressWindow.get(); }
 
 private:

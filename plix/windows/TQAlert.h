@@ -39,6 +39,7 @@ public:
     /// The buttons' action: ends the run with the sender's tag.
     virtual void button(NSObject* sender);
 
+    // The panel and its parts.
     PLIXWindow* window() const { return m_window.get(); }
     NSImageView* iconView() const { return m_iconView.get(); }
     PLIXChiseledTextField* statementField() const { return m_statementField.get(); }
@@ -50,6 +51,7 @@ public:
     /// The leftmost one.
     NSButton* button3() const { return m_button3.get(); }
 
+    // Shown beside the texts.
     NSImage* icon() const;
     virtual void setIcon(Ref<NSImage> const&);
     /// The window's title.

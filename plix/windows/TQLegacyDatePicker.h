@@ -39,6 +39,7 @@ public:
     /// Does nothing: what is typed does not change the date.
     virtual void syncDateFromInterface(NSObject* sender);
 
+    // The fields and their titles, and what stands between.
     NSTextField* month_Field() const { return m_month_Field.get(); }
     NSTextField* day_Field() const { return m_day_Field.get(); }
     NSTextField* year_Field() const { return m_year_Field.get(); }

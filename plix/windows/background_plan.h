@@ -15,6 +15,7 @@ enum PLIXBackgroundMode : int {
     PLIXBackgroundUpperHalf = 2, ///< the upper half stretched
 };
 
+/// A part of the image, and where it goes.
 struct BackgroundPiece {
     Rect source;
     Rect destination;

@@ -18,8 +18,10 @@ struct DatePanelSizes {
     Size button;
 };
 
+/// What a date is entered with.
 enum class DateEntryKind { picker, textField };
 
+/// Where the parts of a panel go, in its content's coordinates.
 struct DatePanelLayout {
     Size content;
     Point fromLabel;
@@ -30,6 +32,7 @@ struct DatePanelLayout {
     friend bool operator==(DatePanelLayout const&, DatePanelLayout const&) = default;
 };
 
+/// The layout for parts of these sizes.
 PLIX_EXPORT DatePanelLayout datePanelLayout(DatePanelSizes const&, DateEntryKind);
 
 /// The three parts of a date as they are entered one by one.
@@ -48,6 +51,7 @@ struct DateFieldPositions {
     friend bool operator==(DateFieldPositions const&, DateFieldPositions const&) = default;
 };
 
+/// Where the fields go in that order.
 PLIX_EXPORT DateFieldPositions dateFieldPositions(DateFieldOrder const&);
 
 }

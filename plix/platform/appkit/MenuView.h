@@ -18,16 +18,20 @@ public:
     ~MenuView() override;
     bool init(Ref<NSMenu> const& menu, Ref<NSFont> const& font, float minimumWidth);
 
+    /// Where the items of a menu go, as wide as it needs or at least so wide.
     static MenuLayout layoutOfMenu(NSMenu&, float minimumWidth);
 
+    /// The menu whose items it draws.
     NSMenu& shownMenu() const { return *m_menu; }
     MenuLayout const& layout() const { return m_layout; }
     /// After items changed.
     void layOut();
 
+    // The item under the pointer or the keyboard; -1 for none.
     long highlightedIndex() const { return m_highlighted; }
     /// -1 for none; scrolls there where that is asked for.
     enum class Reveal { no, yes };
+    // Moving the highlight, to what can be chosen.
     void highlight(long index, Reveal);
     bool canHighlight(long index) const;
     /// Of the item at a point, in the view's coordinates; -1 where none can be chosen there.

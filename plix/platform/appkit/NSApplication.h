@@ -18,6 +18,7 @@ namespace plix {
 /// What runModalForWindow() and runModalSession() answer where nobody gave another code.
 enum NSModalResponse : long { NSRunStoppedResponse = -1000, NSRunAbortedResponse = -1001, NSRunContinuesResponse = -1002 };
 
+/// How long a request lasts: until the application is activated, or for a moment.
 enum NSRequestUserAttentionType : int { NSCriticalRequest = 0, NSInformationalRequest = 10 };
 
 /// The one object that takes events from the host and hands them to windows. init() makes it NSApp.
@@ -117,6 +118,7 @@ public:
     virtual long requestUserAttention(NSRequestUserAttentionType);
     virtual void cancelUserAttentionRequest(long request);
 
+    // The icon of windows and alerts.
     NSImage* applicationIconImage() const;
     void setApplicationIconImage(Ref<NSImage> const&);
     /// Looked through for key equivalents behind the key window's views. Nothing shows it.
@@ -139,6 +141,7 @@ private:
     std::unique_ptr<Internals> m;
 };
 
+/// The application object; null before it is made.
 PLIX_EXPORT extern Global<NSApplication> NSApp;
 
 /// Makes the application object and runs it; answers the process's exit status.
@@ -146,6 +149,7 @@ PLIX_EXPORT int NSApplicationMain(int argc, char const* const* argv);
 /// The system's alert sound.
 PLIX_EXPORT void NSBeep();
 
+// Posted with the application as object; a delegate with the hook of the like name is told first.
 inline constexpr char const* NSApplicationWillFinishLaunchingNotification = "NSApplicationWillFinishLaunchingNotification";
 inline constexpr char const* NSApplicationDidFinishLaunchingNotification = "NSApplicationDidFinishLaunchingNotification";
 inline constexpr char const* NSApplicationWillBecomeActiveNotification = "NSApplicationWillBecomeActiveNotification";

@@ -5,14 +5,17 @@
 
 namespace plix {
 
+/// Whether the application may end; later is said by replyToApplicationShouldTerminate().
 enum NSApplicationTerminateReply : int { NSTerminateCancel = 0, NSTerminateNow = 1, NSTerminateLater = 2 };
 
 /// What the application asks and tells its delegate.
 struct NSApplicationDelegate {
+    // Questions; without an answer it ends when asked to, goes on without windows, and shows none of itself.
     Hook<NSApplicationTerminateReply(NSApplication&)> applicationShouldTerminate;
     Hook<bool(NSApplication&)> applicationShouldTerminateAfterLastWindowClosed;
     Hook<bool(NSApplication&, bool hasVisibleWindows)> applicationShouldHandleReopen;
 
+    // Told with the notification of the like name.
     Hook<void(NSNotification const&)> applicationWillFinishLaunching;
     Hook<void(NSNotification const&)> applicationDidFinishLaunching;
     Hook<void(NSNotification const&)> applicationWillBecomeActive;

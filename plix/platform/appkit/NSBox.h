@@ -11,6 +11,7 @@ namespace plix {
 
 class NSCell;
 
+/// What a box looks like: with a frame, or a line that separates.
 enum NSBoxType : int { NSBoxPrimary = 0, NSBoxSecondary = 1, NSBoxSeparator = 2, NSBoxOldStyle = 3, NSBoxCustom = 4 };
 
 /// A frame with a title around other views, or a line between them (NSBoxSeparator), horizontal or vertical as the longer side is.
@@ -26,6 +27,7 @@ public:
     bool init(NSCoder&);
     void encodeWithCoder(NSCoder&) const override;
 
+    // Looks.
     NSBoxType boxType() const { return m_type; }
     void setBoxType(NSBoxType);
     NSBorderType borderType() const { return m_borderType; }
@@ -40,6 +42,7 @@ public:
     /// Behind the content of a custom box; null for none.
     void setFillColor(Ref<NSColor> const&);
 
+    // Places, in the box's coordinates; margins lie between frame and content.
     Size contentViewMargins() const { return m_shape.margins; }
     void setContentViewMargins(Size);
     NSView* contentView() const { return m_contentView.get(); }

@@ -70,6 +70,7 @@ public:
     unsigned keyEquivalentModifierMask() const { return m_keyEquivalentModifierMask; }
     void setKeyEquivalentModifierMask(unsigned mask);
 
+    // Seconds before a held continuous button sends its action again, and between one time and the next.
     void setPeriodicDelay(float delay, float interval);
 
     // Hovering, told by the control.

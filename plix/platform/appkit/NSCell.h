@@ -99,6 +99,7 @@ public:
 
     // --- state ---
 
+    // Whether it takes the mouse and the keyboard.
     virtual bool isEnabled() const { return m_flags.enabled; }
     virtual void setEnabled(bool);
     virtual bool isHighlighted() const { return m_flags.highlighted; }

@@ -25,6 +25,7 @@ public:
     /// What is visible, in the document view's coordinates.
     Rect documentVisibleRect() const;
 
+    // What is drawn where the document does not reach.
     NSColor* backgroundColor() const { return m_backgroundColor.get(); }
     virtual void setBackgroundColor(Ref<NSColor> const&);
     bool drawsBackground() const { return m_drawsBackground; }

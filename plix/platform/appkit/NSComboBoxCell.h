@@ -23,6 +23,7 @@ public:
     bool init(NSCoder&);
     void encodeWithCoder(NSCoder&) const override;
 
+    // The list's looks.
     bool hasVerticalScroller() const { return m_hasVerticalScroller; }
     void setHasVerticalScroller(bool has) { m_hasVerticalScroller = has; }
     Size intercellSpacing() const { return m_intercellSpacing; }

@@ -15,6 +15,7 @@ class NSComboBoxCell;
 
 /// Where a combo box that uses a data source has its items from.
 struct NSComboBoxDataSource {
+    // The items of the list.
     Hook<long(NSComboBox&)> numberOfItemsInComboBox;
     Hook<ObjectValue(NSComboBox&, long index)> objectValueForItemAtIndex;
     /// Which item has this text, -1 for none; without it the items are looked through.
@@ -33,6 +34,7 @@ struct NSComboBoxDataSource {
 
 /// The same for a cell by itself, in a table.
 struct NSComboBoxCellDataSource {
+    // As a combo box's data source, asked by a cell.
     Hook<long(NSComboBoxCell&)> numberOfItemsInComboBoxCell;
     Hook<ObjectValue(NSComboBoxCell&, long index)> objectValueForItemAtIndex;
     Hook<long(NSComboBoxCell&, std::string_view text)> indexOfItemWithStringValue;
@@ -49,6 +51,7 @@ struct NSComboBoxCellDataSource {
 
 /// What a combo box tells its delegate beyond what a field does.
 struct NSComboBoxDelegate {
+    // Told with the notification of the like name.
     Hook<void(NSNotification const&)> comboBoxWillPopUp;
     Hook<void(NSNotification const&)> comboBoxWillDismiss;
     Hook<void(NSNotification const&)> comboBoxSelectionDidChange;

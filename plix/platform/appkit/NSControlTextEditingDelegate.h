@@ -15,6 +15,7 @@ class NSTextView;
 /// What a control that edits text asks and tells its delegate. The notifications' object is the control; "NSFieldEditor" in their
 /// user info is the editor, "NSTextMovement" at the end what ended it.
 struct NSControlTextEditingDelegate {
+    /// Asked before the first change; false refuses it.
     Hook<bool(NSControl&, NSText&)> textShouldBeginEditing;
     /// Asked where the formatter has nothing against the text.
     Hook<bool(NSControl&, NSText&)> textShouldEndEditing;

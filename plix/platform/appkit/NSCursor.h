@@ -17,6 +17,7 @@ public:
     /// The hot spot in points from the image's top left.
     bool init(Ref<NSImage> const&, Point hotSpot);
 
+    // Those of the machine's theme.
     static NSCursor& arrowCursor();
     static NSCursor& IBeamCursor();
     static NSCursor& crosshairCursor();
@@ -32,6 +33,7 @@ public:
     static NSCursor& disappearingItemCursor();
     static NSCursor& operationNotAllowedCursor();
 
+    // The cursor that is shown now, and becoming it.
     static NSCursor& currentCursor();
     void set();
     /// Sets the cursor; pop() brings the one before back.
@@ -41,6 +43,7 @@ public:
     static void unhide();
     static void setHiddenUntilMouseMoves(bool);
 
+    // What it looks like: an image and the point of it that points, or a shape of the theme's.
     NSImage* image() const { return m_image.get(); }
     Point hotSpot() const { return m_hotSpot; }
     CursorShape shape() const { return m_shape; }

@@ -15,12 +15,14 @@ namespace plix {
 class NSDatePickerCell;
 class NSTimeZone;
 
+/// How a date is entered. All styles look like the text field with a stepper.
 enum NSDatePickerStyle : int {
     NSTextFieldAndStepperDatePickerStyle = 0,
     NSClockAndCalendarDatePickerStyle = 1, ///< looks like a field here
     NSTextFieldDatePickerStyle = 2,
 };
 
+/// Which parts of a date can be seen and changed.
 enum NSDatePickerElementFlags : unsigned {
     NSHourMinuteDatePickerElementFlag = 0x000C,
     NSHourMinuteSecondDatePickerElementFlag = 0x000E,
@@ -30,6 +32,7 @@ enum NSDatePickerElementFlags : unsigned {
     NSEraDatePickerElementFlag = 0x0100, ///< not shown here
 };
 
+/// What a date picker asks its delegate.
 struct NSDatePickerCellDelegate {
     /// Before a person's change: the date may be made another one.
     Hook<void(NSDatePickerCell&, NSDate& proposed, NSTimeInterval& interval)> validateProposedDateValue;
@@ -50,6 +53,7 @@ public:
     bool init(NSCoder&);
     void encodeWithCoder(NSCoder&) const override;
 
+    // What is shown.
     NSDatePickerStyle datePickerStyle() const { return m_style; }
     void setDatePickerStyle(NSDatePickerStyle);
     unsigned datePickerElements() const { return m_elements; }

@@ -9,6 +9,7 @@
 
 namespace plix {
 
+/// What a change does to the count of changes that were not saved.
 enum NSDocumentChangeType : int { NSChangeDone = 0, NSChangeUndone = 1, NSChangeCleared = 2 };
 
 /// Something that a person works on, shown in windows by its window controllers, which it holds.
@@ -20,6 +21,7 @@ public:
     ~NSDocument() override;
     bool init() { return true; }
 
+    // Its windows.
     std::vector<Ref<NSWindowController>> const& windowControllers() const { return m_windowControllers; }
     virtual void addWindowController(NSWindowController&);
     virtual void removeWindowController(NSWindowController&);
@@ -29,6 +31,7 @@ public:
     /// Closes the windows and leaves the document controller.
     virtual void close();
 
+    // Its file, and whether there are changes that are not in it.
     std::string const& fileName() const { return m_fileName; }
     virtual void setFileName(std::string_view path);
     /// The file's name without its folder; "Untitled" without a file.

@@ -17,8 +17,10 @@ public:
     /// The first one made becomes the shared one.
     bool init();
 
+    /// The application's, made when it is first asked for.
     static NSDocumentController& sharedDocumentController();
 
+    // The documents that are open. It holds them.
     std::vector<Ref<NSDocument>> const& documents() const { return m_documents; }
     virtual void addDocument(NSDocument&);
     virtual void removeDocument(NSDocument&);

@@ -10,6 +10,7 @@ namespace plix {
 /// A drag as its destination sees it.
 class PLIX_EXPORT NSDraggingInfo : public NSObject {
 public:
+    // What is dragged, and what its source allows.
     virtual NSPasteboard& draggingPasteboard() const = 0;
     /// The view that the drag came from, null for another application's.
     virtual NSView* draggingSource() const = 0;

@@ -44,6 +44,7 @@ public:
     /// The receiver with these of its values different.
     Ref<NSEvent> eventWithButton(long buttonNumber, float deltaX, float deltaY) const;
 
+    // Of every event.
     NSEventType type() const { return m_type; }
     unsigned modifierFlags() const { return m_modifierFlags; }
     /// True where the keys that stand for "shortcut" on this platform are held: Control or Command. Key equivalents with

@@ -15,6 +15,7 @@ public:
     bool init(NSCoder&);
     void encodeWithCoder(NSCoder&) const override;
 
+    // How the image is placed and framed.
     NSImageAlignment imageAlignment() const { return m_alignment; }
     void setImageAlignment(NSImageAlignment);
     NSImageScaling imageScaling() const { return m_scaling; }

@@ -21,6 +21,7 @@ public:
     static Class const* cellClass();
     Class const* ownCellClass() const override { return cellClass(); }
 
+    // Those of the cell; see NSImageCell.
     virtual NSImage* image() const;
     virtual void setImage(Ref<NSImage> const&);
     NSImageAlignment imageAlignment() const;

@@ -27,6 +27,7 @@ public:
     bool init(NSCoder&);
     void encodeWithCoder(NSCoder&) const override;
 
+    // What a submenu's item and a pop-up button show in its place.
     std::string const& title() const { return m_title; }
     void setTitle(std::string_view);
     /// The menu that this is a submenu of, or null.

@@ -21,6 +21,7 @@ class NSAttributedString;
 class PLIX_EXPORT NSMenuValidation {
 public:
     virtual ~NSMenuValidation() = default;
+    /// Whether the item can be chosen now.
     virtual bool validateMenuItem(NSMenuItem&) = 0;
 };
 
@@ -38,12 +39,14 @@ public:
     void encodeWithCoder(NSCoder&) const override;
     static Ref<NSMenuItem> separatorItem();
 
+    /// A line between items, which can't be chosen.
     bool isSeparatorItem() const { return m_isSeparator; }
     /// Null while it is in none.
     NSMenu* menu() const { return m_menu; }
     /// For the menu that takes it in or lets it go.
     void setMenu(NSMenu* menu) { m_menu = menu; }
 
+    // What it shows.
     std::string const& title() const { return m_title; }
     virtual void setTitle(std::string_view);
     /// Null for the title in the menu's font.
@@ -57,6 +60,7 @@ public:
     int indentationLevel() const { return m_indentationLevel; }
     void setIndentationLevel(int);
 
+    // Its mark, whether it can be chosen, and what the application keeps with it.
     int state() const { return m_state; }
     virtual void setState(int);
     bool isEnabled() const { return m_isEnabled; }
@@ -69,6 +73,7 @@ public:
     ObjectValue const& representedObject() const { return m_representedObject; }
     void setRepresentedObject(ObjectValue object) { m_representedObject = std::move(object); }
 
+    // The menu that it opens.
     bool hasSubmenu() const { return m_submenu != nullptr; }
     NSMenu* submenu() const;
     void setSubmenu(Ref<NSMenu> const&);

@@ -8,6 +8,7 @@ namespace plix {
 /// One modal window's turn. Made by NSApplication::beginModalSessionForWindow().
 class PLIX_EXPORT NSModalSession : public NSObject {
 public:
+    // What is modal, and whether that is over.
     NSWindow* window() const { return m_window.get(); }
     /// NSRunContinuesResponse until it is stopped.
     long response() const { return m_response; }

@@ -19,6 +19,7 @@ inline constexpr long NSOutlineViewDropOnItemIndex = -1;
 /// Where an outline gets its items from. A null item stands for the top. Children are asked for when they come into view, and are
 /// then kept until they are reloaded.
 struct NSOutlineViewDataSource {
+    // The tree, and the value of an item in a column.
     Hook<long(NSOutlineView&, NSObject* item)> numberOfChildrenOfItem;
     Hook<Ref<NSObject>(NSOutlineView&, long index, NSObject* item)> child;
     Hook<bool(NSOutlineView&, NSObject* item)> isItemExpandable;

@@ -36,6 +36,7 @@ struct NSOutlineViewDelegate {
     /// Asked when the pointer rests on a cell; empty for none. The rectangle is the cell's frame.
     Hook<std::string(NSOutlineView&, NSCell&, Rect&, NSTableColumn&, NSObject* item, Point mouse)> toolTipForCell;
 
+    // Told with the notification of the like name.
     Hook<void(NSNotification const&)> outlineViewSelectionDidChange;
     Hook<void(NSNotification const&)> outlineViewSelectionIsChanging;
     Hook<void(NSNotification const&)> outlineViewColumnDidMove;

@@ -15,6 +15,7 @@ public:
     bool init(Rect contentRect, unsigned styleMask, NSBackingStoreType, bool defer);
     bool init(Rect contentRect, unsigned styleMask, NSBackingStoreType, bool defer, NSScreen*);
 
+    // Whether it stays above the application's other windows.
     bool isFloatingPanel() const { return m_isFloating; }
     void setFloatingPanel(bool);
     /// Becomes key only when a view is clicked that takes the keyboard.

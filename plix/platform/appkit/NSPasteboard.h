@@ -13,6 +13,7 @@
 
 namespace plix {
 
+// Types of what is on a pasteboard.
 inline constexpr char const* NSStringPboardType = "NSStringPboardType";
 inline constexpr char const* NSFilenamesPboardType = "NSFilenamesPboardType";
 inline constexpr char const* NSColorPboardType = "NSColor pasteboard type";
@@ -21,6 +22,7 @@ inline constexpr char const* NSTabularTextPboardType = "NeXT tabular text pasteb
 inline constexpr char const* NSURLPboardType = "Apple URL pasteboard type";
 inline constexpr char const* NSRTFPboardType = "NeXT Rich Text Format v1.0 pasteboard type";
 
+// Names of pasteboards: the clipboard, what was searched for, what is dragged.
 inline constexpr char const* NSGeneralPboard = "Apple CFPasteboard general";
 inline constexpr char const* NSFindPboard = "Apple CFPasteboard find";
 inline constexpr char const* NSDragPboard = "Apple CFPasteboard drag";
@@ -31,10 +33,12 @@ class PLIX_EXPORT NSPasteboard : public NSObject {
     PLIX_CLASS(NSPasteboard, NSObject);
 
 public:
+    // One for each name, the first the machine's clipboard.
     static NSPasteboard& generalPasteboard() { return pasteboardWithName(NSGeneralPboard); }
     static NSPasteboard& pasteboardWithName(std::string_view);
     static Ref<NSPasteboard> pasteboardWithUniqueName();
 
+    /// The name that it was asked for by.
     std::string const& name() const { return m_name; }
     /// Grows each time that anybody takes the pasteboard over.
     long changeCount() const;

@@ -21,6 +21,7 @@ public:
     static Class const* cellClass();
     Class const* ownCellClass() const override { return cellClass(); }
 
+    // Those of the cell; see NSPopUpButtonCell.
     NSMenu* menu() const override;
     void setMenu(Ref<NSMenu> const&) override;
     bool pullsDown() const;
@@ -28,6 +29,7 @@ public:
     bool autoenablesItems() const;
     void setAutoenablesItems(bool);
 
+    // Its items. A title that is there already is moved to the new place.
     void addItemWithTitle(std::string_view);
     void addItemsWithTitles(std::vector<std::string> const&);
     void insertItemWithTitle(std::string_view, long index);
@@ -46,6 +48,7 @@ public:
     std::vector<std::string> itemTitles() const;
     std::string itemTitleAtIndex(long index) const;
 
+    // The chosen one; null, -1 or "" where there is none.
     NSMenuItem* selectedItem() const;
     long indexOfSelectedItem() const;
     std::string titleOfSelectedItem() const;

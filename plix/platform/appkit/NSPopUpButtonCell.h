@@ -7,6 +7,7 @@
 
 namespace plix {
 
+/// Where the arrow of a pop-up button without border is.
 enum NSPopUpArrowPosition : int { NSPopUpNoArrow = 0, NSPopUpArrowAtCenter = 1, NSPopUpArrowAtBottom = 2 };
 
 /// A button that shows a menu: of choices, one of which is selected and gives the title, or one that pulls down and whose first

@@ -7,7 +7,9 @@ namespace plix {
 
 class NSTimer;
 
+/// A bar or a wheel.
 enum NSProgressIndicatorStyle : int { NSProgressIndicatorBarStyle = 0, NSProgressIndicatorSpinningStyle = 1 };
+/// Of bars, in points.
 enum NSProgressIndicatorThickness : int {
     NSProgressIndicatorPreferredSmallThickness = 10,
     NSProgressIndicatorPreferredThickness = 14,
@@ -28,6 +30,7 @@ public:
     bool init(NSCoder&);
     void encodeWithCoder(NSCoder&) const override;
 
+    // Looks.
     NSProgressIndicatorStyle style() const { return m_style; }
     void setStyle(NSProgressIndicatorStyle);
     /// Whether how far it is is not known. True at first; a wheel never shows how far.

@@ -21,12 +21,14 @@ public:
     /// Not kept alive.
     virtual void setNextResponder(NSResponder* responder) { m_nextResponder = responder; }
 
+    /// Whether it takes the keyboard.
     virtual bool acceptsFirstResponder() const { return false; }
     /// Asked when the receiver is about to become its window's first responder; false refuses.
     virtual bool becomeFirstResponder() { return true; }
     /// Asked when another shall become first responder; false refuses.
     virtual bool resignFirstResponder() { return true; }
 
+    // Events. Each is handed on to the next responder by those who do nothing with it.
     virtual void mouseDown(NSEvent&);
     virtual void mouseUp(NSEvent&);
     virtual void mouseDragged(NSEvent&);

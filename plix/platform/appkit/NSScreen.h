@@ -21,6 +21,7 @@ public:
     /// The screen that holds most of the rectangle, or null where none holds any of it.
     static NSScreen* screenForRect(Rect);
 
+    /// In points, y upwards; the first screen's lower left corner is the origin.
     Rect frame() const { return m_frame; }
     /// Without panels and docks.
     Rect visibleFrame() const { return m_visibleFrame; }

@@ -22,6 +22,7 @@ public:
     bool init(NSCoder&);
     void encodeWithCoder(NSCoder&) const override;
 
+    // A scroll view's size for that of its content, and back.
     static Size frameSizeForContentSize(Size, bool hasHorizontalScroller, bool hasVerticalScroller, NSBorderType);
     static Size contentSizeForFrameSize(Size, bool hasHorizontalScroller, bool hasVerticalScroller, NSBorderType);
 
@@ -41,6 +42,7 @@ public:
     bool drawsBackground() const;
     virtual void setDrawsBackground(bool);
 
+    // The line around it.
     NSBorderType borderType() const { return m_borderType; }
     virtual void setBorderType(NSBorderType);
 

@@ -6,6 +6,7 @@
 
 namespace plix {
 
+/// The buttons at a scroller's end.
 enum NSScrollerArrow : int { NSScrollerIncrementArrow = 0, NSScrollerDecrementArrow = 1 };
 
 /// A bar with a knob that shows which part of something is seen, from 0 (top or left) to 1, and lets a person move it. Tells its
@@ -25,6 +26,7 @@ public:
     static Class const* cellClass();
     Class const* ownCellClass() const override { return cellClass(); }
 
+    // Widths in points.
     static float scrollerWidth() { return scrollerWidthForControlSize(NSRegularControlSize); }
     static float scrollerWidthForControlSize(NSControlSize);
     NSControlSize controlSize() const;

@@ -8,6 +8,7 @@
 
 namespace plix {
 
+/// What a click does to the selection of segments.
 enum NSSegmentSwitchTracking : int {
     NSSegmentSwitchTrackingSelectOne = 0,
     NSSegmentSwitchTrackingSelectAny = 1,

@@ -84,6 +84,7 @@ private:
     bool m_isPaneSplitter { false };
 };
 
+// Posted with the split view as object.
 inline constexpr char const* NSSplitViewWillResizeSubviewsNotification = "NSSplitViewWillResizeSubviewsNotification";
 inline constexpr char const* NSSplitViewDidResizeSubviewsNotification = "NSSplitViewDidResizeSubviewsNotification";
 

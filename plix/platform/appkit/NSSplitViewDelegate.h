@@ -22,6 +22,7 @@ struct NSSplitViewDelegate {
     /// In the place of adjustSubviews() after the view was resized.
     Hook<void(NSSplitView&, Size oldSize)> resizeSubviewsWithOldSize;
 
+    // Told with the notification of the like name.
     Hook<void(NSNotification const&)> splitViewWillResizeSubviews;
     Hook<void(NSNotification const&)> splitViewDidResizeSubviews;
 

@@ -14,6 +14,7 @@ namespace plix {
 
 class NSTabView;
 
+/// How a tab looks.
 enum NSTabState : int { NSSelectedTab = 0, NSBackgroundTab = 1, NSPressedTab = 2 };
 
 /// A tab and the pane that it stands for.
@@ -31,6 +32,7 @@ public:
     virtual bool initWithCoder() { return true; }
     void encodeWithCoder(NSCoder&) const override;
 
+    // What the application knows it by, and what its tab shows.
     ObjectValue const& identifier() const { return m_identifier; }
     void setIdentifier(ObjectValue);
     std::string const& label() const { return m_label; }
@@ -47,6 +49,7 @@ public:
     NSView* initialFirstResponder() const { return m_initialFirstResponder.get(); }
     void setInitialFirstResponder(NSView*);
 
+    /// As it is drawn now.
     NSTabState tabState() const { return m_tabState; }
     /// Null while the item is in no tab view.
     NSTabView* tabView() const;

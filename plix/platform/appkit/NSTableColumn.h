@@ -12,6 +12,7 @@ class NSCell;
 class NSTableHeaderCell;
 class NSTableView;
 
+/// Who may change a column's width.
 enum NSTableColumnResizingMask : unsigned {
     NSTableColumnNoResizing = 0,
     NSTableColumnAutoresizingMask = 1,
@@ -31,6 +32,7 @@ public:
     bool init(NSCoder&);
     void encodeWithCoder(NSCoder&) const override;
 
+    // What the application knows it by.
     ObjectValue const& identifier() const { return m_identifier; }
     void setIdentifier(ObjectValue);
     /// Null while the column is in no table.
@@ -60,6 +62,7 @@ public:
     bool isEditable() const { return m_isEditable; }
     void setEditable(bool isEditable) { m_isEditable = isEditable; }
 
+    // What draws its header and its values.
     NSCell* headerCell() const;
     void setHeaderCell(Ref<NSCell> const&);
     NSCell* dataCell() const;

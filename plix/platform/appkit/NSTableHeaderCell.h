@@ -4,6 +4,7 @@
 
 namespace plix {
 
+/// How the header of a column is shaded.
 enum class HeaderShade { plain, chosen, pressed };
 
 /// Draws a column's header: its title, and at the right end an image that says how the column is sorted.

@@ -18,6 +18,7 @@ public:
     bool init();
     bool init(Rect frame);
     bool init(NSCoder&);
+    /// In points.
     static float standardHeight();
 
     /// Null while no table has it.

@@ -26,6 +26,7 @@ class NSTableHeaderView;
 class NSTextView;
 struct ControlLook;
 
+/// Which lines are drawn between cells.
 enum NSTableViewGridLineStyle : unsigned {
     NSTableViewGridNone = 0,
     NSTableViewSolidVerticalGridLineMask = 1,
@@ -88,6 +89,7 @@ public:
 
     // --- columns ---
 
+    // Columns from left to right, which the table holds.
     std::vector<Ref<NSTableColumn>> const& tableColumns() const { return m_columns; }
     long numberOfColumns() const { return static_cast<long>(m_columns.size()); }
     virtual void addTableColumn(NSTableColumn&);
@@ -114,6 +116,7 @@ public:
     void sizeToFit() override;
     virtual void sizeLastColumnToFit();
 
+    // What stands above the columns.
     NSView* headerView() const override;
     NSTableHeaderView* tableHeaderView() const { return m_headerView.get(); }
     /// Null for a table without header.
@@ -163,6 +166,7 @@ public:
 
     // --- selection ---
 
+    // What may be selected, and what is.
     bool allowsMultipleSelection() const { return m_flags.allowsMultipleSelection; }
     void setAllowsMultipleSelection(bool);
     bool allowsEmptySelection() const { return m_flags.allowsEmptySelection; }
@@ -209,6 +213,7 @@ public:
 
     // --- dragging ---
 
+    // Whether a drag may begin so, and with these rows.
     bool verticalMotionCanBeginDrag() const { return m_flags.verticalMotionCanBeginDrag; }
     void setVerticalMotionCanBeginDrag(bool);
     virtual bool canDragRowsWithIndexes(NSIndexSet const&, Point mouseDownPoint);
@@ -230,6 +235,7 @@ public:
 
     // --- drawing, in this order; `clipRect` is what is dirty ---
 
+    // The parts of drawRect().
     virtual void drawBackgroundInClipRect(Rect clipRect);
     virtual void highlightSelectionInClipRect(Rect clipRect);
     virtual void drawGridInClipRect(Rect clipRect);
@@ -253,6 +259,7 @@ public:
 
     // --- commands of the keyboard ---
 
+    // What the keys do.
     void moveUp(NSObject* sender);
     void moveDown(NSObject* sender);
     void moveUpAndModifySelection(NSObject* sender);

@@ -10,10 +10,12 @@ namespace plix {
 class NSTableColumn;
 class NSTableView;
 
+/// Whether something is dropped on a row or above it.
 enum NSTableViewDropOperation : int { NSTableViewDropOn = 0, NSTableViewDropAbove = 1 };
 
 /// Where a table gets its rows from. Rows and their values are asked for when they are drawn, not kept.
 struct NSTableViewDataSource {
+    // How many rows there are, and the value of a row in a column.
     Hook<long(NSTableView&)> numberOfRowsInTableView;
     Hook<ObjectValue(NSTableView&, NSTableColumn&, long row)> objectValueForTableColumn;
     /// A value that was edited in place, or clicked into a cell that can be clicked.

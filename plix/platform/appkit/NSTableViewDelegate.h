@@ -30,6 +30,7 @@ struct NSTableViewDelegate {
     /// What typing letters looks for in a row; without it the text of the first column that has any.
     Hook<std::optional<std::string>(NSTableView&, NSTableColumn&, long row)> typeSelectStringForTableColumn;
 
+    // Told with the notification of the like name.
     Hook<void(NSNotification const&)> tableViewSelectionDidChange;
     /// While the mouse still changes it.
     Hook<void(NSNotification const&)> tableViewSelectionIsChanging;

@@ -57,6 +57,7 @@ public:
     bool isFieldEditor() const { return m_isFieldEditor; }
     virtual void setFieldEditor(bool);
 
+    // Looks.
     bool drawsBackground() const { return m_drawsBackground; }
     virtual void setDrawsBackground(bool);
     NSColor* backgroundColor() const { return m_backgroundColor.get(); }

@@ -18,6 +18,7 @@ class NSTextStorage;
 class NSTimer;
 class TextLayout;
 
+/// Which key ended an edit, under "NSTextMovement" of its notification.
 enum class TextMovement {
     left,
     right,
@@ -39,6 +40,7 @@ enum class TextMovement {
     documentEnd,
 };
 
+/// What a press selects by, as it was made once, twice or three times.
 enum NSSelectionGranularity : int { NSSelectByCharacter = 0, NSSelectByWord = 1, NSSelectByParagraph = 2 };
 
 /// Text that a person edits with keyboard, mouse and input methods. Flipped. As a field editor it is what stands in a window's
@@ -55,6 +57,7 @@ public:
     bool init(NSCoder&);
     void encodeWithCoder(NSCoder&) const override;
 
+    // What holds and lays out the text.
     NSTextStorage* textStorage() const { return m_storage.get(); }
     NSLayoutManager* layoutManager() const;
     NSTextContainer* textContainer() const { return m_container.get(); }

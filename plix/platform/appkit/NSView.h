@@ -17,10 +17,13 @@ namespace plix {
 
 class FocusLock;
 
+/// Where something goes in front of or behind others.
 enum NSWindowOrderingMode : int { NSWindowAbove = 1, NSWindowBelow = -1, NSWindowOut = 0 };
 
+/// Whether a view with the keyboard is drawn with a ring around it.
 enum NSFocusRingType : int { NSFocusRingTypeDefault = 0, NSFocusRingTypeNone = 1, NSFocusRingTypeExterior = 2 };
 
+/// Names a rectangle that reports the pointer, or that has a tool tip.
 using NSTrackingRectTag = long;
 using NSToolTipTag = long;
 

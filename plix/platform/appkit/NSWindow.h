@@ -18,6 +18,7 @@ namespace plix {
 
 class HostWindow;
 
+/// What a window's frame has; the bits are joined.
 enum NSWindowStyleMask : unsigned {
     NSBorderlessWindowMask = 0,
     NSTitledWindowMask = 1,
@@ -30,8 +31,10 @@ enum NSWindowStyleMask : unsigned {
     NSTexturedBackgroundWindowMask = 256,
 };
 
+/// Where a window keeps what was drawn. All do it as the buffered one.
 enum NSBackingStoreType : int { NSBackingStoreRetained = 0, NSBackingStoreNonretained = 1, NSBackingStoreBuffered = 2 };
 
+/// A window of a higher level is in front of all of lower ones.
 enum NSWindowLevel : int {
     NSNormalWindowLevel = 0,
     NSFloatingWindowLevel = 3,
@@ -44,8 +47,10 @@ enum NSWindowLevel : int {
     NSScreenSaverWindowLevel = 1000,
 };
 
+/// How the keyboard came to a view.
 enum NSSelectionDirection : int { NSDirectSelection = 0, NSSelectingNext = 1, NSSelectingPrevious = 2 };
 
+/// The buttons of a window's title.
 enum NSWindowButton : int {
     NSWindowCloseButton,
     NSWindowMiniaturizeButton,

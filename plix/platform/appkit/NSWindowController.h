@@ -27,6 +27,7 @@ public:
     virtual void windowWillLoad() { }
     virtual void windowDidLoad() { }
 
+    // The document that the window shows.
     NSDocument* document() const;
     virtual void setDocument(NSDocument*);
     /// Whether the document closes with this window, though it has others.

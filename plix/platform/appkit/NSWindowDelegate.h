@@ -8,6 +8,7 @@ namespace plix {
 
 /// What a window asks and tells its delegate.
 struct NSWindowDelegate {
+    /// False keeps the window open.
     Hook<bool(NSObject& sender)> windowShouldClose;
     /// Null for the window's own editor.
     Hook<NSResponder*(NSWindow&, NSObject* client)> windowWillReturnFieldEditor;
@@ -19,6 +20,7 @@ struct NSWindowDelegate {
     /// Where in the window (base coordinates) the sheet's top edge is to be attached.
     Hook<Rect(NSWindow&, NSWindow& sheet, Rect proposed)> windowWillPositionSheet;
 
+    // Told with the notification of the like name.
     Hook<void(NSNotification const&)> windowDidResize;
     Hook<void(NSNotification const&)> windowDidExpose;
     Hook<void(NSNotification const&)> windowWillMove;

@@ -28,6 +28,7 @@ struct ControlLook {
     friend bool operator==(ControlLook const&, ControlLook const&) = default;
 };
 
+/// The corners of a field.
 enum class FieldShape { square, round };
 
 enum class ButtonFace;
@@ -48,6 +49,7 @@ struct ButtonLook {
     friend bool operator==(ButtonLook const&, ButtonLook const&) = default;
 };
 
+/// What a box looks like.
 struct BoxLook {
     NSBorderType border {};
     /// Null: as the kind of box has it.
@@ -56,6 +58,7 @@ struct BoxLook {
     bool isShaded { false };
 };
 
+/// What an item of a menu looks like.
 struct MenuItemLook {
     bool isEnabled { true };
     bool isHighlighted { false };
@@ -66,6 +69,7 @@ struct MenuItemLook {
 /// coordinates: the top is at the smallest y.
 class PLIX_EXPORT Theme {
 public:
+    /// The theme of the current appearance.
     static Theme const& current();
 
     /// Under the current appearance; the same object each time.

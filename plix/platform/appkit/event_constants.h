@@ -2,6 +2,7 @@
 
 namespace plix {
 
+/// What happened.
 enum NSEventType : int {
     NSLeftMouseDown = 1,
     NSLeftMouseUp = 2,
@@ -34,6 +35,7 @@ constexpr unsigned NSEventMaskFromType(NSEventType type)
     return 1U << static_cast<unsigned>(type);
 }
 
+/// Sets of event types; each type has the bit of its number.
 enum NSEventMask : unsigned {
     NSLeftMouseDownMask = 1U << NSLeftMouseDown,
     NSLeftMouseUpMask = 1U << NSLeftMouseUp,
@@ -59,6 +61,7 @@ enum NSEventMask : unsigned {
     NSAnyEventMask = 0xFFFFFFFFU,
 };
 
+/// The keys that were held; the bits are joined.
 enum NSModifierFlags : unsigned {
     NSAlphaShiftKeyMask = 1U << 16,
     NSShiftKeyMask = 1U << 17,

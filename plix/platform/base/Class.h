@@ -28,12 +28,14 @@ public:
     /// Sets a property; false where the value is of a kind that the property does not take.
     using Property = std::function<bool(NSObject& receiver, ObjectValue const& value)>;
 
+    /// Called by PLIX_DESCRIBE.
     template <typename T>
     static Class const& describe(char const* name, Class const* superclass, void (*describer)(ClassDescription<T>&));
 
     Class(Class const&) = delete;
     Class& operator=(Class const&) = delete;
 
+    // What it is called, and what it derives from.
     std::string const& name() const { return m_name; }
     Class const* superclass() const { return m_superclass; }
     std::type_index type() const { return m_type; }

@@ -18,6 +18,7 @@ public:
         return *this;
     }
 
+    // What it holds; null for nothing.
     T* get() const { return m_object; }
     Ref<T> ref() const { return m_object; }
     operator Ref<T>() const { return m_object; }

@@ -17,6 +17,7 @@ class PLIX_EXPORT HookSource {
 public:
     HookSource() = default;
 
+    /// An object with what fills these sets of hooks from it.
     template <typename... Sets, typename T> static HookSource pack(Ref<T> const& object)
     {
         HookSource source;
@@ -35,6 +36,7 @@ public:
         std::copy_if(other.m_fillers.begin(), other.m_fillers.end(), std::back_inserter(m_fillers), isMissing);
     }
 
+    /// Null when it is gone.
     NSObject* object() const { return m_object.get(); }
 
     /// The set filled from the object; an empty one where there is no object or it was packed without this set.

@@ -17,6 +17,7 @@ public:
     bool init(std::vector<std::uint8_t> bytes);
     bool init(std::span<std::uint8_t const> bytes);
 
+    // The bytes, which stay where they are as long as the object lives.
     std::size_t length() const { return m_bytes.size(); }
     std::span<std::uint8_t const> bytes() const { return m_bytes; }
 

@@ -6,6 +6,7 @@
 
 namespace plix {
 
+/// Seconds.
 using NSTimeInterval = double;
 
 /// Seconds from 1 January 1970 to 1 January 2001, both 00:00 UTC.
@@ -23,12 +24,15 @@ struct PLIX_EXPORT NSDate {
     static constexpr NSDate distantFuture() { return { 63113904000.0 }; }
     static constexpr NSDate distantPast() { return { -63113904000.0 }; }
 
+    // Seconds from one date to another, and a date that much later.
     constexpr NSTimeInterval timeIntervalSince1970() const { return timeIntervalSinceReferenceDate + NSTimeIntervalSince1970; }
     constexpr NSTimeInterval timeIntervalSinceDate(NSDate other) const
     {
         return timeIntervalSinceReferenceDate - other.timeIntervalSinceReferenceDate;
     }
+    // By the installed clock.
     NSTimeInterval timeIntervalSinceNow() const;
+    /// That many seconds later.
     constexpr NSDate addTimeInterval(NSTimeInterval seconds) const { return { timeIntervalSinceReferenceDate + seconds }; }
 
     friend constexpr auto operator<=>(NSDate, NSDate) = default;

@@ -13,9 +13,11 @@ class PLIX_EXPORT NSIndexSet {
 public:
     NSIndexSet() = default;
     NSIndexSet(std::initializer_list<long> indexes);
+    // Sets of one index, or of a range.
     static NSIndexSet indexSetWithIndex(long index);
     static NSIndexSet indexSetWithIndexesInRange(NSRange);
 
+    // What is in it.
     bool isEmpty() const { return m_ranges.empty(); }
     long count() const;
     bool containsIndex(long index) const;
@@ -28,6 +30,7 @@ public:
     long indexGreaterThanIndex(long index) const;
     long indexLessThanIndex(long index) const;
 
+    // Putting in and taking out. Indexes below 0 are none.
     void addIndex(long index) { addIndexesInRange({ index, 1 }); }
     void removeIndex(long index) { removeIndexesInRange({ index, 1 }); }
     void addIndexes(NSIndexSet const&);

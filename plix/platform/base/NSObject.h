@@ -69,6 +69,7 @@ public:
     /// Never used again for another object, unlike the address.
     std::uint64_t serialNumber() const { return m_serialNumber; }
 
+    // Called by Ref; nobody else needs them.
     void retain() const;
     void release() const;
     std::uint32_t retainCount() const { return m_references; }

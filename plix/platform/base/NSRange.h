@@ -12,19 +12,23 @@ struct NSRange {
     long location { 0 };
     long length { 0 };
 
+    // The place behind it, and whether a place is in it.
     constexpr long end() const { return location + length; }
     constexpr bool contains(long position) const { return position >= location && position - location < length; }
     friend constexpr bool operator==(NSRange, NSRange) = default;
 };
 
+/// The range of those places.
 constexpr NSRange NSMakeRange(long location, long length)
 {
     return { location, length };
 }
+/// The place behind the range.
 constexpr long NSMaxRange(NSRange range)
 {
     return range.end();
 }
+/// Whether the place is in the range.
 constexpr bool NSLocationInRange(long location, NSRange range)
 {
     return range.contains(location);

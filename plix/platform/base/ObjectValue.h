@@ -17,6 +17,7 @@ namespace plix {
 /// an object with identity (data, attributed strings, images and the rest). A value: copies are independent of each other.
 class PLIX_EXPORT ObjectValue {
 public:
+    // What arrays and dictionaries are.
     using Array = std::vector<ObjectValue>;
     using Dictionary = std::map<std::string, ObjectValue>;
 
@@ -83,6 +84,7 @@ public:
             m_value = Ref<NSObject>(object);
     }
 
+    // Of which kind it is.
     bool isNil() const { return std::holds_alternative<std::monostate>(m_value); }
     explicit operator bool() const { return !isNil(); }
     bool isBool() const { return std::holds_alternative<bool>(m_value); }

@@ -65,6 +65,7 @@ public:
     /// Gives the reference up to the caller, who releases it.
     [[nodiscard]] T* leak() { return std::exchange(m_object, nullptr); }
 
+    // What it holds; null for nothing.
     T* get() const { return m_object; }
     T& operator*() const { return *m_object; }
     T* operator->() const { return m_object; }
@@ -95,6 +96,8 @@ template <typename To, typename From> Ref<To> as(Ref<From> const& object)
 
 }
 
+/// @cond
 template <typename T> struct std::hash<plix::Ref<T>> {
     std::size_t operator()(plix::Ref<T> const& ref) const { return std::hash<T*> {}(ref.get()); }
 };
+/// @endcond

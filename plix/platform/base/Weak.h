@@ -29,6 +29,7 @@ public:
         return *this;
     }
 
+    // The object as long as it lives, then null.
     T* get() const { return m_link && m_link->object ? m_object : nullptr; }
     Ref<T> ref() const { return get(); }
     T* operator->() const { return get(); }

@@ -13,6 +13,7 @@ public:
     using std::out_of_range::out_of_range;
 };
 
+/// Says which operation was asked for which index, of how many.
 [[noreturn]] PLIX_EXPORT void raiseRangeException(char const* operation, long index, long count);
 
 }

@@ -22,6 +22,7 @@ PLIX_EXPORT long unitAtByteOffset(std::string_view text, std::size_t byte);
 /// The characters in a range of units. Raises NSRangeException where the range is not inside the text.
 PLIX_EXPORT std::string_view substringWithRange(std::string_view text, NSRange units);
 
+/// From one encoding to the other; what is ill-formed becomes U+FFFD.
 PLIX_EXPORT std::u16string utf16FromUTF8(std::string_view text);
 /// Lone surrogates become U+FFFD.
 PLIX_EXPORT std::string utf8FromUTF16(std::u16string_view text);

@@ -24,6 +24,7 @@ enum class CFXMLNodeTypeCode {
     Whitespace = 12,
 };
 
+/// What a node of a tree says.
 struct PLIX_EXPORT CFXMLNode {
     using Attributes = std::vector<std::pair<std::string, std::string>>;
 
@@ -64,6 +65,7 @@ public:
     static Ref<CFXMLTree> treeWithData(
         std::string_view text, std::string& error, XMLWhitespace = XMLWhitespace::Kept, XMLLimits const& = {});
 
+    // The node and those below it, in the document's order.
     CFXMLNode const& node() const { return m_node; }
     bool isElement() const { return m_node.typeCode == CFXMLNodeTypeCode::Element; }
     bool isElement(std::string_view name) const { return isElement() && m_node.string == name; }

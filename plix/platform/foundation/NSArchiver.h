@@ -21,6 +21,7 @@ struct PLIX_EXPORT NSArchiver {
     static Ref<NSData> archivedDataWithRootObject(ObjectValue const& root);
 };
 
+/// Reads what NSArchiver has written.
 struct PLIX_EXPORT NSUnarchiver {
     /// Nothing, after one logged line, where the bytes are damaged, beyond the bounds or name an unknown class. At most 64 MiB of
     /// bytes, 1,000,000 objects, arrays and dictionaries nested 64 deep, objects that read each other 512 deep.

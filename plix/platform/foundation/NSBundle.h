@@ -36,6 +36,7 @@ public:
     /// Of the first of these folders that there is; the others are looked into as well.
     bool init(std::vector<std::string> resourceFolders);
 
+    // Where it is.
     std::string const& bundlePath() const { return m_bundlePath; }
     std::string const& resourcePath() const { return m_resourceFolders.front(); }
     /// From the file Info.plist; nil without one.

@@ -32,6 +32,7 @@ public:
     /// Read as people write dates, against the present day (see parseNaturalDate()).
     static std::optional<NSCalendarDate> dateWithNaturalLanguageString(std::string_view text);
 
+    // In its time zone.
     CalendarFields fields() const { return m_zone.fieldsForDate(*this); }
     std::int64_t yearOfCommonEra() const { return fields().year; }
     int monthOfYear() const { return fields().month; }
@@ -49,6 +50,7 @@ public:
     /// Adds on the clock: an hour over a change of the clock moves its hands by one hour.
     NSCalendarDate dateByAddingYears(int years, int months, int days, int hours, int minutes, int seconds) const;
 
+    // The zone that it is shown in; the moment stays the same.
     NSTimeZone const& timeZone() const { return m_zone; }
     void setTimeZone(NSTimeZone zone) { m_zone = std::move(zone); }
     /// "%Y-%m-%d %H:%M:%S %z" unless set.

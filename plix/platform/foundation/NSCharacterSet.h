@@ -13,6 +13,7 @@ namespace plix {
 /// A set of characters, by their Unicode scalar values. A value; copies share what they hold.
 class PLIX_EXPORT NSCharacterSet {
 public:
+    /// From the first character to the last, both within.
     using Range = std::pair<char32_t, char32_t>;
 
     /// The empty set.
@@ -43,6 +44,7 @@ public:
     /// Cc and Cf.
     static NSCharacterSet const& controlCharacterSet();
 
+    // What is in it, and sets made of it.
     bool characterIsMember(char32_t) const;
     NSCharacterSet invertedSet() const;
     NSCharacterSet setByUniting(NSCharacterSet const& other) const;

@@ -18,6 +18,7 @@ public:
     bool init(NSCoder&);
     void encodeWithCoder(NSCoder&) const override;
 
+    // What it was made with.
     std::string const& dateFormat() const { return m_dateFormat; }
     bool allowsNaturalLanguage() const { return m_allowsNaturalLanguage; }
 

@@ -13,8 +13,10 @@ namespace plix {
 
 class NSData;
 
+/// What is at a path.
 enum class NSFileType { Regular, Directory, SymbolicLink, Socket, CharacterSpecial, BlockSpecial, Fifo, Unknown };
 
+/// What the machine says of a file, without opening it.
 struct NSFileAttributes {
     NSFileType type { NSFileType::Unknown };
     /// In bytes.
@@ -45,6 +47,7 @@ class PLIX_EXPORT NSFileManager : public NSObject {
     PLIX_CLASS(NSFileManager, NSObject);
 
 public:
+    /// The one there is.
     static NSFileManager& defaultManager();
 
     /// Follows symbolic links: a broken one does not exist.
@@ -87,6 +90,7 @@ public:
     bool writeAtomically(std::string const& path, NSData const& contents, unsigned permissions);
     bool contentsEqualAtPath(std::string const& a, std::string const& b) const;
 
+    // The folder that relative paths begin in, for the whole process.
     std::string currentDirectoryPath() const;
     bool changeCurrentDirectoryPath(std::string const& path);
 

@@ -22,8 +22,10 @@ class PLIX_EXPORT NSNotificationCenter : public NSObject {
     PLIX_CLASS(NSNotificationCenter, NSObject);
 
 public:
+    /// What an observer is called by.
     using Callback = std::function<void(NSNotification const&)>;
 
+    /// The application's, where all of the library's notifications are posted.
     static NSNotificationCenter& defaultCenter();
 
     /// The operation takes the notification or nothing.
@@ -55,6 +57,7 @@ public:
     /// Only the registrations with this name (without one, any) and this object (nil, any).
     void removeObserver(NSObject const& observer, std::optional<std::string> const& name, NSObject const* object = nullptr);
 
+    // Telling those who observe; comes back when all were told.
     void postNotification(NSNotification const&);
     void postNotificationName(std::string name, Ref<NSObject> object = nullptr, ObjectValue::Dictionary userInfo = {});
 

@@ -14,8 +14,10 @@ class PLIX_EXPORT NSProcessInfo : public NSObject {
     PLIX_CLASS(NSProcessInfo, NSObject);
 
 public:
+    /// Of this process.
     static NSProcessInfo& processInfo();
 
+    // What the machine told the process.
     std::vector<std::string> arguments() const;
     std::map<std::string, std::string> environment() const;
     std::string hostName() const;

@@ -16,6 +16,7 @@ class NSObject;
 class NSTimer;
 class RunLoopDescriptor;
 
+// Modes: as usual, while the mouse is followed, while a window is modal.
 inline constexpr std::string_view NSDefaultRunLoopMode = "kCFRunLoopDefaultMode";
 inline constexpr std::string_view NSEventTrackingRunLoopMode = "NSEventTrackingRunLoopMode";
 inline constexpr std::string_view NSModalPanelRunLoopMode = "NSModalPanelRunLoopMode";
@@ -61,6 +62,7 @@ public:
     /// Ends the current or the next wait. May be called from any thread.
     static void wakeUp();
 
+    // Told by timers.
     void timerMoved(NSTimer&);
     void timerInvalidated(NSTimer&);
 

@@ -15,10 +15,12 @@ class PLIX_EXPORT NSScanner : public NSObject {
     PLIX_CLASS(NSScanner, NSObject);
 
 public:
+    /// At the text's beginning.
     static Ref<NSScanner> scannerWithString(std::string string);
     bool init() { return true; }
     bool init(std::string string);
 
+    /// What is read.
     std::string const& string() const { return m_string; }
     long scanLocation() const;
     /// Raises NSRangeException outside the string.
@@ -43,6 +45,7 @@ public:
     bool scanFloat(float& value);
     bool scanDouble(double& value);
 
+    // Reading text; false, and the place stays, where there is none of it here.
     bool scanString(std::string_view searched);
     bool scanString(std::string_view searched, std::string& value);
     bool scanCharactersFromSet(NSCharacterSet const&);

@@ -23,6 +23,7 @@ public:
     /// The surroundings' zone; UTC where theirs cannot be read.
     static NSTimeZone localTimeZone();
 
+    // What it is called, and what holds at a date.
     std::string const& name() const;
     int secondsFromGMTForDate(NSDate) const;
     std::string const& abbreviationForDate(NSDate) const;
@@ -30,6 +31,7 @@ public:
     /// Whether the zone ever goes by this abbreviation; the offset it has then.
     std::optional<int> secondsFromGMTForAbbreviation(std::string_view abbreviation) const;
 
+    /// What clock and calendar show there.
     CalendarFields fieldsForDate(NSDate) const;
     /// The moment at which the zone's clock shows the fields; of two the first, in a gap as if the clock went on from before it.
     NSDate dateForFields(CalendarFields const&) const;

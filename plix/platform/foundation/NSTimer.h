@@ -22,6 +22,7 @@ class PLIX_EXPORT NSTimer : public NSObject {
     PLIX_CLASS(NSTimer, NSObject);
 
 public:
+    /// What a timer calls when it fires.
     using Callback = std::function<void(NSTimer&)>;
 
     bool init(NSDate fireDate, NSTimeInterval interval, Callback, ObjectValue userInfo, bool repeats);
@@ -64,6 +65,7 @@ public:
     NSTimeInterval timeInterval() const { return m_repeats ? m_interval : 0; }
     ObjectValue const& userInfo() const { return m_userInfo; }
 
+    /// Whether it may still fire.
     bool isValid() const { return m_isValid; }
     /// Stops it for good and lets the target go. May be called inside its own callback.
     void invalidate();

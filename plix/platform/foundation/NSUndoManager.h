@@ -30,6 +30,7 @@ public:
     void removeAllActions();
     void removeAllActionsWithTarget(NSObject const& target);
 
+    // Changes between the two are undone together; groups may lie within groups.
     void beginUndoGrouping();
     /// Does nothing without an open group. An empty group is dropped.
     void endUndoGrouping();
@@ -38,6 +39,7 @@ public:
     bool groupsByEvent() const { return m_groupsByEvent; }
     void setGroupsByEvent(bool groups) { m_groupsByEvent = groups; }
 
+    // While it is disabled nothing is registered; the calls are counted.
     void disableUndoRegistration() { ++m_disabled; }
     void enableUndoRegistration();
     bool isUndoRegistrationEnabled() const { return m_disabled == 0; }

@@ -15,6 +15,7 @@ namespace plix {
 class NSData;
 class NSTimer;
 
+// Domains, in the order in which they are looked through, with the application's own behind the first.
 inline constexpr std::string_view NSArgumentDomain = "NSArgumentDomain";
 inline constexpr std::string_view NSGlobalDomain = "NSGlobalDomain";
 inline constexpr std::string_view NSRegistrationDomain = "NSRegistrationDomain";

@@ -13,6 +13,7 @@
 
 namespace plix {
 
+/// The modes in which a call may be made.
 using RunLoopModes = std::vector<std::string_view>;
 
 namespace detail {

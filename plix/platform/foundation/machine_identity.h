@@ -14,6 +14,7 @@ namespace plix {
 class MachineIdentity {
 public:
     virtual ~MachineIdentity() = default;
+    /// The hardware address; nothing where there is none.
     virtual EthernetQuery primaryEthernetInterface() const = 0;
 
     /// The system's version in binary-coded decimal, 0x1049 for 10.4.9: what looks and behaviours that changed from version to

@@ -9,6 +9,7 @@ namespace plix {
 
 /// What the module of a plug-in bundle tells NSBundle::load(): the classes that it adds. PLIX_PLUGIN_MODULE writes it.
 struct PluginModule {
+    /// A class of the module.
     struct Entry {
         char const* name;
         Class const& (*describe)();

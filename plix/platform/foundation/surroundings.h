@@ -15,6 +15,7 @@ class PLIX_EXPORT Surroundings {
 public:
     virtual ~Surroundings() = default;
 
+    /// An absolute path.
     virtual std::string homeFolder() const = 0;
     /// Another user's home folder; nullopt where there is no such user.
     virtual std::optional<std::string> homeFolderForUser(std::string const& user) const = 0;

@@ -12,6 +12,7 @@ class PLIX_EXPORT CGColorSpace : public NSObject {
     PLIX_CLASS(CGColorSpace, NSObject);
 
 public:
+    /// How many components a colour has.
     enum class Model { gray, rgb };
 
     using Base::init;
@@ -20,6 +21,7 @@ public:
         m_model = model;
         return true;
     }
+    /// The space's own.
     Model model() const { return m_model; }
     /// Without alpha.
     std::size_t numberOfComponents() const { return m_model == Model::gray ? 1 : 3; }
@@ -30,8 +32,10 @@ private:
     Model m_model { Model::rgb };
 };
 
+/// Holds a colour space.
 using CGColorSpaceRef = Ref<CGColorSpace>;
 
+// Names of spaces. Those of one model agree.
 inline constexpr std::string_view kCGColorSpaceUserGray = "kCGColorSpaceUserGray";
 inline constexpr std::string_view kCGColorSpaceUserRGB = "kCGColorSpaceUserRGB";
 inline constexpr std::string_view kCGColorSpaceGenericGray = "kCGColorSpaceGenericGray";

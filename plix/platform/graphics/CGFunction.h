@@ -8,9 +8,11 @@
 
 namespace plix {
 
+// What a function calls: to be evaluated, and when it goes.
 using CGFunctionEvaluateCallback = void (*)(void* info, float const* in, float* out);
 using CGFunctionReleaseInfoCallback = void (*)(void* info);
 
+/// A version and what the function calls.
 struct CGFunctionCallbacks {
     unsigned version { 0 }; ///< 0
     CGFunctionEvaluateCallback evaluate { nullptr };
@@ -30,6 +32,7 @@ public:
     bool init() { return false; }
     bool init(void* info, std::span<float const> domain, std::span<float const> range, CGFunctionCallbacks const&);
 
+    // How many values go in and come out.
     std::size_t domainDimension() const { return m_domainDimension; }
     std::size_t rangeDimension() const { return m_rangeDimension; }
     /// Calls the host with the input brought into the domain, and brings what it answers into the range. `in` has domainDimension()
@@ -45,6 +48,7 @@ private:
     CGFunctionCallbacks m_callbacks;
 };
 
+/// Holds a function.
 using CGFunctionRef = Ref<CGFunction>;
 
 /// Domain and range are pairs of a least and a greatest value, one pair a dimension; without a range outputs are not limited. Null

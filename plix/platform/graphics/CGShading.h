@@ -9,6 +9,7 @@ namespace plix {
 
 class NSGraphicsContext;
 
+/// The context that a shading is drawn into.
 using CGContextRef = NSGraphicsContext*;
 
 /// Colours along an axis in user space, worked out by a function of one value: 0 at the start, 1 at the end.
@@ -16,6 +17,7 @@ class PLIX_EXPORT CGShading : public NSObject {
     PLIX_CLASS(CGShading, NSObject);
 
 public:
+    /// From where to where the colours go, and whether they go on beyond.
     struct Axis {
         Point start;
         Point end;
@@ -26,6 +28,7 @@ public:
     bool init() { return false; }
     bool init(CGColorSpaceRef const&, Axis const&, CGFunctionRef const&);
 
+    // What it was made with.
     CGColorSpace const& colorSpace() const { return *m_colorSpace; }
     CGFunction const& function() const { return *m_function; }
     Axis const& axis() const { return m_axis; }
@@ -36,6 +39,7 @@ private:
     Axis m_axis;
 };
 
+/// Holds a shading.
 using CGShadingRef = Ref<CGShading>;
 
 /// Null where a part is missing, or the function has not one input and as many outputs as the space has components and alpha.

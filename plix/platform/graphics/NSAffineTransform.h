@@ -6,6 +6,7 @@
 
 namespace plix {
 
+/// The six numbers of a transform.
 using NSAffineTransformStruct = AffineTransform;
 
 /// A transform that is built up step by step. Each of translate, scale, rotate and prependTransform acts on coordinates before what
@@ -14,11 +15,13 @@ class PLIX_EXPORT NSAffineTransform : public NSObject {
     PLIX_CLASS(NSAffineTransform, NSObject);
 
 public:
+    /// A new one that changes nothing.
     static Ref<NSAffineTransform> transform();
     bool init() { return true; }
     bool init(Ref<NSAffineTransform> const& other);
     bool init(AffineTransform const& value);
 
+    // Each comes before what the transform does already.
     void translateXBy(double dx, double dy);
     void scaleBy(double factor) { scaleXBy(factor, factor); }
     void scaleXBy(double sx, double sy);
@@ -31,10 +34,12 @@ public:
     /// The other one acts before this one.
     void prependTransform(NSAffineTransform const&);
 
+    // What it makes of points, sizes and paths.
     Point transformPoint(Point point) const { return m_value.apply(point); }
     Size transformSize(Size size) const { return m_value.apply(size); }
     Ref<NSBezierPath> transformBezierPath(NSBezierPath const&) const;
 
+    // Its numbers.
     AffineTransform const& transformStruct() const { return m_value; }
     void setTransformStruct(AffineTransform const& value) { m_value = value; }
 

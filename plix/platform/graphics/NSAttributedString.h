@@ -35,6 +35,7 @@ public:
     bool init(NSCoder&);
     void encodeWithCoder(NSCoder&) const override;
 
+    /// One that can be changed, with the same text and attributes.
     Ref<NSMutableAttributedString> mutableCopy() const;
 
     /// Valid UTF-8.
@@ -52,6 +53,7 @@ public:
     /// The range in which this attribute has this value, whatever the others do.
     ObjectValue attribute(std::string_view name, long atIndex, NSRange& longestEffectiveRange, NSRange inRange) const;
 
+    // Parts and comparison; ranges are in UTF-16 units.
     Ref<NSAttributedString> attributedSubstringFromRange(NSRange) const;
     bool isEqualToAttributedString(NSAttributedString const&) const;
     bool containsAttachments() const;

@@ -9,7 +9,9 @@
 
 namespace plix {
 
+/// How lines end.
 enum NSLineCapStyle : int { NSButtLineCapStyle = 0, NSRoundLineCapStyle = 1, NSSquareLineCapStyle = 2 };
+/// How lines meet.
 enum NSLineJoinStyle : int { NSMiterLineJoinStyle = 0, NSRoundLineJoinStyle = 1, NSBevelLineJoinStyle = 2 };
 
 /// Lines and curves in user space, with how they are stroked and filled. Drawing goes into the current context with its colours;
@@ -29,6 +31,7 @@ public:
         friend bool operator==(Defaults const&, Defaults const&) = default;
     };
 
+    // New paths: empty, or of a shape.
     static Ref<NSBezierPath> bezierPath();
     static Ref<NSBezierPath> bezierPathWithRect(Rect);
     static Ref<NSBezierPath> bezierPathWithOvalInRect(Rect);
@@ -55,12 +58,14 @@ public:
     static NSWindingRule defaultWindingRule();
     static void setDefaultWindingRule(NSWindingRule);
 
+    // Adding to the path; a line or a curve needs a current point.
     void moveToPoint(Point point) { m_geometry.moveTo(point); }
     void lineToPoint(Point point) { m_geometry.lineTo(point); }
     void curveToPoint(Point end, Point controlPoint1, Point controlPoint2)
     {
         m_geometry.curveTo(end, controlPoint1, controlPoint2);
     }
+    // Ending a part, and beginning anew.
     void closePath() { m_geometry.close(); }
     void removeAllPoints() { m_geometry.clear(); }
     // From the current point.
@@ -68,6 +73,7 @@ public:
     void relativeLineToPoint(Point);
     void relativeCurveToPoint(Point end, Point controlPoint1, Point controlPoint2);
 
+    // Adding whole shapes.
     void appendBezierPath(NSBezierPath const&);
     void appendBezierPathWithRect(Rect rect) { m_geometry.appendRect(rect); }
     void appendBezierPathWithOvalInRect(Rect rect) { m_geometry.appendOval(rect); }
@@ -96,6 +102,7 @@ public:
     std::vector<float> const& lineDash() const { return m_dash; }
     float lineDashPhase() const { return m_dashPhase; }
 
+    // Drawing, with the current context's colours.
     void stroke() const;
     void fill() const;
     /// Narrows the current context's clip. Use inside a GraphicsState.
@@ -103,6 +110,7 @@ public:
     /// Replaces the clip.
     void setClip() const;
 
+    // What it is made of, and where it is.
     bool isEmpty() const { return m_geometry.isEmpty(); }
     Point currentPoint() const { return m_geometry.currentPoint(); }
     Rect bounds() const { return m_geometry.bounds(); }
@@ -115,6 +123,7 @@ public:
     void setAssociatedPoints(std::array<Point, 3> const& points, long index);
     PathGeometry const& geometry() const { return m_geometry; }
 
+    // Changing it, and new paths made of it.
     void transformUsingAffineTransform(NSAffineTransform const&);
     Ref<NSBezierPath> bezierPathByFlatteningPath() const;
     Ref<NSBezierPath> bezierPathByReversingPath() const;

@@ -11,6 +11,7 @@ namespace plix {
 
 struct BitmapStorage;
 
+/// What representationUsingType() writes.
 enum NSBitmapImageFileType : int {
     NSTIFFFileType = 0,
     NSBMPFileType = 1,
@@ -75,6 +76,7 @@ public:
     using Base::draw;
     bool draw(ImageDrawing const&) const override;
 
+    // For the other sources of this folder.
     BitmapStorage const* storage() const { return m_storage.get(); }
     std::shared_ptr<BitmapStorage> const& sharedStorage() const { return m_storage; }
 

@@ -10,6 +10,7 @@
 
 namespace plix {
 
+// Names of colour spaces.
 inline constexpr std::string_view NSCalibratedWhiteColorSpace = "NSCalibratedWhiteColorSpace";
 inline constexpr std::string_view NSCalibratedBlackColorSpace = "NSCalibratedBlackColorSpace";
 inline constexpr std::string_view NSCalibratedRGBColorSpace = "NSCalibratedRGBColorSpace";
@@ -26,6 +27,7 @@ class PLIX_EXPORT NSColor : public NSObject {
     PLIX_CLASS(NSColor, NSObject);
 
 public:
+    // New colours; components from 0 to 1, the hue too.
     static Ref<NSColor> colorWithCalibratedWhite(float white, float alpha);
     static Ref<NSColor> colorWithCalibratedRed(float red, float green, float blue, float alpha);
     static Ref<NSColor> colorWithCalibratedHue(float hue, float saturation, float brightness, float alpha);
@@ -93,6 +95,7 @@ public:
     /// What alternateSelectedControlColor and the selection colours derived from it look like; null goes back to the default.
     static void setUserHighlightColor(Ref<NSColor> const&);
 
+    /// One of the names above.
     std::string_view colorSpaceName() const;
     /// "System" and the name of a named colour; empty for others.
     std::string_view catalogNameComponent() const;
@@ -100,6 +103,7 @@ public:
     /// Null for a space there is no way to, such as out of a pattern. The same object where it is in that space already.
     Ref<NSColor> colorUsingColorSpaceName(std::string_view name) const;
 
+    // Components from 0 to 1.
     float redComponent() const { return components().red; }
     float greenComponent() const { return components().green; }
     float blueComponent() const { return components().blue; }
@@ -114,6 +118,7 @@ public:
     /// What is drawn now: of a named colour under the current appearance.
     ColorComponents components() const;
 
+    /// Null for what is no pattern.
     NSImage* patternImage() const { return m_patternImage.get(); }
 
     /// The colour itself with another alpha; a pattern stays as it is. The same object where nothing changes.

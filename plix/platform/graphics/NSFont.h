@@ -33,6 +33,7 @@ public:
     static Ref<NSFont> toolTipsFontOfSize(float size);
     static Ref<NSFont> controlContentFontOfSize(float size);
 
+    // Sizes in points.
     static constexpr float systemFontSize() { return 13; }
     static constexpr float smallSystemFontSize() { return 11; }
     static constexpr float labelFontSize() { return 10; }

@@ -12,6 +12,7 @@ namespace plix {
 /// A set of bits.
 using NSFontTraitMask = unsigned;
 
+// Traits; the bits are joined.
 inline constexpr NSFontTraitMask NSItalicFontMask = 0x00000001;
 inline constexpr NSFontTraitMask NSBoldFontMask = 0x00000002;
 inline constexpr NSFontTraitMask NSUnboldFontMask = 0x00000004;
@@ -26,6 +27,7 @@ class PLIX_EXPORT NSFontManager : public NSObject {
     PLIX_CLASS(NSFontManager, NSObject);
 
 public:
+    /// The one there is.
     static NSFontManager& sharedFontManager();
 
     /// In alphabetical order.
@@ -33,6 +35,7 @@ public:
     /// PostScript names in alphabetical order.
     std::vector<std::string> const& availableFonts() const;
 
+    /// The traits that the font has.
     NSFontTraitMask traitsOfFont(NSFont const&) const;
     /// 0 to 15; 5 is regular, 9 bold.
     int weightOfFont(NSFont const&) const;

@@ -75,6 +75,7 @@ public:
     NSColor* backgroundColor() const { return m_backgroundColor.get(); }
     void setBackgroundColor(Ref<NSColor> const&);
 
+    // The forms that it has, of which the one that fits best is drawn.
     std::vector<Ref<NSImageRep>> const& representations() const { return m_representations; }
     void addRepresentation(Ref<NSImageRep> const&);
     void addRepresentations(std::vector<Ref<NSImageRep>> const&);
@@ -106,6 +107,7 @@ public:
     /// The same number means the same picture; it changes when the image may look different.
     std::uint64_t contentStamp() const;
 
+    // Called by FocusLock.
     void lockFocus(Badge<FocusLock> const&);
     void unlockFocus(Badge<FocusLock> const&);
 

@@ -29,6 +29,7 @@ public:
     static std::vector<Ref<NSImageRep>> imageRepsWithContentsOfFile(std::string_view path);
     static std::vector<Ref<NSImageRep>> imageRepsWithData(NSData const&);
 
+    // Its size in points, its pixels, and what these are.
     Size size() const { return m_size; }
     virtual void setSize(Size size) { m_size = size; }
     int pixelsWide() const { return m_pixelsWide; }

@@ -16,6 +16,7 @@ class NSTextContainer;
 class NSTextStorage;
 class TextLayout;
 
+/// Which rules lines are laid out by. All are laid out by the latest.
 enum NSTypesetterBehavior : int {
     NSTypesetterLatestBehavior = -1,
     NSTypesetterOriginalBehavior = 0,
@@ -39,6 +40,7 @@ public:
     /// For the storage that takes it in.
     void setTextStorage(NSTextStorage*);
 
+    // What text is laid out into, one after another.
     void addTextContainer(Ref<NSTextContainer> const&);
     void removeTextContainerAtIndex(long index);
     std::vector<Ref<NSTextContainer>> const& textContainers() const { return m_containers; }
@@ -67,6 +69,7 @@ public:
     void drawBackgroundForGlyphRange(NSRange, Point);
     void drawGlyphsForGlyphRange(NSRange, Point);
 
+    /// In points.
     float defaultLineHeightForFont(NSFont const&) const;
 
     /// Told by the storage and the container.

@@ -12,6 +12,7 @@ class PLIX_EXPORT NSMutableAttributedString : public NSAttributedString {
 public:
     using NSAttributedString::init;
 
+    // Changing text; ranges are in UTF-16 units, and new text has the attributes of what it replaces.
     void replaceCharactersInRange(NSRange, std::string_view text);
     void replaceCharactersInRange(NSRange, NSAttributedString const&);
     void deleteCharactersInRange(NSRange);
@@ -19,6 +20,7 @@ public:
     void appendAttributedString(NSAttributedString const&);
     void setAttributedString(NSAttributedString const&);
 
+    // Changing attributes.
     void setAttributes(Attributes const&, NSRange);
     void addAttribute(std::string_view name, ObjectValue const& value, NSRange);
     void addAttributes(Attributes const&, NSRange);

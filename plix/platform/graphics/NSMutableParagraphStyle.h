@@ -11,6 +11,7 @@ class PLIX_EXPORT NSMutableParagraphStyle : public NSParagraphStyle {
 public:
     using NSParagraphStyle::init;
 
+    // See NSParagraphStyle.
     void setAlignment(NSTextAlignment alignment) { m_layout.alignment = alignment; }
     void setLineBreakMode(NSLineBreakMode mode) { m_layout.lineBreakMode = mode; }
     void setBaseWritingDirection(NSWritingDirection direction) { m_layout.baseWritingDirection = direction; }

@@ -23,8 +23,10 @@ public:
     bool init(NSCoder&);
     void encodeWithCoder(NSCoder&) const override;
 
+    /// One that can be changed.
     Ref<NSMutableParagraphStyle> mutableCopy() const;
 
+    // How lines are laid out; distances in points.
     NSTextAlignment alignment() const { return m_layout.alignment; }
     NSLineBreakMode lineBreakMode() const { return m_layout.lineBreakMode; }
     NSWritingDirection baseWritingDirection() const { return m_layout.baseWritingDirection; }
@@ -47,6 +49,7 @@ public:
     /// Beyond the last tab stop; 0 goes on at the stops' own interval.
     float defaultTabInterval() const { return m_layout.defaultTabInterval; }
 
+    /// All of it.
     ParagraphLayout const& layout() const { return m_layout; }
 
     // NSObject:

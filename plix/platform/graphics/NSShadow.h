@@ -18,6 +18,7 @@ public:
     NSShadow();
     ~NSShadow() override;
 
+    // In points of base space: y upwards, whatever the view's is.
     Size shadowOffset() const { return m_offset; }
     void setShadowOffset(Size offset) { m_offset = offset; }
     float shadowBlurRadius() const { return m_blurRadius; }

@@ -17,6 +17,7 @@ public:
     bool init() { return init(Size { 1e7F, 1e7F }); }
     bool init(Size containerSize);
 
+    // The room for text, in points.
     Size containerSize() const { return m_size; }
     void setContainerSize(Size);
     /// Kept free at both ends of each line; 5 at first.

@@ -17,6 +17,7 @@ public:
     using NSMutableAttributedString::init;
     ~NSTextStorage() override;
 
+    // Those that lay it out. It holds them.
     void addLayoutManager(Ref<NSLayoutManager> const&);
     void removeLayoutManager(NSLayoutManager&);
     std::vector<Ref<NSLayoutManager>> const& layoutManagers() const { return m_layoutManagers; }

@@ -6,6 +6,7 @@
 
 namespace plix {
 
+/// Dark text on a light ground, or light text on a dark one.
 enum class Appearance : std::uint8_t { light, dark };
 
 /// The look of the whole process: named system colours and the theme follow it. Light at first.

@@ -29,6 +29,7 @@ inline char const NSLinkAttributeName[] = "NSLink"; ///< string; kept for the vi
 inline char const NSToolTipAttributeName[] = "NSToolTip"; ///< string; kept for the view that shows it
 inline char const NSCursorAttributeName[] = "NSCursor"; ///< NSCursor; kept for the view that shows it
 
+/// How text is underlined.
 enum NSUnderlineStyle : int {
     NSUnderlineStyleNone = 0,
     NSUnderlineStyleSingle = 1,

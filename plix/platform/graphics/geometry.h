@@ -14,18 +14,21 @@ struct Point {
     friend constexpr bool operator==(Point, Point) = default;
 };
 
+/// Width and height in points.
 struct Size {
     float width { 0 };
     float height { 0 };
     friend constexpr bool operator==(Size, Size) = default;
 };
 
+/// A rectangle by its corner with the least coordinates, in points. Without width or height it is empty.
 struct PLIX_EXPORT Rect {
     float x { 0 };
     float y { 0 };
     float width { 0 };
     float height { 0 };
 
+    // Corners, edges and middles.
     constexpr Point origin() const { return { x, y }; }
     constexpr Size size() const { return { width, height }; }
     constexpr float maxX() const { return x + width; }
@@ -37,17 +40,21 @@ struct PLIX_EXPORT Rect {
     friend constexpr bool operator==(Rect, Rect) = default;
 };
 
+/// An edge of a rectangle, by which coordinate is least or greatest there.
 enum NSRectEdge : int { NSMinXEdge = 0, NSMinYEdge = 1, NSMaxXEdge = 2, NSMaxYEdge = 3 };
 
+// At the origin, without extent.
 inline constexpr Point NSZeroPoint {};
 inline constexpr Size NSZeroSize {};
 inline constexpr Rect NSZeroRect {};
 
+/// The rectangle with that corner and size.
 constexpr Rect rectWith(Point origin, Size size)
 {
     return { origin.x, origin.y, size.width, size.height };
 }
 
+/// Moved by that much.
 constexpr Rect NSOffsetRect(Rect rect, float dx, float dy)
 {
     return { rect.x + dx, rect.y + dy, rect.width, rect.height };

@@ -9,6 +9,7 @@
 
 namespace plix {
 
+/// A screen as the machine has it.
 struct HostScreen {
     /// Points, y upwards; the first screen's lower left corner is the origin.
     Rect frame;
@@ -18,6 +19,7 @@ struct HostScreen {
     friend bool operator==(HostScreen const&, HostScreen const&) = default;
 };
 
+/// The cursors that a machine's theme has.
 enum class CursorShape {
     arrow,
     iBeam,
@@ -47,6 +49,7 @@ struct CursorPixels {
 class PLIX_EXPORT DisplayClient {
 public:
     virtual ~DisplayClient() = default;
+    /// Screens came, went or changed.
     virtual void displayScreensChanged() = 0;
     /// The window system ends the session, or the display went away: the application is to quit in order.
     virtual void displayWantsQuit() = 0;
@@ -57,6 +60,7 @@ class PLIX_EXPORT Display {
 public:
     virtual ~Display() = default;
 
+    /// Who is told; null for nobody.
     virtual void setClient(DisplayClient*) = 0;
     /// At least one; the first is the main screen.
     virtual std::vector<HostScreen> screens() const = 0;
@@ -65,6 +69,7 @@ public:
     /// How far the frame of such a window is going to reach beyond its content, as far as that is known before it is there.
     virtual HostWindow::FrameExtents frameExtents(HostWindowAttributes const&) const = 0;
 
+    // The cursor over the application's windows.
     virtual void setCursor(CursorShape) = 0;
     virtual void setCursor(CursorPixels const&) = 0;
     /// Screen coordinates, points, y upwards.

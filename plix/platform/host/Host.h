@@ -19,6 +19,7 @@ class Speech;
 class PLIX_EXPORT Host {
 public:
     virtual ~Host() = default;
+    // What it is called, and the services that each machine has.
     virtual std::string_view name() const = 0;
     virtual Display& display() = 0;
     virtual Clipboard& clipboard() = 0;

@@ -23,6 +23,7 @@ enum HostModifier : std::uint32_t {
 
 /// What a person did, before the application makes an event of it.
 struct HostEvent {
+    /// What a person did.
     enum class Type {
         mouseDown,
         mouseUp,

@@ -10,6 +10,7 @@
 
 namespace plix {
 
+/// What a window is for; the machine decorates and stacks it by that.
 enum class HostWindowKind {
     document, ///< has a frame of the window system's
     panel, ///< likewise, a small companion that is not listed among the application's windows
@@ -36,6 +37,7 @@ struct HostWindowAttributes {
 class PLIX_EXPORT HostWindowClient {
 public:
     virtual ~HostWindowClient() = default;
+    // Told by the window.
     virtual void hostWindowEvent(HostEvent const&) = 0;
     /// The window system, the person or the application moved or resized the window; the rectangle is the content's, on screen.
     virtual void hostWindowContentRectChanged(Rect contentRect) = 0;
@@ -76,6 +78,7 @@ public:
     virtual FrameExtents frameExtents() const = 0;
     virtual float backingScale() const = 0;
 
+    // What the window's frame shows and allows.
     virtual void setTitle(std::string_view) = 0;
     /// Content sizes, points; a maximum of 0 means none.
     virtual void setSizeLimits(Size minimum, Size maximum) = 0;
@@ -83,6 +86,7 @@ public:
     virtual void setParent(HostWindow*) = 0;
     virtual void setAlpha(float) = 0;
 
+    // Showing, hiding and stacking.
     virtual bool isVisible() const = 0;
     virtual void show() = 0;
     virtual void hide() = 0;

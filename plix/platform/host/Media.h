@@ -13,6 +13,7 @@ namespace plix {
 /// The components that read and write media on this machine.
 class PLIX_EXPORT Media {
 public:
+    /// A component that the machine has.
     struct Component {
         ComponentDescription description;
         /// As the component says it; mostly UTF-8.

@@ -20,6 +20,7 @@ struct SpeechChannel {
     friend bool operator==(SpeechChannel, SpeechChannel) = default;
 };
 
+/// A voice that the machine has.
 struct SpeechVoice {
     /// What openChannel() takes.
     std::string identifier;
@@ -31,6 +32,7 @@ struct SpeechVoice {
     friend bool operator==(SpeechVoice const&, SpeechVoice const&) = default;
 };
 
+/// How speech ended.
 enum class SpeechEnd {
     Finished, ///< said to its end
     Stopped, ///< stopped, replaced by another text, or lost with the service

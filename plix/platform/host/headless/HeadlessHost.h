@@ -15,6 +15,7 @@ namespace plix {
 /// A machine without a display: windows are images in memory, a script takes the place of the person, and time may be moved.
 class PLIX_EXPORT HeadlessHost final : public Host {
 public:
+    /// Whether waiting takes time.
     enum class Time {
         Machine, ///< waits as long as it takes
         Movable, ///< waiting moves the clock to the deadline at once
@@ -23,6 +24,7 @@ public:
     explicit HeadlessHost(Time = Time::Machine);
     ~HeadlessHost() override;
 
+    // The parts of the machine, to look at and to play a person's part.
     HeadlessDisplay& headlessDisplay() { return m_display; }
     HeadlessScript& script() { return m_script; }
     /// Stands still between waits where time is movable.
