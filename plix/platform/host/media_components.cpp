@@ -16,7 +16,7 @@ struct CustomaryType {
 
 constexpr std::array customaryTypes {
     CustomaryType { "video/quicktime", "mpg4", "iso" },
-    CustomaryType { "video/quicktime", "mpg4", "iso-fragmented" },
+    CustomaryType { "video/quicktime", "isml", "iso-fragmented" },
     CustomaryType { "video/quicktime", "3gpp", "3gpp" },
     CustomaryType { "video/quicktime", "MooV" },
     CustomaryType { "video/mp4", "mpg4" },

@@ -3,11 +3,15 @@
 #include <plix/platform/host/desktop/sdl_handles.h>
 #include <plix/platform/host/sound_mixing.h>
 
+#include <algorithm>
+
 namespace plix {
 
 namespace {
 
 constexpr std::size_t framesAtOnce = 2048;
+/// SDL's conversion of rates looks that far ahead, and keeps so much back for good.
+constexpr std::size_t framesKeptBack = 1024;
 
 int bytesOf(std::size_t samples)
 {
@@ -40,14 +44,25 @@ std::size_t SoundReader::read(std::span<float> stereo)
 {
     std::size_t filled = 0;
     while (filled < stereo.size() && m_stream) {
-        auto const rest = stereo.subspan(filled);
-        auto const bytes = SDL_AudioStreamGet(m_stream.get(), rest.data(), bytesOf(rest.size()));
-        if (bytes > 0)
-            filled += static_cast<std::size_t>(bytes) / sizeof(float);
-        else if (m_isAtEnd || !readMore())
+        auto const count = fetch(stereo.subspan(filled));
+        filled += count;
+        if (count == 0 && (m_isAtEnd || !readMore()))
             break;
     }
     return filled;
+}
+
+std::size_t SoundReader::fetch(std::span<float> stereo)
+{
+    // What was put in to get the end out again does not count.
+    if (m_isAtEnd) {
+        auto const rest = (m_framesIn * rate + m_decoder->rate() - 1) / m_decoder->rate() - m_framesOut;
+        stereo = stereo.first(std::min(stereo.size(), 2 * static_cast<std::size_t>(std::max<std::int64_t>(rest, 0))));
+    }
+    auto const bytes = stereo.empty() ? 0 : SDL_AudioStreamGet(m_stream.get(), stereo.data(), bytesOf(stereo.size()));
+    auto const count = bytes > 0 ? static_cast<std::size_t>(bytes) / sizeof(float) : 0;
+    m_framesOut += static_cast<std::int64_t>(count / 2);
+    return count;
 }
 
 bool SoundReader::readMore()
@@ -55,9 +70,13 @@ bool SoundReader::readMore()
     auto const count = m_decoder->read(m_decoded);
     if (count == 0) {
         m_isAtEnd = true;
-        return SDL_AudioStreamFlush(m_stream.get()) == 0;
+        std::vector<float> const silence(
+            2 * std::max(framesKeptBack, framesKeptBack * static_cast<std::size_t>(m_decoder->rate()) / rate));
+        return SDL_AudioStreamPut(m_stream.get(), silence.data(), bytesOf(silence.size())) == 0
+            && SDL_AudioStreamFlush(m_stream.get()) == 0;
     }
     auto const stereo = stereoSamples(std::span(m_decoded).first(count), m_decoder->channels());
+    m_framesIn += static_cast<std::int64_t>(stereo.size() / 2);
     return SDL_AudioStreamPut(m_stream.get(), stereo.data(), bytesOf(stereo.size())) == 0;
 }
 
@@ -65,6 +84,7 @@ bool SoundReader::rewind()
 {
     if (m_stream)
         SDL_AudioStreamClear(m_stream.get());
+    m_framesIn = m_framesOut = 0;
     m_isAtEnd = !m_stream || !m_decoder->rewind();
     return !m_isAtEnd;
 }

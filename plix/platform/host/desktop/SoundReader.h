@@ -28,10 +28,13 @@ public:
 
 private:
     bool readMore();
+    std::size_t fetch(std::span<float> stereo);
 
     std::unique_ptr<SoundDecoder> m_decoder;
     Handle<_SDL_AudioStream> m_stream;
     std::vector<float> m_decoded;
+    std::int64_t m_framesIn { 0 };
+    std::int64_t m_framesOut { 0 };
     bool m_isAtEnd { false };
 };
 
