@@ -28,7 +28,7 @@ help:
 	echo "make list-tests                        print each test's full name"
 	echo "make check                             format, lint, layers, documentation, plix::logic alone, sanitized tests"
 	echo "make format                            format all sources"
-	echo "make bench [ONLY=prefix]               measure; writes out/bench.jsonl"
+	echo "make bench [ONLY=prefix]               measure; writes out/speed.html, one page, and out/bench.jsonl"
 	echo "make docs                              write the guide and the reference as HTML to out/docs"
 	echo "make package                           write Debian packages to out/packages"
 	echo "make release-check                     install, move and use the library, and its packages in a clean Debian"
@@ -88,6 +88,7 @@ check-format: setup-check
 lint:
 	scripts/lint.py
 	scripts/exports.py
+	scripts/speed-report.py --check
 layers:
 	scripts/layers.py
 check-docs: setup-check
@@ -104,7 +105,8 @@ check-sanitized: setup-check
 bench: setup-bench
 	cmake --preset release >/dev/null
 	$(call BUILD,release,plix_bench)
-	build/release/benchmarks/plix_bench --only '$(ONLY)' --out out/bench.jsonl
+	build/release/benchmarks/plix_bench --only '$(ONLY)' --out out/bench.jsonl; status=$$?; \
+	scripts/speed-report.py out/bench.jsonl out/speed.html && exit $$status
 
 docs: setup-docs
 	$(CONFIGURE) build/release/build.ninja

@@ -166,8 +166,10 @@ std::optional<double> Figure::ratio() const
 
 std::string Figure::json() const
 {
-    auto const givenRatio = ratio();
     std::string line = "{\"name\": " + quoted(m_name);
+    if (isSkipped())
+        return line + ", \"skipped\": " + quoted(m_skipReason) + "}";
+    auto const givenRatio = ratio();
     line += ", \"value\": " + number(m_ours.median);
     line += ", \"unit\": " + quoted(m_unit);
     line += m_better == Better::Lower ? ", \"better\": \"lower\"" : ", \"better\": \"higher\"";
@@ -177,6 +179,8 @@ std::string Figure::json() const
     line += ", \"runs\": " + std::to_string(m_ours.runs);
     line += ", \"min\": " + number(m_ours.minimum);
     line += ", \"max\": " + number(m_ours.maximum);
+    if (m_wantedRatio)
+        line += ", \"wanted\": " + number(*m_wantedRatio);
     return line + "}";
 }
 

@@ -67,8 +67,7 @@ bool runFigure(Registered const& registered, std::string& report)
     }
     printRow(figure);
     std::fflush(stdout);
-    if (!figure.isSkipped())
-        report += figure.json() + "\n";
+    report += figure.json() + "\n";
     return true;
 }
 

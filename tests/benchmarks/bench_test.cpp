@@ -84,6 +84,13 @@ TEST(BenchFigure, IsOneLineOfJson)
         "{\"name\": \"text.draw_new\", \"value\": 2, \"unit\": \"count\", \"better\": \"lower\", "
         "\"peer\": \"a \\\"fresh\\\" layout\", \"peer_value\": 5, \"ratio\": 2.5, \"runs\": 1, \"min\": 2, \"max\": 2}");
 
+    figure.wantRatio(3);
+    EXPECT_TRUE(figure.json().ends_with("\"max\": 2, \"wanted\": 3}"));
+
+    Figure skipped("sound.sixteen");
+    skipped.skip("no sound server");
+    EXPECT_EQ(skipped.json(), "{\"name\": \"sound.sixteen\", \"skipped\": \"no sound server\"}");
+
     Figure alone("view.count");
     alone.setBetter(Better::Higher);
     alone.count(0);
