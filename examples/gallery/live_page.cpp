@@ -1,4 +1,5 @@
 #include "live_page.h"
+#include "Form.h"
 
 #include <plix/controls/PLIXPopUpButton.h>
 #include <plix/controls/TQSplitView.h>
@@ -14,9 +15,6 @@
 #include <plix/platform/appkit/NSTextField.h>
 #include <plix/platform/appkit/NSTextFieldCell.h>
 #include <plix/platform/foundation/NSTimeZone.h>
-#include <plix/platform/graphics/NSColor.h>
-#include <plix/platform/graphics/NSFont.h>
-#include <plix/platform/graphics/NSGraphics.h>
 
 namespace gallery {
 
@@ -26,58 +24,6 @@ namespace {
 
 constexpr float pageWidth = 560;
 constexpr float pageHeight = 466;
-constexpr float captionWidth = 110;
-constexpr float left = 20 + captionWidth + 10;
-
-class Form final : public NSView {
-public:
-    using NSView::init;
-    bool isFlipped() const override { return true; }
-    bool isOpaque() const override { return true; }
-    void drawRect(Rect dirty) override
-    {
-        NSColor::windowBackgroundColor()->set();
-        NSRectFill(dirty);
-    }
-
-    /// A row of controls behind a caption, centred on one line.
-    void addRow(std::string_view caption, std::vector<Ref<NSView>> const& controls)
-    {
-        auto const label = NSTextField::labelWithString(caption);
-        label->setAlignment(NSRightTextAlignment);
-        label->setFrame({ 20, m_y + 5, captionWidth, 16 });
-        addSubview(*label);
-        float x = left;
-        for (auto const& control : controls) {
-            control->setFrameOrigin({ x, m_y + 13 - control->frame().height / 2 });
-            addSubview(*control);
-            x = control->frame().maxX() + 10;
-        }
-        m_y += 36;
-    }
-    void addStatus()
-    {
-        m_status = NSTextField::labelWithString("Try the controls with mouse and keyboard.");
-        m_status->setTextColor(NSColor::disabledControlTextColor());
-        m_status->setFrame({ 20, pageHeight - 30, pageWidth - 40, 16 });
-        addSubview(*m_status);
-    }
-    /// The control says what it does from now on.
-    template <typename Control> Ref<Control> told(Ref<Control> const& control)
-    {
-        control->setActionFunction([this](NSObject* sender) {
-            auto const* acted = dynamic_cast<NSControl*>(sender);
-            auto const* button = dynamic_cast<NSButton*>(sender);
-            auto const what = button && !dynamic_cast<NSPopUpButton*>(sender) ? button->title() : acted ? acted->stringValue() : "";
-            m_status->setStringValue(std::string(acted ? acted->describedClass().name() : "") + ": " + what);
-        });
-        return control;
-    }
-
-private:
-    Ref<NSTextField> m_status;
-    float m_y { 20 };
-};
 
 Ref<NSButton> button(std::string_view title, NSButtonType type, float width)
 {
@@ -178,9 +124,9 @@ Ref<NSView> makeLivePage()
     form->addRow("Segments", { segments(*form) });
     form->addRow("Progress", { bar });
     auto const split = panes();
-    split->setFrameOrigin({ left, 350 });
+    split->setFrameOrigin({ Form::left, 350 });
     form->addSubview(*split);
-    form->addStatus();
+    form->addStatus("Try the controls with mouse and keyboard.");
     return form;
 }
 

@@ -1,14 +1,21 @@
 #include <examples/gallery/pages.h>
 #include <examples/gallery/picture_samples.h>
+#include <examples/gallery/speech_page.h>
 
+#include <plix/platform/appkit/NSButton.h>
 #include <plix/platform/graphics/NSBitmapImageRep.h>
 #include <plix/platform/graphics/appearance.h>
+#include <plix/speech/PLIXSpeakingTextField.h>
+#include <plix/speech/PLIXSpeechSynthesizer.h>
 
 #include <tests/support/HeadlessTest.h>
 #include <tests/support/TestFolder.h>
 #include <tests/support/pixels.h>
 
+#include <gmock/gmock.h>
+
 #include <filesystem>
+#include <map>
 
 namespace gallery {
 namespace {
@@ -70,6 +77,40 @@ TEST_F(GalleryTest, DumpsEveryPageAtBothScales)
         EXPECT_EQ(doubled->pixelsWide(), 2 * plain->pixelsWide()) << page.name;
         EXPECT_EQ(doubled->size(), plain->size()) << page.name;
     }
+}
+
+TEST_F(GalleryTest, TheSpeechPageSpeaksItsListAndWhatIsTyped)
+{
+    auto const window = showWindowWith(makeSpeechPage());
+    std::map<std::string, NSButton*> buttons;
+    PLIXSpeakingTextField* typing = nullptr;
+    for (auto const& view : window->contentView()->subviews()) {
+        if (auto* const button = dynamic_cast<NSButton*>(view.get()))
+            buttons[button->title()] = button;
+        if (auto* const field = dynamic_cast<PLIXSpeakingTextField*>(view.get()))
+            typing = field;
+    }
+    auto& speech = machine().headlessSpeech();
+    auto const texts = [&] {
+        std::vector<std::string> all;
+        for (auto const& utterance : speech.utterances())
+            all.push_back(utterance.text);
+        return all;
+    };
+    ASSERT_TRUE(buttons.contains("Speak") && buttons.contains("Stop") && typing);
+    clickCenter(*buttons["Speak"]);
+    pass(20);
+    EXPECT_THAT(texts(), testing::ElementsAre("One string.", "Another string.", "The last one."));
+    clickCenter(*buttons["Speak"]);
+    pass(0.5);
+    clickCenter(*buttons["Stop"]);
+    EXPECT_FALSE(speech.isAnyApplicationSpeaking());
+    speech.forgetUtterances();
+    window->makeFirstResponder(typing);
+    type("a7");
+    pass(2);
+    EXPECT_THAT(texts(), testing::ElementsAre("7"));
+    plix::sharedSpeechSynthesizer = nullptr;
 }
 
 TEST_F(GalleryTest, SaysWhereItCannotWrite)

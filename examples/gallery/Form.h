@@ -1,0 +1,53 @@
+#pragma once
+
+#include <plix/platform/appkit/NSButton.h>
+#include <plix/platform/appkit/NSPopUpButton.h>
+#include <plix/platform/appkit/NSTextField.h>
+#include <plix/platform/appkit/NSView.h>
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace gallery {
+
+/// A page of rows of controls to be tried, each behind a caption, with a line below that says what happens.
+class Form : public plix::NSView {
+public:
+    using NSView::init;
+
+    static constexpr float captionWidth = 110;
+    /// Where the controls begin.
+    static constexpr float left = 20 + captionWidth + 10;
+
+    /// On one line; each is centred on it.
+    void addRow(std::string_view caption, std::vector<plix::Ref<plix::NSView>> const& controls);
+    /// Leaves a space between the row before and the next.
+    void addGap();
+    void addStatus(std::string_view text);
+    void setStatus(std::string_view text);
+    /// The control says what it does from now on.
+    template <typename Control> plix::Ref<Control> told(plix::Ref<Control> const& control)
+    {
+        control->setActionFunction([this](plix::NSObject* sender) {
+            auto const* acted = dynamic_cast<plix::NSControl*>(sender);
+            auto const* button = dynamic_cast<plix::NSButton*>(sender);
+            auto const what = button && !dynamic_cast<plix::NSPopUpButton*>(sender) ? button->title()
+                : acted                                                             ? acted->stringValue()
+                                                                                    : "";
+            setStatus(std::string(acted ? acted->describedClass().name() : "") + ": " + what);
+        });
+        return control;
+    }
+
+    // NSView:
+    bool isFlipped() const override { return true; }
+    bool isOpaque() const override { return true; }
+    void drawRect(plix::Rect) override;
+
+private:
+    plix::Ref<plix::NSTextField> m_status;
+    float m_y { 20 };
+};
+
+}
