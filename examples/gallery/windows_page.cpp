@@ -191,8 +191,11 @@ Ref<NSImage> tallPicture()
         NSRectFill({ 0, y, width, 1 });
     }
     NSColor::colorWithCalibratedWhite(1, 0.6F)->set();
-    NSBezierPath::bezierPathWithOvalInRect({ 3, 140, 14, 14 })->stroke();
-    NSBezierPath::bezierPathWithOvalInRect({ 3, 100, 14, 14 })->stroke();
+    for (float const y : { 100.0F, 140.0F }) {
+        auto const ring = NSBezierPath::bezierPathWithOvalInRect({ 3, y, 14, 14 });
+        ring->setLineWidth(1);
+        ring->stroke();
+    }
     for (float y = 8; y < 72; y += 8)
         NSRectFillUsingOperation({ 0, y, width, 2 }, NSCompositeSourceOver);
     return picture;
