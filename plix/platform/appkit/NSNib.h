@@ -15,7 +15,7 @@ class NSData;
 struct NibDocument;
 
 /// An interface file: an XIB document of version 3, read and checked once, from which windows, views and other objects are made any
-/// number of times.
+/// number of times. What is read of one is listed in docs/interface-files.md.
 ///
 /// The objects are made by their classes' initialisers, then connected by what the classes' descriptions say of outlets and
 /// actions, then told awakeFromNib, the owner last; then windows that are visible at launch come on screen. What is not known, or

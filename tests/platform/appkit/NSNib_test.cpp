@@ -1,15 +1,30 @@
 #include <tests/support/NibTest.h>
+#include <tests/support/TestFolder.h>
 #include <tests/support/TestSurroundings.h>
 #include <tests/support/test_data.h>
 
 #include <plix/platform/appkit/NSButton.h>
+#include <plix/platform/appkit/NSMenuItem.h>
 #include <plix/platform/appkit/NSPanel.h>
+#include <plix/platform/appkit/NSSegmentedControl.h>
+#include <plix/platform/appkit/NSTabViewItem.h>
+#include <plix/platform/appkit/NSTableColumn.h>
 #include <plix/platform/appkit/NSTextFieldCell.h>
 #include <plix/platform/graphics/NSColor.h>
 #include <plix/platform/graphics/NSFont.h>
 
 namespace plix {
 namespace {
+
+/// An owner whose class has a bundle of its own.
+class PanelOwner : public NibOwner {
+    PLIX_CLASS(PanelOwner, NibOwner);
+};
+
+PLIX_DESCRIBE(PanelOwner)
+{
+    description.bundle("tests of interface files");
+}
 
 /// The file Panel.xib among the tests' data.
 class NSNibFiles : public NibTest {
@@ -105,6 +120,49 @@ TEST_F(NSNibFiles, SpeaksTheUsersLanguageAtEachLoad)
     surroundings.languages = { "en_US" };
     ASSERT_TRUE(loaded->instantiateNibWithOwner(owner.get()));
     EXPECT_EQ(owner->window->title(), "Panel");
+}
+
+TEST_F(NSNibFiles, AreFoundInTheBundleOfTheOwnersClass)
+{
+    NSBundle::registerBundle("tests of interface files", *bundle);
+    EXPECT_FALSE(loadNibNamed("Panel", owner.get()));
+    EXPECT_EQ(lines("interface file \"Panel\" is not there"), 1);
+    for (auto const* name : { "Panel", "Panel.nib", "Panel.xib" }) {
+        auto const panelOwner = make<PanelOwner>();
+        EXPECT_TRUE(loadNibNamed(name, panelOwner.get())) << name;
+        EXPECT_TRUE(panelOwner->window) << name;
+    }
+}
+
+TEST_F(NSNibFiles, AreMadeAnyNumberOfTimes)
+{
+    auto const loaded = panel();
+    auto const other = make<NibOwner>();
+    ASSERT_TRUE(loaded->instantiateNibWithOwner(owner.get()));
+    ASSERT_TRUE(loaded->instantiateNibWithOwner(other.get()));
+    EXPECT_NE(owner->window, other->window);
+    EXPECT_NE(owner->nameField, other->nameField);
+    EXPECT_EQ(NibHelper::alive, 2);
+}
+
+/// What is said of texts without an attribute of their own.
+TEST_F(NibTest, TextsOfColumnsAndSegmentsAreTranslatedToo)
+{
+    TestFolder const folder;
+    folder.write("Parts.xib", document(R"(<tableColumn id="1"><tableHeaderCell key="headerCell" title="Name"/></tableColumn>
+        <segmentedControl id="2"><segmentedCell key="cell" id="3"><segments><segment label="One"/><segment label="Two" toolTip="Tip"/>
+        </segments></segmentedCell></segmentedControl><tabViewItem label="Tab" id="4"/><menuItem title="" id="5"/>)"));
+    folder.write("Parts.strings", R"("1.headerCell.title" = "Nom"; "3.segments[1].label" = "Deux"; "3.segments[1].toolTip" = "Mot";
+        "4.label" = "Onglet";)");
+    auto const bundle = make<NSBundle>(std::vector<std::string> { folder.path() });
+    std::vector<Ref<NSObject>> objects;
+    ASSERT_TRUE(make<NSNib>("Parts", bundle.get())->instantiateNibWithOwner(nullptr, &objects));
+    EXPECT_EQ(static_cast<NSTableColumn&>(*objects[0]).headerCell()->stringValue(), "Nom");
+    auto const& segments = static_cast<NSSegmentedControl&>(*objects[1]);
+    EXPECT_EQ(segments.labelForSegment(0), "One");
+    EXPECT_EQ(segments.labelForSegment(1), "Deux");
+    EXPECT_EQ(static_cast<NSTabViewItem&>(*objects[2]).label(), "Onglet");
+    EXPECT_EQ(static_cast<NSMenuItem&>(*objects[3]).title(), "");
 }
 
 }

@@ -2,6 +2,7 @@
 #include <plix/platform/base/Global.h>
 #include <plix/platform/base/Hook.h>
 #include <plix/platform/base/ObjectValue.h>
+#include <plix/platform/base/class_roster.h>
 
 #include <gtest/gtest.h>
 
@@ -22,6 +23,9 @@ public:
     void setFriend(Ref<Animal> const& other) { m_friend = other; }
     Animal* friendlyAnimal() const { return m_friend.get(); }
     void growLeg(NSObject*) { ++m_legs; }
+    void setLegs(int legs) { m_legs = legs; }
+    void setName(std::string_view name) { m_name = name; }
+    std::string const& name() const { return m_name; }
 
 protected:
     void copyStateTo(NSObject& fresh) const override
@@ -32,12 +36,22 @@ protected:
 
 private:
     int m_legs { 4 };
+    std::string m_name;
     Weak<Animal> m_friend;
 };
 
 PLIX_DESCRIBE(Animal)
 {
-    description.action("growLeg:", &Animal::growLeg).outlet("friend", &Animal::setFriend);
+    description.action("growLeg:", &Animal::growLeg)
+        .outlet("friend", &Animal::setFriend)
+        .property("legs", &Animal::setLegs)
+        .property("name", &Animal::setName)
+        .property("friend", &Animal::setFriend)
+        .property("even", [](Animal& animal, ObjectValue const& value) {
+            if (value.intValue() % 2 == 0)
+                animal.setLegs(value.intValue());
+            return value.intValue() % 2 == 0;
+        });
 }
 
 class Bird final : public Animal {
@@ -116,6 +130,91 @@ TEST(NSObject, CopyMakesTheReceiversOwnClassWithItsState)
     EXPECT_EQ(copied->legs(), 2);
     EXPECT_TRUE(copied->isSinging);
     EXPECT_NE(copied.get(), bird.get());
+}
+
+TEST(NSObject, KeepsItsCompanionsAliveAsLongAsItLives)
+{
+    auto owner = make<Animal>();
+    auto companion = make<Animal>();
+    Weak<Animal> const weak(companion);
+    owner->keepAlive(companion);
+    owner->keepAlive(nullptr);
+    owner->keepAlive(owner);
+    companion = nullptr;
+    EXPECT_TRUE(weak);
+    EXPECT_EQ(owner->retainCount(), 1U);
+    owner = nullptr;
+    EXPECT_FALSE(weak);
+}
+
+TEST(NSObject, CompanionsMayHaveCompanionsThemselves)
+{
+    auto first = make<Animal>();
+    auto second = make<Animal>();
+    auto third = make<Animal>();
+    Weak<Animal> const weak(third);
+    second->keepAlive(third);
+    first->keepAlive(second);
+    second = nullptr;
+    third = nullptr;
+    EXPECT_TRUE(weak);
+    first = nullptr;
+    EXPECT_FALSE(weak);
+}
+
+TEST(NSObject, ACopyKeepsNoCompanions)
+{
+    auto owner = make<Animal>();
+    owner->keepAlive(make<Bird>());
+    auto const copied = owner->copy();
+    owner = nullptr;
+    EXPECT_EQ(copied->retainCount(), 1U);
+}
+
+class Late : public NSObject {
+    PLIX_CLASS(Late, NSObject);
+};
+
+PLIX_DESCRIBE(Late)
+{
+}
+
+TEST(Class, RostersAreCalledWhenANameIsNotKnown)
+{
+    static int s_calls = 0;
+    EXPECT_EQ(NSClassFromString("Late"), nullptr);
+    EXPECT_TRUE(addClassRoster([] {
+        ++s_calls;
+        Late::staticClass();
+    }));
+    EXPECT_EQ(NSClassFromString("Bird"), &Bird::staticClass());
+    EXPECT_EQ(s_calls, 0);
+    EXPECT_EQ(NSClassFromString("Late"), &Late::staticClass());
+    EXPECT_EQ(NSClassFromString("Later"), nullptr);
+    EXPECT_EQ(s_calls, 1);
+}
+
+TEST(Class, PropertiesTakeValuesOfTheirKindAndAreInherited)
+{
+    auto const bird = make<Bird>(2);
+    auto const& described = Bird::staticClass();
+    auto const set = [&](char const* name, ObjectValue const& value) { return (*described.property(name))(*bird, value); };
+    EXPECT_TRUE(set("legs", 7));
+    EXPECT_EQ(bird->legs(), 7);
+    EXPECT_FALSE(set("legs", "seven"));
+    EXPECT_TRUE(set("name", "Tweety"));
+    EXPECT_EQ(bird->name(), "Tweety");
+    EXPECT_FALSE(set("name", 3));
+    auto const other = make<Animal>();
+    EXPECT_TRUE(set("friend", other));
+    EXPECT_EQ(bird->friendlyAnimal(), other.get());
+    EXPECT_FALSE(set("friend", make<Keeper>()));
+    EXPECT_TRUE(set("friend", nullptr));
+    EXPECT_EQ(bird->friendlyAnimal(), nullptr);
+    EXPECT_FALSE(set("even", 3));
+    EXPECT_TRUE(set("even", 4));
+    EXPECT_EQ(bird->legs(), 4);
+    EXPECT_EQ(described.property("wings"), nullptr);
 }
 
 TEST(Class, IsFoundByNameAndKnowsItsFamily)
