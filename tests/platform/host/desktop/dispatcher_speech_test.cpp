@@ -1,12 +1,8 @@
 #ifdef PLIX_SPEECH
 
-#include <plix/platform/host/desktop/DispatcherSpeech.h>
-
 #include <plix/platform/appkit/NSSpeechSynthesizer.h>
-#include <plix/platform/foundation/NSRunLoop.h>
-#include <plix/platform/host/headless/HeadlessHost.h>
 #include <plix/speech/PLIXSpeechSynthesizer.h>
-#include <tests/support/SpeechServer.h>
+#include <tests/support/SpeakingHost.h>
 
 #include <gmock/gmock.h>
 
@@ -22,50 +18,9 @@ using testing::Le;
 
 using Strings = ObjectValue::Array;
 
-/// A machine without a display that speaks by a service, and whose time passes as it does.
-class SpeakingHost final : public Host {
-public:
-    explicit SpeakingHost(DispatcherOptions options)
-        : m_speech(std::move(options))
-    {
-    }
-    std::string_view name() const override { return "speaking"; }
-    Display& display() override { return m_inner.display(); }
-    Clipboard& clipboard() override { return m_inner.clipboard(); }
-    EventSource& events() override { return m_inner.events(); }
-    Speech* speech() override { return &m_speech; }
-
-private:
-    HeadlessHost m_inner;
-    DispatcherSpeech m_speech;
-};
-
-DispatcherOptions optionsFor(std::string socketPath)
-{
-    DispatcherOptions options;
-    options.user = "tester";
-    options.application = "test";
-    options.socketPath = std::move(socketPath);
-    options.start = DispatcherOptions::Start::Never;
-    return options;
-}
-
 bool runUntil(std::function<bool()> const& condition, NSTimeInterval patience = 20)
 {
     return NSRunLoop::currentRunLoop().runUntil(condition, NSDefaultRunLoopMode, NSDate::dateWithTimeIntervalSinceNow(patience));
-}
-
-/// Likewise, and has what is heard recorded meanwhile.
-bool listenUntil(PulseRecorder& recorder, std::function<bool()> const& condition)
-{
-    constexpr NSTimeInterval moment = 0.02;
-    return waitUntil(
-        [&] {
-            NSRunLoop::currentRunLoop().runUntilDate(NSDate::dateWithTimeIntervalSinceNow(moment));
-            recorder.record(0);
-            return condition();
-        },
-        Seconds(20));
 }
 
 void runFor(NSTimeInterval seconds)
