@@ -92,6 +92,7 @@ lint:
 layers:
 	scripts/layers.py
 check-docs: setup-check
+	scripts/guide.py
 	scripts/docs.py check
 check-logic: setup-check
 	$(CONFIGURE) build/logic/build.ninja

@@ -16,16 +16,15 @@ set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_LIBRARY_PACKAGE_NAME libplix${PLIX_SOVERSION})
 set(CPACK_DEBIAN_LIBRARY_PACKAGE_SECTION libs)
 set(CPACK_DEBIAN_LIBRARY_DESCRIPTION "${CPACK_PACKAGE_DESCRIPTION_SUMMARY}: shared library and resources
- Views, cells, windows, tables, text and drawing for Linux desktop applications, and plain
- functions for geometry, values and bits.")
+ Views, cells, windows, tables, text, drawing, sound and speech for Linux desktop applications,
+ and plain functions for geometry, values and bits.")
 set(CPACK_DEBIAN_LIBRARY_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_LIBRARY_PACKAGE_GENERATE_SHLIBS ON)
 set(CPACK_DEBIAN_LIBRARY_PACKAGE_GENERATE_SHLIBS_POLICY ">=")
 # No linker sees what is loaded by name; nor the fonts without which there is no text.
 set(CPACK_DEBIAN_LIBRARY_PACKAGE_DEPENDS "libtiff6, fonts-inter, fonts-dejavu-core")
-if(SVG_FOUND OR PLIX_SVG)
-    set(CPACK_DEBIAN_LIBRARY_PACKAGE_RECOMMENDS librsvg2-2)
-endif()
+# Services that it does without: SVG images, sound files, sound, media, speech.
+set(CPACK_DEBIAN_LIBRARY_PACKAGE_RECOMMENDS "librsvg2-2, libsndfile1, libpulse0, libgstreamer1.0-0, speech-dispatcher")
 
 set(exact_library "libplix${PLIX_SOVERSION} (= ${PROJECT_VERSION})")
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME libplix-dev)

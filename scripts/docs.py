@@ -213,7 +213,7 @@ def check():
 def site(folder, images):
     os.makedirs(folder, exist_ok=True)
     own = os.path.join(ROOT, "scripts/docs.py")
-    pages = "README.md docs/guide docs/ARCHITECTURE.md docs/INSTALL.md CONTRIBUTING.md CHANGELOG.md"
+    pages = "README.md docs/GUIDE.md docs/guide docs/ARCHITECTURE.md docs/INSTALL.md CONTRIBUTING.md CHANGELOG.md"
     faults = doxygen(f"""INPUT = {pages} {inputs()}
 OUTPUT_DIRECTORY = {folder}
 FILE_PATTERNS = *.md *.h

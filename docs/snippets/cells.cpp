@@ -74,17 +74,16 @@ int main()
     bars->setWidth(140);
 
     auto const disks = make<Disks>();
-    auto const table = make<PLIXTableView>(Rect { 0, 0, 280, 110 });
-    table->setRowHeight(22);
+    auto const table = make<PLIXTableView>(Rect { 0, 0, 280, 90 });
     table->addTableColumn(*names);
     table->addTableColumn(*bars);
     table->setDataSource(disks);
     table->setDelegate(disks);
 
-    auto const scroll = make<NSScrollView>(Rect { 0, 0, 280, 110 });
+    auto const scroll = make<NSScrollView>(Rect { 0, 0, 280, 90 });
     scroll->setDocumentView(table);
     auto const window
-        = make<NSWindow>(Rect { 200, 200, 280, 110 }, NSTitledWindowMask | NSClosableWindowMask, NSBackingStoreBuffered, false);
+        = make<NSWindow>(Rect { 200, 200, 280, 90 }, NSTitledWindowMask | NSClosableWindowMask, NSBackingStoreBuffered, false);
     window->setTitle("Disks");
     window->setContentView(scroll);
     window->makeKeyAndOrderFront(nullptr);

@@ -22,6 +22,7 @@ int main()
     content.addSubview(*disabled);
 
     auto const choice = make<PLIXChiseledTextPopUpButton>(Rect { 20, 16, 120, 20 });
+    choice->SetFrameAnchorMask(0);
     for (auto const* title : { "By name", "By size", "By date" })
         choice->addItemWithTitle(title);
     choice->setTitle("By name");

@@ -58,9 +58,9 @@ int main()
     auto const outline = make<PLIXOutlineView>(Rect { 0, 0, 240, 160 });
     auto const column = make<NSTableColumn>("name");
     column->headerCell()->setStringValue("Folder");
+    column->setWidth(220);
     outline->addTableColumn(*column);
     outline->setOutlineTableColumn(column.get());
-    outline->sizeLastColumnToFit();
     outline->setDataSource(folders);
     outline->expandItem(pictures.get());
     outline->selectRow(outline->rowForItem(pictures.get()), false);

@@ -10,8 +10,7 @@ int main()
     std::cout << TimeIntervalDescription(3725) << ", " << PLIXLongStringForTimeInterval(3725) << '\n';
 
     for (auto const& field : CSVLineComponents("Zürich,\"Aare, Limmat\",8001"))
-        std::cout << '[' << field << "] ";
-    std::cout << '\n';
+        std::cout << field << '\n';
 
     auto const formatter = make<TQTimeIntervalFormatter>(0, 2);
     ObjectValue seconds;

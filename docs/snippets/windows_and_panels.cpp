@@ -1,7 +1,5 @@
 #include <plix/plix.h>
 
-#include <functional>
-
 using namespace plix;
 
 class Papers : public NSObject {
@@ -17,19 +15,52 @@ public:
         m_window->setFrameAutosaveName("papers");
         m_window->setDelegate(Ref<Papers>(this));
 
-        auto const button = make<NSButton>(Rect { 240, 16, 104, 28 });
-        button->setTitle("Rename…");
-        button->setBezelStyle(NSRoundedBezelStyle);
-        button->setAutoresizingMask(NSViewMinXMargin);
-        button->setTarget(*this, &Papers::askForName);
-        m_window->contentView()->addSubview(*button);
+        auto const pages = make<PLIXChiseledTextField>(Rect { 20, 120, 320, 20 });
+        pages->setStringValue("Twelve pages, none of them read");
+        m_window->contentView()->addSubview(*pages);
+        addButton("Rename…", 240, &Papers::askForName);
+        addButton("Delete…", 130, &Papers::askToDelete);
         m_window->makeKeyAndOrderFront(nullptr);
         return Base::init();
     }
 
     bool windowShouldClose(NSObject&) { return !m_window->isDocumentEdited(); }
 
+    void progressWindowCanceled(PLIXProgressWindow& window)
+    {
+        window.close();
+        m_progress = nullptr;
+    }
+
 private:
+    void addButton(char const* title, float x, void (Papers::*operation)(NSObject*))
+    {
+        auto const button = make<NSButton>(Rect { x, 16, 104, 28 });
+        button->setTitle(title);
+        button->setBezelStyle(NSRoundedBezelStyle);
+        button->setAutoresizingMask(NSViewMinXMargin);
+        button->setTarget(*this, operation);
+        m_window->contentView()->addSubview(*button);
+    }
+
+    void askToDelete(NSObject*)
+    {
+        auto const alert
+            = make<TQAlert>("Papers", "Delete these papers?", "Nothing brings them back.", nullptr, "Delete", "Cancel", "");
+        if (alert->runAsSheetForWindow(*m_window) == 1)
+            showProgress();
+    }
+
+    void showProgress()
+    {
+        m_progress = make<PLIXProgressWindow>();
+        m_progress->titleField()->setStringValue("Deleting papers");
+        m_progress->stepField()->setStringValue("Page 1 of 12");
+        m_progress->setDelegate(Ref<Papers>(this));
+        m_progress->center();
+        m_progress->makeKeyAndOrderFront(nullptr);
+    }
+
     void askForName(NSObject*)
     {
         m_sheet = make<NSPanel>(Rect { 0, 0, 300, 90 }, NSTitledWindowMask | NSDocModalWindowMask, NSBackingStoreBuffered, false);
@@ -53,6 +84,7 @@ private:
     }
 
     Ref<PLIXWindow> m_window;
+    Ref<PLIXProgressWindow> m_progress;
     Ref<NSPanel> m_sheet;
     Ref<NSTextField> m_name;
 };

@@ -6,16 +6,16 @@
 #include <sstream>
 #include <string>
 
-namespace {
-
-using namespace plix;
-
 struct GuideProgram {
     char const* name;
     int (*main)();
 };
 
 #include "guide_programs.inc"
+
+namespace {
+
+using namespace plix;
 
 std::string textOf(std::string const& path)
 {
@@ -84,6 +84,6 @@ TEST_P(Guide, ShowsWhatTheProgramShows)
 }
 
 INSTANTIATE_TEST_SUITE_P(Programs, Guide, testing::ValuesIn(guidePrograms),
-    [](testing::TestParamInfo<GuideProgram> const& info) { return std::string(info.param.name); });
+    [](testing::TestParamInfo<GuideProgram> const& program) { return std::string(program.param.name); });
 
 }
