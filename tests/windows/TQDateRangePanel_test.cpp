@@ -8,6 +8,8 @@
 #include <plix/platform/appkit/NSDatePicker.h>
 #include <plix/platform/appkit/NSTextField.h>
 #include <plix/platform/appkit/button_constants.h>
+#include <plix/platform/base/NSData.h>
+#include <plix/platform/foundation/NSArchiver.h>
 #include <plix/platform/foundation/NSBundle.h>
 #include <plix/platform/foundation/NSDateFormatter.h>
 #include <plix/platform/foundation/NSUserDefaults.h>
@@ -375,6 +377,25 @@ TEST_F(OldDateRangePanelTest, ARefusedTextKeepsThePanelOpen)
     pressOK();
     EXPECT_TRUE(panel->run());
     EXPECT_EQ(written(panel->fromDate()).substr(0, 10), "2027-01-02");
+}
+
+TEST_F(DateRangePanelTest, TheFirstVersionWithPickersIs0x1040)
+{
+    SystemVersion const version { 0x1040 };
+    makePanel({}, {});
+    EXPECT_TRUE(dynamic_cast<NSDatePicker*>(panel->fromObject()));
+}
+
+TEST_F(DateRangePanelTest, ComesFromAnArchiveForThePresentDate)
+{
+    makePanel(day(2001, 2, 3), day(2001, 2, 3));
+    auto const data = NSArchiver::archivedDataWithRootObject(panel);
+    auto const again = NSUnarchiver::unarchiveObjectWithData(*data)->as<TQDateRangePanel>();
+    ASSERT_TRUE(again);
+    EXPECT_EQ(written(again->fromDate()), written(NSCalendarDate::calendarDate()));
+    EXPECT_EQ(written(again->toDate()), written(NSCalendarDate::calendarDate()));
+    EXPECT_EQ(again->fromObject(), nullptr);
+    EXPECT_TRUE(make<TQDateRangePanel>()->toObject());
 }
 
 // MARK: entries of another class
