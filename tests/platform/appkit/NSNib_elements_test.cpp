@@ -178,6 +178,20 @@ TEST_F(NibElements, ButtonsOfAllTypes)
     EXPECT_TRUE(bevel.isTransparent());
 }
 
+TEST_F(NibElements, TitlesWithAttributes)
+{
+    constexpr std::string_view title = R"(<attributedString key="attributedTitle"><fragment content="Red"><attributes>
+        <color key="NSColor" red="1" green="0" blue="0" alpha="1"/></attributes></fragment></attributedString>)";
+    auto const objects = load(document(R"(<button id="1"><buttonCell key="cell" id="2">)" + std::string(title)
+        + R"(</buttonCell></button><menuItem id="3">)" + std::string(title) + "</menuItem>"));
+    ASSERT_EQ(objects.size(), 2U);
+    auto const onButton = static_cast<NSButton&>(*objects[0]).attributedTitle();
+    EXPECT_EQ(onButton->string(), "Red");
+    EXPECT_EQ(onButton->attributesAtIndex(0).at(NSForegroundColorAttributeName).as<NSColor>()->redComponent(), 1);
+    EXPECT_EQ(static_cast<NSMenuItem&>(*objects[1]).attributedTitle()->string(), "Red");
+    EXPECT_EQ(log, std::vector<std::string> {});
+}
+
 TEST_F(NibElements, PopUpButtons)
 {
     auto const button = loadFirst<NSPopUpButton>(document(R"(<popUpButton id="1"><popUpButtonCell key="cell" pullsDown="NO"

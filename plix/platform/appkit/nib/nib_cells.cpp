@@ -117,6 +117,7 @@ void readNibButtonCell(NibReading& reading)
     reading.set("lineBreakMode", NSLineBreakByTruncatingTail);
     reading.text("title", "title");
     reading.text("alternateTitle", "alternateTitle");
+    reading.attributedText("attributedTitle", "attributedTitle");
     reading.image("image", "image");
     reading.image("alternateImage", "alternateImage");
     reading.color("backgroundColor", "backgroundColor");

@@ -20,6 +20,7 @@ void readNibMenuItem(NibReading& reading)
 {
     reading.flag("isSeparatorItem", "separator");
     reading.text("title", "title");
+    reading.attributedText("attributedTitle", "attributedTitle");
     reading.image("image", "image");
     reading.text("toolTip", "toolTip", "ibShadowedToolTip");
     reading.integer("indentationLevel", "indentationLevel");
