@@ -5,6 +5,7 @@
 #include <examples/support/example_options.h>
 
 #include <plix/platform/appkit/NSApplication.h>
+#include <plix/platform/appkit/NSButton.h>
 #include <plix/platform/appkit/NSEvent.h>
 #include <plix/platform/appkit/NSWindow.h>
 #include <plix/platform/host/headless/HeadlessHost.h>
@@ -53,6 +54,11 @@ void playTour(HeadlessHost& host, BrowserController& controller)
     picture("browser-4-opened.png");
     script.key(NSUpArrowFunctionKey, HostModifierAlternate);
     picture("browser-5-back.png");
+    auto const& dates = controller.datesButton();
+    script.click(onScreen(dates, { dates.bounds().midX(), dates.bounds().midY() }));
+    script.type("1/1/2000");
+    script.key("\r");
+    picture("browser-6-dates.png");
     script.then([] { NSApp->terminate(nullptr); });
 }
 
