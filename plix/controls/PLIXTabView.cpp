@@ -4,6 +4,7 @@
 #include <plix/platform/appkit/NSText.h>
 #include <plix/platform/appkit/NSWindow.h>
 
+#include <optional>
 #include <vector>
 
 namespace plix {
@@ -27,6 +28,24 @@ Ref<NSView> keyboardHolderIn(NSView const& view)
     return responder && responder->isDescendantOf(view) ? responder : nullptr;
 }
 
+/// Lets a view change its size without its subviews following.
+class SubviewsStay {
+public:
+    explicit SubviewsStay(NSView& view)
+        : m_view(view)
+        , m_autoresizes(view.autoresizesSubviews())
+    {
+        view.setAutoresizesSubviews(false);
+    }
+    ~SubviewsStay() { m_view->setAutoresizesSubviews(m_autoresizes); }
+    SubviewsStay(SubviewsStay const&) = delete;
+    SubviewsStay& operator=(SubviewsStay const&) = delete;
+
+private:
+    Ref<NSView> m_view;
+    bool m_autoresizes;
+};
+
 /// A pane that is out of the view tree while its window changes, so that it is not stretched.
 class PaneOutOfTree {
 public:
@@ -44,10 +63,10 @@ public:
     {
         if (!m_superview || m_pane->superview())
             return;
-        bool const autoresizes = m_pane->autoresizesSubviews();
-        m_pane->setAutoresizesSubviews(false);
-        m_superview->addSubview(*m_pane);
-        m_pane->setAutoresizesSubviews(autoresizes);
+        {
+            SubviewsStay const stay(*m_pane);
+            m_superview->addSubview(*m_pane);
+        }
         if (m_keyboardHolder && m_pane->window())
             m_pane->window()->makeFirstResponder(m_keyboardHolder.get());
     }
@@ -133,7 +152,15 @@ void PLIXTabView::selectTabViewItem(NSTabViewItem* item)
             responder = first;
         own->setView(make<NSView>(Rect { 0, 0, 1, 1 }));
     }
-    Base::selectTabViewItem(item);
+    {
+        // The pane takes the width that there is, but keeps the height that its subviews want: the window follows that.
+        std::optional<SubviewsStay> stay;
+        if (Ref<NSView> const view { item ? item->view() : nullptr }; view && !view->superview()) {
+            view->setFrameSize({ contentRect().width, view->frame().height });
+            stay.emplace(*view);
+        }
+        Base::selectTabViewItem(item);
+    }
     resizeToFitContent();
     if (auto* const own = itemWithCustomView(item); own && own->view() != own->customView()) {
         own->setInitialFirstResponder(responder.get());

@@ -240,6 +240,31 @@ TEST_F(FittingTest, AgainAndAgainGivesTheSame)
     }
 }
 
+// A list in a pane grows with its window, and is as high again when its tab comes back.
+TEST_F(FittingTest, SizablePartsKeepTheirHeight)
+{
+    auto const tall = pane({ { 20, 20, 100, 300 } });
+    tall->setFrameSize({ 140, 335 });
+    tall->subviews()[0]->setAutoresizingMask(18);
+    add<NSTabViewItem>("tall", tall);
+    add<NSTabViewItem>("low", pane({ { 20, 20, 100, 40 } }));
+    float const width = tabs->contentRect().width;
+    for (int round = 0; round < 3; ++round) {
+        tabs->selectTabViewItemAtIndex(1);
+        EXPECT_EQ(framesIn(*tall), (std::vector<Rect> { { 20, 20, width - 40, 300 } })) << round;
+        EXPECT_EQ(tabs->frame().height, chrome.height + 335) << round;
+        tabs->selectTabViewItemAtIndex(2);
+        EXPECT_EQ(tabs->frame().height, chrome.height + 75) << round;
+    }
+    tabs->selectTabViewItemAtIndex(1);
+    auto frame = window->frame();
+    frame.height += 50;
+    frame.width += 60;
+    window->setFrame(frame, true);
+    EXPECT_EQ(framesIn(*tall), (std::vector<Rect> { { 20, 20, width + 20, 350 } }));
+    EXPECT_TRUE(tall->autoresizesSubviews());
+}
+
 TEST_F(FittingTest, WithoutWindowOnlyTheSubviewsMove)
 {
     auto const alone = make<PLIXTabView>(Rect { 0, 0, 300, 200 });
