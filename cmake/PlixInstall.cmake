@@ -83,6 +83,12 @@ foreach(name plix plix-logic)
     install(FILES ${PROJECT_BINARY_DIR}/${name}.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT development)
 endforeach()
 
+# The guide, with its pictures where its pages look for them.
+set(guide ${CMAKE_INSTALL_DATADIR}/doc/libplix-dev)
+install(FILES ${PROJECT_SOURCE_DIR}/docs/GUIDE.md DESTINATION ${guide}/docs COMPONENT development)
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs/guide ${PROJECT_SOURCE_DIR}/docs/snippets DESTINATION ${guide}/docs COMPONENT development)
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/tests/references/guide DESTINATION ${guide}/tests/references COMPONENT development)
+
 if(PLIX_INSTALLED_EXAMPLES)
     install(TARGETS ${PLIX_INSTALLED_EXAMPLES} RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT examples)
     plix_install_resources(browser COMPONENT examples)

@@ -97,6 +97,14 @@ use_headers() {
     in_root env LANG=de_DE.UTF-8 /build/application --resources
     # shellcheck disable=SC2016 # the words are for the shell inside
     in_root sh -ec 'g++ -std=c++20 -o /build/by_hand /consumer/application.cpp $(pkg-config --cflags --libs plix); /build/by_hand'
+    say "building the guide's programs there"
+    in_root cmake -S /usr/share/doc/libplix-dev/docs/snippets -B /guide >/dev/null
+    in_root cmake --build /guide -j2 >"$root.log" 2>&1 || { tail -20 "$root.log"; exit 1; }
+    for program in strings_and_dates from_appkit hosting; do
+        in_root "/guide/$program" >"$root.log"
+        promised=$(sed -n '/^```text$/,/^```$/{/^```/d;p}' "docs/guide/$program.md")
+        [ "$(cat "$root.log")" = "$promised" ] || { cat "$root.log"; fail "the guide's $program prints something else"; }
+    done
     in_root apt-get -qq -y purge libplix0.1 >/dev/null 2>&1
     left=$(find "$root/usr" -path '*plix*' ! -path '*/doc/*' | head -5)
     [ -z "$left" ] || { echo "$left"; fail "these files stay when the packages are removed"; }

@@ -4,7 +4,8 @@
 #
 #     scripts/release-check.sh [--without-packages]
 #
-# A clean Debian needs root and debootstrap. The system that it is copied from is kept in build/clean-root.
+# A clean Debian needs root and debootstrap. The system that it is copied from is kept in build/clean-root. RELEASE_OPTIONS are further
+# options for CMake.
 set -eu
 
 cd "$(dirname "$0")/.."
@@ -12,25 +13,25 @@ project=$PWD
 jobs=${JOBS:-$(nproc)}
 out=$project/out/release
 compiler=${CXX:-c++}
-tab=$(printf '\t')
+RELEASE_OPTIONS=${RELEASE_OPTIONS:-}
 export LANG=de_DE.UTF-8 LC_ALL= LANGUAGE=
 unset PLIX_RESOURCES
 
 say() { echo "release-check: $*"; }
 fail() { say "$*" >&2; exit 1; }
 
-build() { # preset option...
+build() { # preset
     preset=$1
-    shift
     mkdir -p build
-    cmake --preset "$preset" "$@" >"build/$preset.log" || { cat "build/$preset.log"; exit 1; }
+    # shellcheck disable=SC2086 # one option a word
+    cmake --preset "$preset" $RELEASE_OPTIONS >"build/$preset.log" || { cat "build/$preset.log"; exit 1; }
     cmake --build "build/$preset" -j"$jobs" >"build/$preset.log" 2>&1 || { tail -40 "build/$preset.log"; exit 1; }
 }
 
 # Installs into one folder and moves that to another: nothing may remember where it was.
 install_and_move() { # preset name
     rm -rf "$out/$2" "$out/first-$2"
-    cmake --install "build/$1" --prefix "$out/first-$2" >/dev/null
+    cmake --install "build/$1" --strip --prefix "$out/first-$2" >/dev/null
     mv "$out/first-$2" "$out/$2"
     if grep -rlF -e "$out/first-$2" -e "$project/plix" "$out/$2"; then
         fail "these files remember where they were made or installed first"
@@ -107,7 +108,7 @@ check_static() {
 
 mkdir -p "$out"
 check_shared
-#check_static
+check_static
 if [ "${1:-}" != --without-packages ]; then
     scripts/check-packages.sh
 fi
