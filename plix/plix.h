@@ -105,6 +105,7 @@
 #include <plix/platform/appkit/NSWindowDelegate.h>
 #include <plix/platform/appkit/Theme.h>
 #include <plix/platform/appkit/event_constants.h>
+#include <plix/platform/appkit/key_equivalent.h>
 #include <plix/platform/base/Class.h>
 #include <plix/platform/base/Global.h>
 #include <plix/platform/base/HookSource.h>

@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""Fails where a header that applications or hosts include declares something that the shared library would hide.
+"""Fails where a header that applications or hosts include declares something that the shared library would hide, or an example
+includes a header that is not installed.
 
     scripts/exports.py [--mark] [root]
 
@@ -31,6 +32,21 @@ def reached_headers(root):
         included = sources.includes_of(sources.lines_of(root, path))
         waiting += [name for _, mark, name in included if mark == "<" and name.startswith("plix/")]
     return sorted(reached)
+
+
+def logic_headers(root):
+    """Those of plix::logic, which are installed too."""
+    lines = sources.lines_of(root, "plix/logic.cmake")
+    return {f"plix/{line.strip().removesuffix('.cpp')}.h" for line in lines if line.strip().endswith(".cpp")}
+
+
+def private_includes(root):
+    """(path, line number, header) of what examples include and is not installed."""
+    installed = set(reached_headers(root)) | logic_headers(root)
+    for path in sources.sources_below(root, ("examples",)):
+        for number, _, name in sources.includes_of(sources.lines_of(root, path)):
+            if name.startswith("plix/") and name not in installed:
+                yield path, number, name
 
 
 def without_comments(lines):
@@ -114,6 +130,7 @@ def main():
         for path in headers
         for number, name in hidden_declarations(sources.lines_of(root, path))
     ]
+    faults += [f"{path}:{number}: {name} is not installed" for path, number, name in private_includes(root)]
     if faults:
         faults.append("exports: scripts/exports.py --mark writes the marks")
     print("\n".join(faults) if faults else f"exports: {len(headers)} headers show what they declare")

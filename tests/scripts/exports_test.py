@@ -14,6 +14,16 @@ class Exports(planted.PlantedTree):
             found = list(exports.hidden_declarations(exports.sources.lines_of(planted.PROJECT, path)))
             self.assertEqual(found, [], path)
 
+    def test_examples_include_what_is_installed(self):
+        self.assertEqual(list(exports.private_includes(planted.PROJECT)), [])
+
+    def test_an_example_that_includes_what_is_not_installed(self):
+        self.plant("plix/plix.h", "#include <plix/a.h>\n")
+        self.plant("plix/a.h", "int a();\n")
+        self.plant("plix/logic.cmake", "list(APPEND SOURCES\n    format/b.cpp\n)\n")
+        self.plant("examples/one.cpp", "#include <plix/a.h>\n#include <plix/format/b.h>\n#include <plix/c.h>\n#include <vector>\n")
+        self.assertEqual(list(exports.private_includes(self.root)), [("examples/one.cpp", 3, "plix/c.h")])
+
     def test_more_than_a_hundred_headers_are_reached(self):
         self.assertGreater(len(exports.reached_headers(planted.PROJECT)), 100)
 
