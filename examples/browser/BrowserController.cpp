@@ -359,21 +359,19 @@ void BrowserController::openParent()
 
 void BrowserController::askToDelete(std::vector<std::string> const& names)
 {
+    Ref<BrowserController> const protector(this);
+    auto const folder = listing().path();
     auto const what = names.size() == 1 ? "“" + shownName(names[0]) + "”" : std::to_string(names.size()) + " items";
-    ask(*m_window, "Delete " + what + "? This can't be undone.", "Delete", [weakly = Weak<BrowserController>(*this), names] {
-        auto const controller = weakly.ref();
-        if (!controller)
-            return;
-        auto const folder = controller->listing().path();
-        std::string failure;
-        for (auto const& name : names) {
-            if (auto const line = deleteForGood(pathInFolder(folder, name)); !line.empty())
-                failure = line;
-        }
-        controller->m_tree->folderChanged(folder);
-        controller->open(folder);
-        controller->showFailure(failure);
-    });
+    if (!ask(*m_window, "Delete " + what + "?", "This can’t be undone.", "Delete"))
+        return;
+    std::string failure;
+    for (auto const& name : names) {
+        if (auto const line = deleteForGood(pathInFolder(folder, name)); !line.empty())
+            failure = line;
+    }
+    m_tree->folderChanged(folder);
+    open(folder);
+    showFailure(failure);
 }
 
 void BrowserController::move(std::vector<std::string> const& paths, std::string const& folder)

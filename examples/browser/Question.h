@@ -2,7 +2,6 @@
 
 #include <plix/platform/base/Ref.h>
 
-#include <functional>
 #include <string>
 
 namespace plix {
@@ -13,7 +12,8 @@ class NSWindow;
 
 namespace browser {
 
-/// Asks on a sheet of a window; Escape and Cancel refuse, Return and the other button agree.
-void ask(plix::NSWindow&, std::string const& question, std::string const& agree, std::function<void()> agreed);
+/// Asks on a sheet of a window and waits for the answer; Escape and Cancel refuse, Return and the other button agree. False also
+/// where the window is closed meanwhile.
+bool ask(plix::NSWindow&, std::string const& question, std::string const& consequence, std::string const& agree);
 
 }

@@ -251,11 +251,14 @@ TEST_F(BrowserTest, DeleteAsksFirst)
     show();
     person().type("file 7.");
     person().key(NSDeleteCharacter);
+    bool wasAsked = false;
+    machine().headlessEvents().postAfter(1, [&] {
+        wasAsked = controller->window().attachedSheet() != nullptr;
+        EXPECT_TRUE(exists("file 7.txt"));
+        person().key(NSEscapeCharacter);
+    });
     pump();
-    ASSERT_NE(controller->window().attachedSheet(), nullptr);
-    EXPECT_TRUE(exists("file 7.txt"));
-    person().key(NSEscapeCharacter);
-    pump();
+    EXPECT_TRUE(wasAsked);
     EXPECT_EQ(controller->window().attachedSheet(), nullptr);
     EXPECT_TRUE(exists("file 7.txt"));
     person().key(NSDeleteCharacter);
