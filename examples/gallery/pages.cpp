@@ -8,6 +8,7 @@
 #include "image_views_page.h"
 #include "labels_page.h"
 #include "live_page.h"
+#include "sounds_page.h"
 #include "speech_page.h"
 #include "tables_page.h"
 #include "tabs_page.h"
@@ -47,6 +48,7 @@ constexpr Page allPages[] {
     { "labels", "Engraved labels", makeLabelsPage },
     { "many_labels", "300 engraved labels", makeManyLabelsPage },
     { "chiseled", "Engraved titles", makeChiseledPage },
+    { "sounds", "Sounds", makeSoundsPage },
     { "speech", "Speech", makeSpeechPage },
 };
 

@@ -10,6 +10,7 @@
 
 #include <tests/support/HeadlessTest.h>
 #include <tests/support/TestFolder.h>
+#include <tests/support/TestSurroundings.h>
 #include <tests/support/pixels.h>
 
 #include <gmock/gmock.h>
@@ -33,6 +34,21 @@ protected:
         Test::SetUp();
     }
     void TearDown() override { setCurrentAppearance(Appearance::light); }
+    GalleryLooks()
+    {
+        // The same sounds and kinds of media on every machine.
+        m_surroundings.sharedData = { m_folder.path() };
+        for (auto const* name :
+            { "bell.wav", "dialog-warning.wav", "message.wav", "phone-incoming-call.wav", "window-attention.wav" })
+            m_folder.write(std::string("sounds/freedesktop/stereo/") + name);
+        auto& media = this->machine().headlessMedia();
+        ComponentDescription component { movieExportType, fourCharCode("MooV"), fourCharCode("isom"), canMovieExportFiles, 0 };
+        media.add({ component, "QuickTime Muxer" });
+        component.subtype = fourCharCode("mpg4");
+        media.add({ component, "MP4 Muxer" });
+        media.add({ { movieExportType, fourCharCode("WAVE"), fourCharCode("wave"), canMovieExportFiles, 0 }, "WAV audio muxer" });
+        this->machine().headlessAudio().setOutputVolume(StereoVolume { 0.3F, 0.7F });
+    }
     testing::AssertionResult pagesMatch(std::string const& suffix)
     {
         auto all = testing::AssertionSuccess();
@@ -43,6 +59,10 @@ protected:
         }
         return all;
     }
+
+private:
+    TestFolder m_folder;
+    TestSurroundings m_surroundings;
 };
 using GalleryPages = GalleryLooks<HeadlessTest>;
 using GalleryRetinaPages = GalleryLooks<RetinaTest>;

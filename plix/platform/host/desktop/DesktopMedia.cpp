@@ -22,12 +22,12 @@ struct Muxer {
     std::string variant;
 };
 
+#ifdef PLIX_MEDIA
+
 std::string textOf(char const* text)
 {
     return text ? text : "";
 }
-
-#ifdef PLIX_MEDIA
 
 struct MediaLibrary {
     decltype(&gst_init_check) start { nullptr };

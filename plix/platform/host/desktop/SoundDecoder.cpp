@@ -116,18 +116,19 @@ struct SoundDecoder::File {
         return {
             [](void* user) -> sf_count_t { return s_self(user)->bytes->size(); },
             [](sf_count_t offset, int from, void* user) -> sf_count_t {
-                auto& file = *s_self(user);
-                auto const base = from == SEEK_SET ? 0 : from == SEEK_CUR ? file.place : file.bytes->size();
-                file.place = std::clamp<std::int64_t>(base + offset, 0, file.bytes->size());
-                return file.place;
+                auto& reader = *s_self(user);
+                auto const base = from == SEEK_SET ? 0 : from == SEEK_CUR ? reader.place : reader.bytes->size();
+                auto const size = reader.bytes->size();
+                reader.place = std::clamp<std::int64_t>(base + std::clamp<std::int64_t>(offset, -size, size), 0, size);
+                return reader.place;
             },
             [](void* buffer, sf_count_t count, void* user) -> sf_count_t {
-                auto& file = *s_self(user);
+                auto& reader = *s_self(user);
                 if (count <= 0)
                     return 0;
                 auto const read
-                    = file.bytes->readAt(file.place, { static_cast<std::uint8_t*>(buffer), static_cast<std::size_t>(count) });
-                file.place += static_cast<std::int64_t>(read);
+                    = reader.bytes->readAt(reader.place, { static_cast<std::uint8_t*>(buffer), static_cast<std::size_t>(count) });
+                reader.place += static_cast<std::int64_t>(read);
                 return static_cast<sf_count_t>(read);
             },
             [](void const*, sf_count_t, void*) -> sf_count_t { return 0; },
