@@ -534,6 +534,24 @@ TEST_F(FittingTest, TheKeyboardComesThroughTheMove)
     EXPECT_EQ(window->firstResponder(), tabs.get());
 }
 
+TEST_F(FittingTest, WhoHasTheKeyboardKeepsItWhenThePaneIsFitted)
+{
+    auto const view = pane({ { 0, 0, 10, 30 } });
+    auto const other = make<NSTextField>(Rect { 20, 60, 80, 22 });
+    auto const field = make<NSTextField>(Rect { 20, 20, 80, 22 });
+    view->addSubview(*other);
+    view->addSubview(*field);
+    add<NSTabViewItem>("first", view);
+    tabs->selectTabViewItemAtIndex(1);
+    window->makeFirstResponder(field.get());
+    type("abc");
+    tabs->resizeToFitContentXY();
+    EXPECT_TRUE(field->currentEditor());
+    EXPECT_EQ(field->stringValue(), "abc");
+    tabs->resizeToFitContent();
+    EXPECT_TRUE(field->currentEditor());
+}
+
 // MARK: labels
 
 TEST_F(FittingTest, AnImageMakesItsLabelWider)
@@ -546,7 +564,9 @@ TEST_F(FittingTest, AnImageMakesItsLabelWider)
     EXPECT_EQ(item->sizeOfLabel(false), (Size { plain.width + plain.height + 2, plain.height }));
     EXPECT_EQ(item->sizeOfLabel(true), (Size { least.width + least.height + 2, least.height }));
     EXPECT_EQ(tabs->rectForTabViewItem(*item).width, tab.width + plain.height + 2);
+    pump();
     item->setImage(nullptr);
+    EXPECT_TRUE(tabs->needsDisplay());
     EXPECT_EQ(item->sizeOfLabel(false), plain);
 }
 
