@@ -412,6 +412,23 @@ TEST_P(TextDatePickerLooks, CalendarsLookAsTheirReferencesShow)
     EXPECT_TRUE(matchesReference(picture, scale == 2 ? name + "@2x" : name));
 }
 
+TEST_P(TextDatePickerLooks, ARefusedEntryLooksAsItsReferencesShow)
+{
+    auto const [scale, appearance, locale] = GetParam();
+    surroundings.locale = locale;
+    window->setContentSize({ 140, 62 });
+    picker->setFrameOrigin({ 20, 20 });
+    clickField(1);
+    key(NSBackspaceCharacter);
+    key(NSRightArrowFunctionKey);
+    type("20");
+    key(NSLeftArrowFunctionKey);
+    EXPECT_FALSE(window->makeFirstResponder(nullptr));
+    pump();
+    auto const name = std::string("plugins/refused_") + locale + (appearance == Appearance::dark ? "_dark" : "");
+    EXPECT_TRUE(matchesReference(window->snapshot(), scale == 2 ? name + "@2x" : name));
+}
+
 INSTANTIATE_TEST_SUITE_P(Looks, TextDatePickerLooks,
     testing::Combine(
         testing::Values(1, 2), testing::Values(Appearance::light, Appearance::dark), testing::Values("en_US", "de_DE")));
