@@ -92,4 +92,12 @@ list(APPEND PLIX_LOGIC_SOURCES
     windows/background_plan.cpp
     windows/date_plans.cpp
 )
+if(PLIX_INSPECTOR)
+    list(APPEND PLIX_LOGIC_SOURCES
+        inspector/event_log.cpp
+        inspector/event_script.cpp
+        inspector/overlay_plan.cpp
+        inspector/view_fields.cpp
+    )
+endif()
 list(TRANSFORM PLIX_LOGIC_SOURCES PREPEND ${CMAKE_CURRENT_LIST_DIR}/ REGEX "^[^/]")

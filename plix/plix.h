@@ -35,6 +35,7 @@
 #include <plix/format/tab_view_additions.h>
 #include <plix/format/truncation.h>
 #include <plix/format/view_additions.h>
+#include <plix/inspector/inspector.h>
 #include <plix/library_classes.h>
 #include <plix/platform/appkit/MenuView.h>
 #include <plix/platform/appkit/NSActionCell.h>

@@ -21,6 +21,7 @@ FLOORS = [
     "platform/base", "platform/foundation", "platform/graphics", "platform/host", "platform/appkit",
     "bitstream", "format", "system", "drawing",
     "controls", "tables",
+    "inspector",
     "app", "speech", "windows",
     "resources",
 ]

@@ -1,5 +1,6 @@
 #include <plix/app/PLIXApplication.h>
 
+#include <plix/inspector/inspector.h>
 #include <plix/platform/appkit/NSDocument.h>
 #include <plix/platform/appkit/NSDocumentController.h>
 #include <plix/platform/appkit/NSEvent.h>
@@ -48,6 +49,7 @@ bool PLIXApplication::init()
     if (!NSApplication::init())
         return false;
     m_shortCircuitRequestUserAttention = false;
+    installInspector();
     return true;
 }
 

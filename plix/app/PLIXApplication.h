@@ -11,7 +11,7 @@ inline constexpr char const* PLIXApplicationMouseDownNotification = "PLIXApplica
 inline constexpr char const* PLIXApplicationUserInputNotification = "PLIXApplicationUserInputNotification";
 
 /// An application that announces user input, knows when the last event was dispatched, and can keep requests for attention
-/// harmless.
+/// harmless. Where the library was built with the inspector, Control-Shift-I opens it.
 class PLIX_EXPORT PLIXApplication : public NSApplication {
     PLIX_CLASS(PLIXApplication, NSApplication);
 

@@ -3,6 +3,7 @@
 #include <plix/platform/appkit/NSWindow.h>
 #include <plix/platform/appkit/NSWindow_internal.h>
 #include <plix/platform/appkit/Theme.h>
+#include <plix/platform/appkit/WindowWatcher.h>
 #include <plix/platform/appkit/pixel_moves.h>
 #include <plix/platform/appkit/view_drawing.h>
 #include <plix/platform/graphics/NSBitmapImageRep.h>
@@ -80,6 +81,8 @@ bool NSWindow::Internals::movePixels(Rect rect, Size by)
         if (std::abs(fraction) > pixelTolerance)
             return false;
     }
+    if (auto* const watcher = WindowWatcher::current())
+        watcher->pixelsWillMove(self, rect, by);
     context->flushGraphics();
     plix::movePixels(contextPixels, pixels, static_cast<int>(std::lround(x)), static_cast<int>(std::lround(y)));
     context->pixelsChanged();
@@ -152,6 +155,10 @@ void NSWindow::Internals::drawRegion(Region const& region)
             target->setTransform({});
             Theme::current().drawSheetEdge({ 0, 0, content.width, content.height });
         }
+        if (auto* const watcher = WindowWatcher::current()) {
+            target->setTransform({});
+            watcher->contentWasDrawn(self);
+        }
     }
     isDrawing = false;
     hostsInUse.clear();
@@ -175,6 +182,8 @@ void NSWindow::Internals::displayDirty(NSView& root)
         : AffineTransform {};
     Region dirty;
     takeDirtyRegion(root, fromSuperview, { 0, 0, content.width, content.height }, dirty);
+    if (auto* const watcher = WindowWatcher::current())
+        watcher->contentWillBeDrawn(self, dirty);
     if (!dirty.isEmpty())
         drawRegion(dirty);
     else
@@ -190,6 +199,8 @@ bool NSWindow::Internals::displayNow(NSView& view, Rect rect)
     Region region;
     region.add(NSIntersectionRect(NSOffsetRect(inBase, -offset.x, -offset.y), { 0, 0, content.width, content.height }));
     clearDirtyRegion(*contentView, {}, region.rects());
+    if (auto* const watcher = WindowWatcher::current())
+        watcher->contentWillBeDrawn(self, region);
     if (!region.isEmpty())
         drawRegion(region);
     return true;

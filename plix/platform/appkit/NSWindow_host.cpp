@@ -5,6 +5,7 @@
 #include <plix/platform/appkit/NSWindow.h>
 #include <plix/platform/appkit/NSWindow_internal.h>
 #include <plix/platform/appkit/ToolTips.h>
+#include <plix/platform/appkit/WindowWatcher.h>
 #include <plix/platform/appkit/window_sizing.h>
 #include <plix/platform/graphics/NSGraphicsContext.h>
 #include <plix/platform/host/HostEvent.h>
@@ -108,6 +109,8 @@ void NSWindow::Internals::hostMovement(HostEvent const& event)
 void NSWindow::Internals::hostWindowEvent(HostEvent const& event)
 {
     Ref<NSWindow> const protector(self);
+    if (auto* const watcher = WindowWatcher::current(); watcher && watcher->takesHostEvent(self, event))
+        return;
     auto& application = NSApp->internals();
     Point const base = self.convertScreenToBase(event.locationOnScreen);
     if (event.type == HostEvent::Type::mouseMoved && event.pressedButtons == 0)
@@ -132,6 +135,8 @@ void NSWindow::Internals::hostWindowEvent(HostEvent const& event)
             NSEvent::scrollWheelEvent(base, event.modifiers, event.timestamp, number, event.scrollX, event.scrollY));
         break;
     case HostEvent::Type::keyDown:
+        if (auto const catcher = WindowWatcher::keyCatcher(); catcher && !WindowWatcher::current() && catcher(self, event))
+            return;
         postKey(application, self, event, NSKeyDown);
         break;
     case HostEvent::Type::keyUp:
