@@ -1,13 +1,13 @@
 #include <plix/inspector/inspector.h>
 
-#if PLIX_INSPECTOR
+#ifdef PLIX_INSPECTOR
 #include <plix/inspector/InspectorSession.h>
 #include <plix/platform/appkit/WindowWatcher.h>
 #endif
 
 namespace plix {
 
-#if PLIX_INSPECTOR
+#ifdef PLIX_INSPECTOR
 
 bool installInspector()
 {
