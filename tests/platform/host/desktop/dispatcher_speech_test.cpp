@@ -7,6 +7,9 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <csignal>
+#include <cstdlib>
+#include <filesystem>
 
 namespace plix {
 namespace {
@@ -18,9 +21,16 @@ using testing::Le;
 
 using Strings = ObjectValue::Array;
 
+/// Looks again and again, also at what the run loop knows nothing of.
 bool runUntil(std::function<bool()> const& condition, NSTimeInterval patience = 20)
 {
-    return NSRunLoop::currentRunLoop().runUntil(condition, NSDefaultRunLoopMode, NSDate::dateWithTimeIntervalSinceNow(patience));
+    constexpr NSTimeInterval moment = 0.01;
+    return waitUntil(
+        [&] {
+            NSRunLoop::currentRunLoop().runUntilDate(NSDate::dateWithTimeIntervalSinceNow(moment));
+            return condition();
+        },
+        Seconds(patience));
 }
 
 void runFor(NSTimeInterval seconds)
@@ -255,6 +265,94 @@ TEST_F(DispatcherSpeechTest, StartsTheServiceWhereNobodyListens)
     EXPECT_EQ(options.socketPath, service->folder() + "/speech-dispatcher/speechd.sock");
     use(options);
     EXPECT_TRUE(speaksToTheEnd("hello from a service that was started"));
+}
+
+/// A program named as the service's, first in the path.
+class StandInService {
+public:
+    explicit StandInService(std::string const& script)
+    {
+        auto const path = m_folder.write("speech-dispatcher", script);
+        std::filesystem::permissions(path, std::filesystem::perms::owner_all);
+    }
+    std::string socketPath() const { return m_folder / "socket"; }
+    std::string text(std::string_view name) const { return m_folder.read(name); }
+
+private:
+    TestFolder m_folder;
+    EnvironmentVariable m_path { "PATH", m_folder.path() + ':' + std::getenv("PATH") };
+};
+
+/// Begins to speak and never ends, whatever it is told; writes its number to a file, and gives up by itself after a minute.
+constexpr char const* stuckService = R"(#!/usr/bin/env python3
+import os, signal, socket, sys
+path = sys.argv[-1]
+listener = socket.socket(socket.AF_UNIX)
+if os.fork():
+    os.wait()
+    sys.exit(0)
+if os.fork():
+    sys.exit(0)
+signal.alarm(60)
+listener.bind(path)
+listener.listen()
+open(os.path.dirname(path) + '/pid', 'w').write(str(os.getpid()))
+client = listener.accept()[0].makefile('rw', newline='')
+for line in client:
+    word = line.split()[0]
+    if word == 'SPEAK':
+        client.write('230 OK\r\n')
+        client.flush()
+        while client.readline() != '.\r\n':
+            pass
+        client.write('225-1\r\n225 OK\r\n701-1\r\n701-1\r\n701 BEGIN\r\n')
+    else:
+        client.write('200 OK\r\n')
+    client.flush()
+)";
+
+TEST_F(DispatcherSpeechTest, AServiceThatItStartedAndThatHangsIsEnded)
+{
+    StandInService const standIn(stuckService);
+    auto options = optionsFor(standIn.socketPath());
+    options.start = DispatcherOptions::Start::WhereMissing;
+    use(options);
+    auto const channel = open();
+    speech().start(channel, longText);
+    ASSERT_TRUE(runUntil([&] { return !standIn.text("pid").empty(); }));
+    runFor(0.5);
+    EXPECT_TRUE(speech().isSpeaking(channel));
+    speech().stop(channel);
+    auto const process = std::stoi(standIn.text("pid"));
+    EXPECT_TRUE(runUntil([&] { return ::kill(process, 0) != 0; }, 10));
+}
+
+TEST_F(DispatcherSpeechTest, AServiceThatDoesNotGetReadyIsGivenUp)
+{
+    StandInService const standIn("#!/bin/sh\nexec tail -f /dev/null\n");
+    auto options = optionsFor(standIn.socketPath());
+    options.start = DispatcherOptions::Start::WhereMissing;
+    use(options);
+    auto const channel = open();
+    speech().start(channel, "hello");
+    EXPECT_TRUE(runUntil([&] { return !speech().isSpeaking(channel); }, 20));
+    EXPECT_THAT(ends, ElementsAre(SpeechEnd::Stopped));
+}
+
+TEST_F(DispatcherSpeechTest, WhatIsNoSpeechServiceIsGivenUp)
+{
+    StandInService const standIn("#!/bin/sh\nexit 1\n");
+    auto options = optionsFor(standIn.socketPath());
+    options.start = DispatcherOptions::Start::WhereMissing;
+    use(options);
+    auto const channel = open();
+    speech().start(channel, "hello");
+    EXPECT_TRUE(runUntil([&] { return !speech().isSpeaking(channel); }, 5));
+    // Pulse's socket speaks another protocol.
+    use(optionsFor(sound->address().substr(std::string_view("unix:").size())));
+    auto const other = open();
+    speech().start(other, "hello");
+    EXPECT_TRUE(runUntil([&] { return !speech().isSpeaking(other); }, 15));
 }
 
 TEST_F(DispatcherSpeechTest, ListsVoicesWithoutVariantsAndSpeaksInOne)
