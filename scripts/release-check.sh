@@ -102,6 +102,9 @@ check_static() {
     build package-static
     install_and_move package-static static
     say "using it from $out/static"
+    # A program that has the library in it looks beside itself, and in the folders of shared data.
+    XDG_DATA_DIRS=$out/static/share
+    export XDG_DATA_DIRS
     with_cmake "$out/static" "$out/build-static"
     with_pkg_config "$out/static" "$out/build-static" --static
 }
