@@ -2,19 +2,37 @@
 #include "headless_machine.h"
 #include "nib_peer.h"
 
+#include <plix/library_classes.h>
 #include <plix/platform/appkit/NSNib.h>
 #include <plix/platform/appkit/NSView.h>
 #include <plix/platform/appkit/NSWindow.h>
 #include <plix/platform/base/NSData.h>
-#include <plix/platform/graphics/NSImage.h>
-#include <plix/windows/PLIXProgressWindow.h>
-#include <plix/windows/TQAlert.h>
+#include <plix/windows/PLIXProgressWindowNIBLoader.h>
 
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace plix::bench {
+
+/// What an alert is to its interface file, without what it does with it.
+class AlertOwner : public NSObject {
+    PLIX_CLASS(AlertOwner, NSObject);
+
+public:
+    void take(Ref<NSObject> const& part) { m_parts.push_back(part); }
+    void press(NSObject*) { }
+
+private:
+    std::vector<Ref<NSObject>> m_parts;
+};
+
+PLIX_DESCRIBE(AlertOwner)
+{
+    for (auto const* name : { "window", "iconView", "statementField", "messageField", "button1", "button2", "button3" })
+        description.outlet(name, &AlertOwner::take);
+    description.action("button:", &AlertOwner::press).bundle("plix");
+}
 
 namespace {
 
@@ -136,20 +154,28 @@ PLIX_FIGURE("nib.load_large")
 #endif
 }
 
-// With what is made of it: the file, its texts, the alert's window and the fitting of what it says.
 PLIX_FIGURE("nib.load_alert")
 {
     Machine const machine;
     NSApplication::sharedApplication();
-    figure.time(
-        { [] { keep(make<TQAlert>("Title", "A statement", "A longer message of some words.", nullptr, "OK", "Cancel", "")); } });
+    registerLibraryClasses();
+    if (!loadNibNamed("Alert", make<AlertOwner>().get())) {
+        figure.skip("the file is not there");
+        return;
+    }
+    figure.time({ [] { loadNibNamed("Alert", make<AlertOwner>().get()); } });
 }
 
 PLIX_FIGURE("nib.load_progress")
 {
     Machine const machine;
     NSApplication::sharedApplication();
-    figure.time({ [] { keep(make<PLIXProgressWindow>()); } });
+    registerLibraryClasses();
+    if (!loadNibNamed("ProgressWindow", make<PLIXProgressWindowNIBLoader>().get())) {
+        figure.skip("the file is not there");
+        return;
+    }
+    figure.time({ [] { loadNibNamed("ProgressWindow", make<PLIXProgressWindowNIBLoader>().get()); } });
 }
 
 }

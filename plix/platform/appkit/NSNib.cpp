@@ -7,6 +7,7 @@
 #include <plix/platform/foundation/NSBundle.h>
 #include <plix/platform/foundation/file_bytes.h>
 #include <plix/platform/foundation/path_operations.h>
+#include <plix/platform/graphics/NSImage.h>
 
 namespace plix {
 
@@ -65,6 +66,23 @@ bool NSNib::read(std::vector<std::uint8_t> const& bytes)
     return m_document != nullptr;
 }
 
+std::string NSNib::localized(NibText const& text) const
+{
+    if (text.key.empty() || m_name.empty())
+        return text.text;
+    auto words = m_bundle->localizedStringForKey(text.key, text.text, m_name);
+    return words == text.key ? text.text : words; // for an empty text the key is answered where there is no entry
+}
+
+Ref<NSImage> NSNib::imageNamed(std::string const& name) const
+{
+    if (auto image = NSImage::imageNamed(name))
+        return image;
+    auto const path = m_bundle->pathForImageResource(name);
+    auto image = path ? make<NSImage>(std::string_view(*path)) : nullptr;
+    return image && image->isValid() ? image : nullptr;
+}
+
 bool NSNib::instantiateNibWithOwner(NSObject* owner)
 {
     return instantiateNibWithOwner(owner, nullptr);
@@ -73,12 +91,8 @@ bool NSNib::instantiateNibWithOwner(NSObject* owner)
 bool NSNib::instantiateNibWithOwner(NSObject* owner, std::vector<Ref<NSObject>>* topLevelObjects)
 {
     Ref<NSNib> const protector(this);
-    NibLoader loader(*m_document, owner, [this](NibText const& text) {
-        if (text.key.empty() || m_name.empty())
-            return text.text;
-        auto localized = m_bundle->localizedStringForKey(text.key, text.text, m_name);
-        return localized == text.key ? text.text : localized; // an empty text has the key answered where there is no entry
-    });
+    NibLoader loader(*m_document, owner,
+        { [this](NibText const& text) { return localized(text); }, [this](std::string const& name) { return imageNamed(name); } });
     bool const isLoaded = loader.load();
     for (auto const& warning : m_document->warnings)
         NSLog("interface file \"" + m_name + "\": " + warning);

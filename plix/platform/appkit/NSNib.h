@@ -12,7 +12,9 @@ namespace plix {
 
 class NSBundle;
 class NSData;
+class NSImage;
 struct NibDocument;
+struct NibText;
 
 /// An interface file: an XIB document of version 3, read and checked once, from which windows, views and other objects are made any
 /// number of times. What is read of one is listed in docs/interface-files.md.
@@ -45,6 +47,8 @@ public:
 
 private:
     bool read(std::vector<std::uint8_t> const& bytes);
+    std::string localized(NibText const&) const;
+    Ref<NSImage> imageNamed(std::string const& name) const;
 
     std::string m_name;
     Ref<NSBundle> m_bundle;

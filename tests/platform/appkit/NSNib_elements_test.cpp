@@ -280,6 +280,7 @@ TEST_F(NibElements, AnImageThatIsNotThereIsNone)
         document(R"(<imageView id="1"><imageCell key="cell" image="no such picture" id="2"/></imageView>)"));
     ASSERT_TRUE(view);
     EXPECT_EQ(view->image(), nullptr);
+    EXPECT_EQ(lines("the image \"no such picture\" is not there"), 1);
 }
 
 TEST_F(NibElements, ProgressIndicators)

@@ -4,12 +4,14 @@
 #include <tests/support/test_data.h>
 
 #include <plix/platform/appkit/NSButton.h>
+#include <plix/platform/appkit/NSImageView.h>
 #include <plix/platform/appkit/NSMenuItem.h>
 #include <plix/platform/appkit/NSPanel.h>
 #include <plix/platform/appkit/NSSegmentedControl.h>
 #include <plix/platform/appkit/NSTabViewItem.h>
 #include <plix/platform/appkit/NSTableColumn.h>
 #include <plix/platform/appkit/NSTextFieldCell.h>
+#include <plix/platform/foundation/file_bytes.h>
 #include <plix/platform/graphics/NSColor.h>
 #include <plix/platform/graphics/NSFont.h>
 
@@ -132,6 +134,23 @@ TEST_F(NSNibFiles, AreFoundInTheBundleOfTheOwnersClass)
         EXPECT_TRUE(loadNibNamed(name, panelOwner.get())) << name;
         EXPECT_TRUE(panelOwner->window) << name;
     }
+}
+
+TEST_F(NibTest, ImagesMayBeInTheFilesOwnBundle)
+{
+    TestFolder const folder;
+    auto const picture = *readFileBytes(testDataPath("pictures/gray.png"), 1 << 20);
+    folder.write("nib dot.png", std::string(picture.begin(), picture.end()));
+    folder.write("nib text.png", "this is no picture");
+    folder.write("Pictures.xib", document(R"(<imageView id="1"><imageCell key="cell" image="nib dot" id="2"/></imageView>
+        <button id="3"><buttonCell key="cell" image="nib text" id="4"/></button>)"));
+    auto const bundle = make<NSBundle>(std::vector<std::string> { folder.path() });
+    std::vector<Ref<NSObject>> objects;
+    ASSERT_TRUE(make<NSNib>("Pictures", bundle.get())->instantiateNibWithOwner(nullptr, &objects));
+    EXPECT_TRUE(static_cast<NSImageView&>(*objects[0]).image());
+    EXPECT_EQ(static_cast<NSButton&>(*objects[1]).image(), nullptr);
+    EXPECT_EQ(lines("the image \"nib text\" is not there"), 1);
+    EXPECT_EQ(lines("the image"), 1);
 }
 
 TEST_F(NSNibFiles, AreMadeAnyNumberOfTimes)

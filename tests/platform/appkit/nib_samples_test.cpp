@@ -12,6 +12,7 @@
 #include <plix/platform/appkit/nib/nib_values.h>
 #include <plix/platform/foundation/CFXMLTree.h>
 #include <plix/platform/foundation/file_bytes.h>
+#include <plix/platform/graphics/NSImage.h>
 
 #include <algorithm>
 #include <cstdlib>
@@ -60,7 +61,8 @@ protected:
             ADD_FAILURE() << path << ": " << problem;
             return false;
         }
-        m_loader = std::make_unique<NibLoader>(*m_document, owner.get(), [](NibText const& text) { return text.text; });
+        m_loader = std::make_unique<NibLoader>(
+            *m_document, owner.get(), NibLoader::Resources { [](NibText const& text) { return text.text; }, NSImage::imageNamed });
         m_elements.clear();
         collect(*m_tree);
         return m_loader->load();

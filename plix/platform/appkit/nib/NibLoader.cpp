@@ -64,10 +64,10 @@ private:
     NibObject const& m_object;
 };
 
-NibLoader::NibLoader(NibDocument const& document, NSObject* owner, Localize localize)
+NibLoader::NibLoader(NibDocument const& document, NSObject* owner, Resources resources)
     : m_document(document)
     , m_owner(owner)
-    , m_localize(std::move(localize))
+    , m_resources(std::move(resources))
     , m_made(document.objects.size())
 {
 }
@@ -114,7 +114,11 @@ void NibLoader::refuse(NibObject const& object, std::string const& reason)
 
 void NibLoader::warn(NibObject const& object, std::string const& what)
 {
-    auto line = object.label + ": " + what;
+    addWarning(object.label + ": " + what);
+}
+
+void NibLoader::addWarning(std::string line)
+{
     if (m_warnings.size() < mostWarnings && std::ranges::find(m_warnings, line) == m_warnings.end())
         m_warnings.push_back(std::move(line));
 }
@@ -239,9 +243,13 @@ ObjectValue NibLoader::value(NibValue const& written)
     if (auto const* plain = std::get_if<ObjectValue>(&written.value))
         return *plain;
     if (auto const* text = std::get_if<NibText>(&written.value))
-        return m_localize(*text);
-    if (auto const* image = std::get_if<NibImageName>(&written.value))
-        return NSImage::imageNamed(image->name);
+        return m_resources.localized(*text);
+    if (auto const* wanted = std::get_if<NibImageName>(&written.value)) {
+        auto const image = m_resources.imageNamed(wanted->name);
+        if (!image)
+            addWarning("the image \"" + wanted->name + "\" is not there");
+        return image;
+    }
     if (auto const* described = std::get_if<NibObject const*>(&written.value))
         return object(**described);
     ObjectValue::Array values;

@@ -11,6 +11,7 @@
 namespace plix {
 
 class Class;
+class NSImage;
 class NSWindow;
 
 /// Makes the objects of a document once: all of them, then their properties, then their connections; then each is awakened, and
@@ -18,10 +19,15 @@ class NSWindow;
 /// connected.
 class NibLoader {
 public:
-    /// The user's words for a key, or the text where there are none.
-    using Localize = std::function<std::string(NibText const&)>;
+    /// What comes from elsewhere.
+    struct Resources {
+        /// The user's words for a key, or the text where there are none.
+        std::function<std::string(NibText const&)> localized;
+        /// Null where there is none of that name.
+        std::function<Ref<NSImage>(std::string const& name)> imageNamed;
+    };
 
-    NibLoader(NibDocument const&, NSObject* owner, Localize);
+    NibLoader(NibDocument const&, NSObject* owner, Resources);
     ~NibLoader();
 
     /// False where the document is refused; `problem()` then says why, and the owner is untouched.
@@ -59,10 +65,11 @@ private:
 
     void refuse(NibObject const&, std::string const& reason);
     void warn(NibObject const&, std::string const& what);
+    void addWarning(std::string line);
 
     NibDocument const& m_document;
     NSObject* m_owner;
-    Localize m_localize;
+    Resources m_resources;
     std::vector<Made> m_made;
     std::vector<Ref<NSObject>> m_topLevelObjects;
     std::vector<std::string> m_warnings;
