@@ -122,7 +122,7 @@ bool InspectorSession::init()
 
 void InspectorSession::begin(OpenedBy by)
 {
-    m_keepsKeyRelease = by == OpenedBy::keys;
+    m_keepsKeyRelease = m_awaitsModifierRelease = by == OpenedBy::keys;
     auto& center = NSNotificationCenter::defaultCenter();
     m_observers.push_back(center.addObserver(
         [this](NSNotification const& notification) { windowBecameKey(notification); }, NSWindowDidBecomeKeyNotification));
@@ -266,7 +266,8 @@ bool InspectorSession::takesHostEvent(NSWindow& in, HostEvent const& event)
         return takesPanelEvent(event);
     if (takesPick(in, event))
         return true;
-    record(in, event);
+    if (!isReleaseOfOpeningModifiers(event))
+        record(in, event);
     return false;
 }
 
@@ -275,6 +276,16 @@ bool InspectorSession::takesReleaseOfOpeningKey(HostEvent const& event)
     if (event.type != Type::keyUp || !isLetterI(event))
         return false;
     return std::exchange(m_keepsKeyRelease, false);
+}
+
+// The application is told of it, but it is no part of what is done from here on.
+bool InspectorSession::isReleaseOfOpeningModifiers(HostEvent const& event)
+{
+    if (!m_awaitsModifierRelease)
+        return false;
+    bool const isRelease = event.type == Type::modifiersChanged;
+    m_awaitsModifierRelease = isRelease ? event.modifiers != 0 : event.type == Type::mouseMoved;
+    return isRelease;
 }
 
 bool InspectorSession::takesPanelEvent(HostEvent const& event)

@@ -61,6 +61,7 @@ private:
     bool takesPanelEvent(HostEvent const&);
     bool takesPick(NSWindow&, HostEvent const&);
     bool takesReleaseOfOpeningKey(HostEvent const&);
+    bool isReleaseOfOpeningModifiers(HostEvent const&);
     void record(NSWindow&, HostEvent const&);
 
     // WindowWatcher:
@@ -78,6 +79,7 @@ private:
     bool m_isCopied { false };
     bool m_keepsRelease { false };
     bool m_keepsKeyRelease { false };
+    bool m_awaitsModifierRelease { false };
 };
 
 }
