@@ -5,6 +5,7 @@
 #include <csignal>
 #include <cstdlib>
 #include <cstring>
+#include <span>
 #include <stdexcept>
 
 #include <poll.h>
@@ -31,6 +32,14 @@ bool isProgram(std::string const& name)
 bool isHeard(float sample)
 {
     return std::abs(sample) > whisper;
+}
+
+double rootOfMeanSquare(std::span<float const> samples)
+{
+    double sum = 0;
+    for (auto const sample : samples)
+        sum += static_cast<double>(sample) * static_cast<double>(sample);
+    return std::sqrt(sum / static_cast<double>(samples.size()));
 }
 
 }
@@ -193,12 +202,18 @@ double loudness(std::vector<float> const& samples)
 {
     auto const first = std::find_if(samples.begin(), samples.end(), isHeard);
     auto const last = std::find_if(samples.rbegin(), samples.rend(), isHeard).base();
-    if (first >= last)
+    constexpr std::ptrdiff_t piece = PulseRecorder::rate / 20;
+    std::vector<double> pieces;
+    for (auto place = first; place < last; place += std::min(piece, last - place)) {
+        // The last one only where there is no other.
+        if (last - place >= piece || pieces.empty())
+            pieces.push_back(rootOfMeanSquare({ place, place + std::min(piece, last - place) }));
+    }
+    if (pieces.empty())
         return 0;
-    double sum = 0;
-    for (auto sample = first; sample != last; ++sample)
-        sum += static_cast<double>(*sample) * static_cast<double>(*sample);
-    return std::sqrt(sum / static_cast<double>(last - first));
+    auto const middle = pieces.begin() + std::ssize(pieces) / 2;
+    std::ranges::nth_element(pieces, middle);
+    return *middle;
 }
 
 double loudnessWithin(std::vector<float> const& samples, double margin)

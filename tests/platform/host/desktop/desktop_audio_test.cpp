@@ -68,7 +68,7 @@ protected:
         EXPECT_TRUE(sound.play());
         EXPECT_TRUE(runUntil([&] { return ends.size() > before; }));
         EXPECT_TRUE(recorder.recordUntilStill());
-        EXPECT_NEAR(soundingTime(recorder.samples()), sound.duration(), 0.1);
+        EXPECT_NEAR(soundingTime(recorder.samples()), sound.duration(), 0.25);
         return loudnessWithin(recorder.samples());
     }
 
@@ -127,7 +127,7 @@ TEST_F(DesktopAudioTest, VolumeAndPauseCountWhileASoundPlays)
     EXPECT_TRUE(recorder.recordUntilStill(0.8));
     auto const stretches = soundingStretches(recorder.samples(), 0.2);
     ASSERT_EQ(stretches.size(), 2U);
-    EXPECT_NEAR(stretches[0].second - stretches[0].first + stretches[1].second - stretches[1].first, 1.2, 0.05);
+    EXPECT_NEAR(stretches[0].second - stretches[0].first + stretches[1].second - stretches[1].first, 1.2, 0.25);
     auto const middle = [&](std::pair<double, double> stretch) {
         auto const place
             = [&](double time) { return recorder.samples().begin() + static_cast<std::ptrdiff_t>(time * PulseRecorder::rate); };
