@@ -53,7 +53,7 @@ def check():
         print(f"benchmarks/meanings.txt: {name} has no meaning")
     for name in sorted(explained - measured):
         print(f"benchmarks/meanings.txt: there is no figure {name}")
-    return 1 if measured - explained else 0
+    return 1 if measured != explained else 0
 
 
 def number(value):
