@@ -109,10 +109,9 @@ std::string shownText(std::string const& characters)
 std::string keysOf(HostEvent const& event)
 {
     std::string keys;
-    for (auto const* const name : namesOfModifiers(event.modifiers)) {
-        if (name->value != NSFunctionKeyMask)
-            keys += (keys.empty() ? "" : "-") + std::string(name->word);
-    }
+    // These two belong to the keys themselves.
+    for (auto const* const name : namesOfModifiers(event.modifiers & ~(NSFunctionKeyMask | NSNumericPadKeyMask)))
+        keys += (keys.empty() ? "" : "-") + std::string(name->word);
     std::string rest;
     if (event.type == Type::keyDown || event.type == Type::keyUp)
         rest = shownText(event.charactersIgnoringModifiers);

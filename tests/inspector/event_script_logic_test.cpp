@@ -263,7 +263,7 @@ TEST(EventLog, SaysEventsInWords)
         { scroll({ 1, 2 }, 0, -1.25F), { "Scroll", "1, 2", "0, -1.25", "NSButton" } },
         { scroll({ 1, 2 }, 0, 1, NSShiftKeyMask), { "Scroll", "1, 2", "Shift 0, 1", "NSButton" } },
         { key(Type::keyDown, "\x1a", NSControlKeyMask | NSShiftKeyMask, "Z"), { "Key", "", "Control-Shift-Z", "NSButton" } },
-        { key(Type::keyDown, "\xEF\x9C\x80", NSFunctionKeyMask), { "Key", "", "Up", "NSButton" } },
+        { key(Type::keyDown, "\xEF\x9C\x80", NSFunctionKeyMask | NSNumericPadKeyMask), { "Key", "", "Up", "NSButton" } },
         { key(Type::keyDown, " ", 0, " ", true), { "Key repeat", "", "Space", "NSButton" } },
         { key(Type::keyUp, "\x7F"), { "Key up", "", "Backspace", "NSButton" } },
         { modifiers(NSCommandKeyMask), { "Modifiers", "", "Super", "NSButton" } },
