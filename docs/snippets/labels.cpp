@@ -23,8 +23,8 @@ int main()
 
     auto const choice = make<PLIXChiseledTextPopUpButton>(Rect { 20, 16, 120, 20 });
     choice->SetFrameAnchorMask(0);
-    for (auto const* title : { "By name", "By size", "By date" })
-        choice->addItemWithTitle(title);
+    for (auto const* order : { "By name", "By size", "By date" })
+        choice->addItemWithTitle(order);
     choice->setTitle("By name");
     content.addSubview(*choice);
 
