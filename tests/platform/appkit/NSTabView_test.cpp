@@ -493,6 +493,21 @@ TEST_F(TabTest, LinksThatTheHostMadeInAPaneAreKept)
     EXPECT_TRUE(isEditing(*below));
 }
 
+TEST_F(TabTest, LinksBeginWhereTheHostBeganThem)
+{
+    auto const top = field({ 10, 100, 80, 22 });
+    auto const middle = field({ 10, 60, 80, 22 });
+    auto const last = field({ 10, 20, 80, 22 });
+    for (auto const& each : { top, middle, last })
+        panes[1]->addSubview(*each);
+    last->setNextKeyView(top.get());
+    top->setNextKeyView(middle.get());
+    window->recalculateKeyViewLoop();
+    tabs->selectTabViewItemAtIndex(1);
+    EXPECT_EQ(tabs->nextKeyView(), last.get());
+    EXPECT_EQ(middle->nextKeyView(), below.get());
+}
+
 TEST_F(TabTest, ATabViewThatIsAloneInItsLoopStaysInIt)
 {
     auto const only = make<NSTabView>(Rect { 0, 0, 300, 200 });
@@ -637,6 +652,7 @@ TEST_F(TabTest, OnlyTheStripIsDrawnAnewForALabel)
 {
     panes[0]->forget();
     item(1).setLabel("Rows");
+    EXPECT_TRUE(tabs->needsDisplay());
     pump();
     EXPECT_EQ(panes[0]->drawCount, 0);
     EXPECT_EQ(item(1).label(), "Rows");
