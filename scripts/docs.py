@@ -15,6 +15,7 @@ Public is what the headers declare that plix.h and hosting.h name. A symbol is d
 import glob
 import os
 import re
+import shutil
 import subprocess
 import sys
 import tempfile
@@ -213,13 +214,18 @@ def check():
 def site(folder, images):
     os.makedirs(folder, exist_ok=True)
     own = os.path.join(ROOT, "scripts/docs.py")
-    pages = "README.md docs/GUIDE.md docs/guide docs/ARCHITECTURE.md docs/INSTALL.md CONTRIBUTING.md CHANGELOG.md"
+    # The guide has pictures of the same names.
+    gallery = os.path.join(os.path.abspath(folder), "gallery")
+    os.makedirs(gallery, exist_ok=True)
+    for path in glob.glob(os.path.join(images, "*.png")):
+        shutil.copy(path, os.path.join(gallery, "gallery_" + os.path.basename(path)))
+    pages = "README.md docs docs/guide CONTRIBUTING.md CHANGELOG.md"
     faults = doxygen(f"""INPUT = {pages} {inputs()}
 OUTPUT_DIRECTORY = {folder}
 FILE_PATTERNS = *.md *.h
 USE_MDFILE_AS_MAINPAGE = README.md
-FILTER_PATTERNS = "*.h=PLIX_PICTURES={images} python3 -B {own} filter" "*.md=python3 -B {own} filter"
-IMAGE_PATH = {images} tests/references/guide docs/images
+FILTER_PATTERNS = "*.h=python3 -B {own} filter" "*.md=python3 -B {own} filter"
+IMAGE_PATH = {gallery} tests/references/guide docs/images
 GENERATE_TREEVIEW = YES
 HTML_DYNAMIC_SECTIONS = YES
 """)
@@ -238,7 +244,7 @@ def filtered_header(lines, pages):
             is_open = False
         found = re.match(r"class (?:PLIX_EXPORT )?(\w+)\b[^;]*$", line)
         if found:
-            result += [f"/// @image html {page}.png" for page in pages.get(found[1], [])]
+            result += [f"/// @image html gallery_{page}.png" for page in pages.get(found[1], [])]
         if heading and not line.lstrip().startswith("///") and number + 1 < len(lines) and lines[number + 1].strip():
             result += [f"    /// @name {heading['text']}", "    /// @{"]
             is_open = True

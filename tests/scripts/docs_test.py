@@ -35,7 +35,7 @@ class Docs(planted.PlantedTree):
     def test_a_class_gets_its_pictures(self):
         lines = ["/// A thing.", "class PLIX_EXPORT A : public B {", "class B;"]
         self.assertEqual(docs.filtered_header(lines, {"A": ["things"], "B": ["others"]}),
-                         ["/// A thing.", "/// @image html things.png", "class PLIX_EXPORT A : public B {", "class B;"])
+                         ["/// A thing.", "/// @image html gallery_things.png", "class PLIX_EXPORT A : public B {", "class B;"])
 
     def test_pages_name_pictures_without_folders(self):
         self.assertEqual(docs.filtered_page("![A](../../tests/references/guide/a@2x.png) [a](../snippets/a.cpp) [b](b.md)"),
