@@ -75,6 +75,19 @@ TEST_F(InspectorTest, LeavesNothingBehindWhenItIsClosed)
     EXPECT_EQ(content->drawCount, 0);
 }
 
+TEST_F(InspectorTest, GoesAwayWhole)
+{
+    open();
+    press(panel().flashesSwitch());
+    session().selectView(left.get());
+    Weak<InspectorSession> const weakSession(session());
+    Weak<InspectorPanel> const weakPanel(panel());
+    pressOpeningKeys();
+    pass(1);
+    EXPECT_FALSE(weakSession);
+    EXPECT_FALSE(weakPanel);
+}
+
 TEST_F(InspectorTest, LeavesKeyWindowFocusAndViewsAsTheyAre)
 {
     auto const subviews = content->subviews();
