@@ -11,9 +11,9 @@
 namespace plix {
 
 class InspectorPanel;
-class NSNotification;
 class NSTimer;
 class NSView;
+struct NSNotification;
 
 /// The inspector while it is open: follows the key window, shows what is known of it, and writes down what a person does.
 class InspectorSession : public NSObject, private WindowWatcher {

@@ -10,10 +10,10 @@
 namespace plix {
 
 class NSCell;
-class NSNotification;
 class NSOutlineView;
 class NSScrollView;
 class NSTableColumn;
+struct NSNotification;
 
 /// An outline of views. It holds what was said of them, not the views.
 class ViewOutline : public NSObject {
