@@ -57,7 +57,7 @@ struct ResizedWindow {
 std::function<void(int)> peerOf(PLIXWindow const&)
 {
     auto const background = PLIXWindow::backgroundImage();
-    return cairoWindowRepaint(pixelsOf(*background), background->bitmapAtScale(1)->pixelsWide(), width, 2 * height);
+    return cairoWindowRepaint(pixelsOf(*background), background->bitmapAtScale(1)->pixelsWide(), width);
 }
 
 }

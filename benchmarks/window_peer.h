@@ -6,9 +6,8 @@
 
 namespace plix::bench {
 
-/// Composes a window's pattern of that height from the background's premultiplied pixels, each time anew, and fills a window of
-/// that height with it; with plain Cairo. The window's pixels are there already, for up to `mostHeight`.
-std::function<void(int height)> cairoWindowRepaint(
-    std::vector<std::uint32_t> const& background, int width, int windowWidth, int mostHeight);
+/// Composes a window's pattern of that height from the background's premultiplied pixels, each time anew, and fills an image
+/// surface of the window's new size with it; with plain Cairo, whose surfaces can't change their size.
+std::function<void(int height)> cairoWindowRepaint(std::vector<std::uint32_t> const& background, int width, int windowWidth);
 
 }

@@ -41,19 +41,16 @@ cairo_surface_t* composed(cairo_surface_t* background, int width, int background
 
 }
 
-std::function<void(int height)> cairoWindowRepaint(
-    std::vector<std::uint32_t> const& background, int width, int windowWidth, int mostHeight)
+std::function<void(int height)> cairoWindowRepaint(std::vector<std::uint32_t> const& background, int width, int windowWidth)
 {
     int const backgroundHeight = static_cast<int>(background.size()) / width;
     auto const pixels = std::make_shared<std::vector<std::uint32_t>>(background);
-    auto const windowPixels = std::make_shared<std::vector<std::uint32_t>>(windowWidth * mostHeight);
     std::shared_ptr<cairo_surface_t> const image(
         cairo_image_surface_create_for_data(
             reinterpret_cast<unsigned char*>(pixels->data()), CAIRO_FORMAT_ARGB32, width, backgroundHeight, width * 4),
         cairo_surface_destroy);
     return [=](int height) {
-        auto* const data = reinterpret_cast<unsigned char*>(windowPixels->data());
-        auto* const window = cairo_image_surface_create_for_data(data, CAIRO_FORMAT_ARGB32, windowWidth, height, windowWidth * 4);
+        auto* const window = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, windowWidth, height);
         auto* const pattern = composed(image.get(), width, backgroundHeight, height);
         auto* const cairo = cairo_create(window);
         cairo_set_operator(cairo, CAIRO_OPERATOR_SOURCE);

@@ -19,6 +19,10 @@ int remainder(long value, int divisor)
 /// The row's pixels over and over, beginning at one of them; what is written already serves as the source of longer copies.
 void tileRow(std::uint32_t* target, int count, std::uint32_t const* row, int width, int start)
 {
+    if (std::equal(row + 1, row + width, row)) {
+        std::fill_n(target, count, *row);
+        return;
+    }
     int const first = std::min(width - start, count);
     std::copy_n(row + start, first, target);
     int const second = std::min(start, count - first);

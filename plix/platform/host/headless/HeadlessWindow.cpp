@@ -191,7 +191,8 @@ void HeadlessWindow::allocatePixels()
         return;
     m_width = width;
     m_height = height;
-    m_pixels.assign(static_cast<std::size_t>(width) * static_cast<std::size_t>(height), 0);
+    // What is in them counts no longer, and the client paints them all.
+    m_pixels.resize(static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
     m_keepsContent = false;
 }
 
