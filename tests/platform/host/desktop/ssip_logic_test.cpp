@@ -366,7 +366,12 @@ TEST_F(SsipSessionTest, IsAskedWhetherItIsThereWhileItSpeaks)
     answer("251-0\r\n251 OK GET RETURNED\r\n");
     tickAt(104);
     EXPECT_THAT(output(), ElementsAre("GET RATE"));
-    tickAt(109);
+    tickAt(106);
+    answer("251-0\r\n251 OK GET RETURNED\r\n");
+    EXPECT_THAT(output(), IsEmpty());
+    tickAt(108);
+    EXPECT_THAT(output(), ElementsAre("GET RATE"));
+    tickAt(113);
     EXPECT_EQ(session.trouble(), Trouble::Silent);
 }
 
