@@ -1,6 +1,7 @@
 // A window with two text fields, one below the other. It is named by its first argument and stands where the next two say. What is
 // typed is reported on standard output, one line each.
 
+#include <plix/inspector/inspector.h>
 #include <plix/platform/appkit/NSApplication.h>
 #include <plix/platform/appkit/NSTextField.h>
 #include <plix/platform/appkit/NSWindow.h>
@@ -41,6 +42,7 @@ PLIX_DESCRIBE(Watcher)
 int run(std::string const& title, float x, float y)
 {
     auto& application = NSApplication::sharedApplication();
+    installInspector();
     auto const watcher = make<Watcher>();
     auto const window = make<NSWindow>(Rect { x, y, 300, 100 }, NSTitledWindowMask, NSBackingStoreBuffered, false);
     window->setTitle(title);
