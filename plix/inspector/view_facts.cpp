@@ -22,9 +22,7 @@ std::string nameOfType(std::type_info const& type)
     int status = 0;
     std::unique_ptr<char, void (*)(void*)> const readable(
         abi::__cxa_demangle(type.name(), nullptr, nullptr, &status), [](void* text) { std::free(text); });
-    std::string name = readable ? readable.get() : type.name();
-    auto const qualified = name.rfind("::");
-    return qualified == std::string::npos ? name : name.substr(qualified + 2);
+    return shortTypeName(readable ? readable.get() : type.name());
 }
 
 // The control is not asked: it would take in what is being edited.

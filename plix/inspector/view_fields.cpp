@@ -33,6 +33,26 @@ std::string shortened(std::string const& text, std::size_t longest)
     return shown;
 }
 
+bool isOfIdentifier(char byte)
+{
+    return (byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z') || (byte >= '0' && byte <= '9') || byte == '_'
+        || byte == '~';
+}
+
+/// What stands in brackets at the end of a text: arguments of functions and templates, and functions without a name.
+void dropBrackets(std::string& text)
+{
+    auto const isClosing = [](char byte) { return byte == ')' || byte == '>' || byte == '}'; };
+    auto const isOpening = [](char byte) { return byte == '(' || byte == '<' || byte == '{'; };
+    while (!text.empty() && isClosing(text.back())) {
+        int depth = 0;
+        do {
+            depth += isClosing(text.back()) ? 1 : isOpening(text.back()) ? -1 : 0;
+            text.pop_back();
+        } while (depth > 0 && !text.empty());
+    }
+}
+
 std::string yesOrNo(bool value)
 {
     return value ? "Yes" : "No";
@@ -51,6 +71,26 @@ bool findPath(ViewNode const& node, std::uint64_t id, std::vector<ViewNode const
     return false;
 }
 
+}
+
+std::string shortTypeName(std::string_view name)
+{
+    static constexpr std::string_view scope = "::";
+    static constexpr std::string_view constant = " const";
+    std::string shown;
+    for (std::size_t at = 0; at < name.size();) {
+        if (name.substr(at, scope.size()) != scope) {
+            shown += name[at++];
+            continue;
+        }
+        at += scope.size();
+        if (shown.ends_with(constant))
+            shown.resize(shown.size() - constant.size());
+        dropBrackets(shown);
+        while (!shown.empty() && isOfIdentifier(shown.back()))
+            shown.pop_back();
+    }
+    return shown;
 }
 
 std::vector<ViewNode const*> pathToView(ViewNode const& top, std::uint64_t id)

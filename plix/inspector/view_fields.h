@@ -5,9 +5,14 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace plix {
+
+/// The name of a C++ type without the namespaces, classes and functions that it is in: "Fixed<NSView>" for
+/// "plix::Fixed<plix::NSView>".
+std::string shortTypeName(std::string_view);
 
 /// A view of a tree, as it is shown in a line of an outline.
 struct ViewNode {

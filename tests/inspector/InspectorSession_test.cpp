@@ -136,12 +136,17 @@ TEST_F(InspectorTest, TakesTitlesFromButtonsBoxesAndFieldsWithoutEndingAnEdit)
     EXPECT_NE(field->currentEditor(), nullptr);
 }
 
+template <typename View> class Fixed final : public View {
+};
+
 TEST_F(InspectorTest, NamesClassesThatAreNotDescribed)
 {
+    content->addSubview(*make<Fixed<NSView>>(Rect { 0, 0, 1, 1 }));
     class Special final : public NSView { };
     content->addSubview(*make<Special>(Rect { 0, 0, 1, 1 }));
     open();
-    EXPECT_EQ(panel().views().tree().children[2].className, "Special (NSView)");
+    EXPECT_EQ(panel().views().tree().children[2].className, "Fixed<NSView> (NSView)");
+    EXPECT_EQ(panel().views().tree().children[3].className, "Special (NSView)");
 }
 
 TEST_F(InspectorTest, FollowsWhatHappensToTheViews)

@@ -58,6 +58,27 @@ TEST(ViewFields, NameNothingThatGivesWay)
     EXPECT_EQ(autoresizingText(63), "Min X Margin, Width, Max X Margin, Min Y Margin, Height, Max Y Margin");
 }
 
+TEST(ViewFields, NameTypesShortly)
+{
+    struct {
+        char const* full;
+        char const* shown;
+    } const rows[] {
+        { "plix::NSView", "NSView" },
+        { "NSView", "NSView" },
+        { "(anonymous namespace)::Form", "Form" },
+        { "plix::(anonymous namespace)::Fixed<plix::NSTableView>", "Fixed<NSTableView>" },
+        { "a::Pair<b::One, c::Two<d::Three> >", "Pair<One, Two<Three> >" },
+        { "a::Outer<b::One>::Inner", "Inner" },
+        { "plix::test::body(int, std::vector<int>)::Local", "Local" },
+        { "plix::Test::body() const::Local", "Local" },
+        { "plix::Test::body()::{lambda(int)#1}::operator()(int) const::Local", "Local" },
+        { "", "" },
+    };
+    for (auto const& row : rows)
+        EXPECT_EQ(shortTypeName(row.full), row.shown) << row.full;
+}
+
 TEST(ViewNode, IsCalledByClassAndTitle)
 {
     ViewNode node { 1, "NSButton", "", {}, false, {} };
