@@ -87,11 +87,22 @@ void JobController::cancel()
         m_job->cancel();
 }
 
+// The window and its delegate hold each other until then.
+void JobController::closeWindow()
+{
+    m_timer->invalidate();
+    if (!m_window)
+        return;
+    m_window->setDelegate(nullptr);
+    m_window->close();
+    m_window = nullptr;
+}
+
 // The application ends: nobody is left to be told.
 void JobController::abandon()
 {
-    m_timer->invalidate();
     m_job = nullptr;
+    closeWindow();
 }
 
 void JobController::progressWindowCanceled(PLIXProgressWindow& window)
@@ -105,12 +116,7 @@ void JobController::end()
 {
     Ref<JobController> const protector(this);
     auto const job = std::move(m_job);
-    m_timer->invalidate();
-    if (m_window) {
-        m_window->setDelegate(nullptr);
-        m_window->close();
-        m_window = nullptr;
-    }
+    closeWindow();
     m_finished(job->report());
 }
 

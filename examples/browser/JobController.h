@@ -44,6 +44,7 @@ public:
 private:
     void look();
     void showProgress();
+    void closeWindow();
     void end();
     void abandon();
 

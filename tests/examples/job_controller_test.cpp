@@ -146,6 +146,7 @@ TEST_F(JobControllerTest, IsCanceledWhenTheApplicationEnds)
     app().setExitHandler([] {});
     app().terminate(nullptr);
     EXPECT_FALSE(controller->isRunning());
+    EXPECT_FALSE(controller->window());
     EXPECT_EQ(timesFinished, 0);
 }
 
