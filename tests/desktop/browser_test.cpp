@@ -130,9 +130,12 @@ TEST_F(FilesWindow, ComesBackWhereItWas)
     TestFolder const home;
     std::vector<std::string> const environment { "HOME=" + home.path(), "XDG_CONFIG_HOME=" + home / "config" };
     auto& first = startBrowser(folder, environment);
+    ASSERT_TRUE(waitUntil([this] { return isDrawn(); }));
+    auto const statusBar = colours("before").back();
     tool({ "wmctrl", "-r", "plenty", "-e", "0,40,60,640,420" });
     EXPECT_TRUE(waitUntil([this] { return placeOf("plenty").width == 640; }));
     auto const left = placeOf("plenty");
+    EXPECT_TRUE(waitForPixel(left.x + left.width / 2, left.y + left.height - 1, statusBar));
     tool({ "wmctrl", "-c", "plenty" });
     EXPECT_EQ(first.process().waitForEnd(), 0);
     startBrowser(folder, environment);
