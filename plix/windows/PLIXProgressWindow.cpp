@@ -68,9 +68,12 @@ void PLIXProgressWindow::setCancelHidden(bool hidden)
     if (hidden == m_cancelHidden)
         return;
     Ref<PLIXProgressWindow> const protector(this);
-    m_cancelButton->setEnabled(!hidden);
-    m_cancelButton->setHidden(hidden);
-    float const width = m_cancelButton->bounds().width;
+    auto const button = m_cancelButton;
+    if (button) {
+        button->setEnabled(!hidden);
+        button->setHidden(hidden);
+    }
+    float const width = button ? button->bounds().width : 0;
     Rect changed = frame();
     changed.width += hidden ? -width : width;
     setFrame(changed, true);

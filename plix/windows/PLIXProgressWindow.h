@@ -56,7 +56,8 @@ public:
 
     /// The button's action.
     virtual void cancelButton(NSObject* sender);
-    /// Without Cancel the window is as much narrower as the button is wide; the left edge stays.
+    /// Without Cancel the window is as much narrower as the button is wide; the left edge stays. Where the interface
+    /// file has no button, only the answer changes.
     bool isCancelHidden() const { return m_cancelHidden; }
     virtual void setCancelHidden(bool);
 

@@ -54,6 +54,8 @@ public:
     virtual void windowDidResize2(NSNotification const&);
     virtual void orderFront2(NSObject* sender);
 
+    /// Makes the indicator's view, which is in no view yet, in place of the one that was, and answers it.
+    virtual Ref<NSImageView> initResizeIndicatorView();
     /// Puts the indicator where it belongs, above all other views of the content, if the window is resizable and shows one. Each
     /// display() does.
     virtual void refreshResizeIndicator();
@@ -74,10 +76,6 @@ public:
     void setFrame(Rect, bool display, bool animate) override;
     /// A frame taller than the screen's visible part keeps its size and has its top edge at the visible part's.
     Rect constrainFrameRect(Rect, NSScreen*) override;
-
-protected:
-    /// Makes the indicator's view, which is in no view yet, and answers it.
-    virtual Ref<NSImageView> initResizeIndicatorView();
 
 private:
     enum class FirstBackground { wholeImage, byMode };

@@ -7,6 +7,7 @@
 #include <plix/platform/appkit/NSButton.h>
 #include <plix/platform/appkit/NSCell.h>
 #include <plix/platform/appkit/NSImageView.h>
+#include <plix/platform/appkit/NSMenuItem.h>
 #include <plix/platform/appkit/NSModalSession.h>
 #include <plix/platform/appkit/NSNib.h>
 #include <plix/platform/graphics/NSImage.h>
@@ -18,6 +19,20 @@
 #include <algorithm>
 
 namespace plix {
+
+namespace {
+
+long tagOf(NSObject const* sender)
+{
+    if (auto const* view = dynamic_cast<NSView const*>(sender))
+        return view->tag();
+    if (auto const* cell = dynamic_cast<NSCell const*>(sender))
+        return cell->tag();
+    auto const* item = dynamic_cast<NSMenuItem const*>(sender);
+    return item ? item->tag() : 0;
+}
+
+}
 
 PLIX_DESCRIBE(TQAlert)
 {
@@ -100,8 +115,7 @@ int TQAlert::runAsSheetForWindow(NSWindow& parent)
 
 void TQAlert::button(NSObject* sender)
 {
-    auto const* pressed = dynamic_cast<NSView const*>(sender);
-    NSApp->stopModalWithCode(pressed ? pressed->tag() : 0);
+    NSApp->stopModalWithCode(tagOf(sender));
 }
 
 // Contents.

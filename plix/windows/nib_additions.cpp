@@ -34,8 +34,10 @@ void rememberTopLevelObjects(std::vector<Ref<NSObject>> const& objects, NSObject
 {
     if (!PLIXNSNibAdditionsRememberedTopLevelObjects)
         PLIXNSNibAdditionsRememberedTopLevelObjects = new std::map<std::string, std::vector<Ref<NSObject>>>;
+    // They may be the very array that is there.
+    auto kept = objects;
     // What was there goes last: its destructors may come back to the dictionary.
-    auto const earlier = std::exchange((*PLIXNSNibAdditionsRememberedTopLevelObjects)[keyOf(owner)], objects);
+    auto const earlier = std::exchange((*PLIXNSNibAdditionsRememberedTopLevelObjects)[keyOf(owner)], std::move(kept));
 }
 
 void forgetTopLevelObjectsForOwner(NSObject const* owner)

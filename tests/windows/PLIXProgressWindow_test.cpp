@@ -163,6 +163,31 @@ TEST_F(PLIXProgressWindowTest, IsNarrowerByTheButtonWithoutCancel)
     EXPECT_EQ(window->frame(), before);
 }
 
+TEST_F(PLIXProgressWindowTest, WithoutAButtonOnlyTheAnswerChanges)
+{
+    TestFolder const folder;
+    folder.write("ProgressWindow.xib", R"(<?xml version="1.0"?><document type="com.apple.InterfaceBuilder3.Cocoa.XIB" version="3.0">
+        <objects><customObject id="-2" customClass="PLIXProgressWindowNIBLoader"><connections>
+        <outlet property="progressWindow" destination="1" id="30"/></connections></customObject>
+        <window title="Bare" releasedWhenClosed="NO" visibleAtLaunch="NO" id="1" customClass="PLIXProgressWindow">
+        <windowStyleMask key="styleMask" titled="YES"/><rect key="contentRect" x="40" y="46" width="300" height="104"/>
+        <view key="contentView" id="2"><rect key="frame" x="0" y="0" width="300" height="104"/></view></window>
+        </objects></document>)");
+    auto const bareBundle = NSBundle::bundleWithPath(folder.path());
+    NSBundle::registerBundle("plix", *bareBundle);
+    auto const bare = make<PLIXProgressWindow>();
+    NSBundle::registerBundle("plix", NSBundle::libraryBundle());
+    ASSERT_TRUE(bare);
+    EXPECT_EQ(bare->cancelButton(), nullptr);
+    EXPECT_EQ(bare->iconView(), nullptr);
+    Rect const before = bare->frame();
+    for (bool const hidden : { true, false }) {
+        bare->setCancelHidden(hidden);
+        EXPECT_EQ(bare->isCancelHidden(), hidden);
+        EXPECT_EQ(bare->frame(), before);
+    }
+}
+
 TEST_F(PLIXProgressWindowTest, TellsItsDelegateOfCancelAndDoesNothingElse)
 {
     auto const delegate = make<CancelReceiver>();
@@ -209,6 +234,19 @@ TEST_F(PLIXProgressWindowTest, HoldsItsDelegate)
     Weak<NSObject> const last(window->delegate());
     window = nullptr;
     EXPECT_FALSE(last);
+}
+
+TEST_F(PLIXProgressWindowTest, ADelegateSetAgainStays)
+{
+    window->setDelegate(make<CancelReceiver>());
+    auto* const delegate = dynamic_cast<CancelReceiver*>(window->delegate());
+    Weak<CancelReceiver> const watched(delegate);
+    window->setDelegate(Ref<CancelReceiver>(delegate));
+    ASSERT_TRUE(watched);
+    EXPECT_EQ(window->delegate(), delegate);
+    show();
+    clickCenter(*window->cancelButton());
+    EXPECT_EQ(delegate->count, 1);
 }
 
 TEST_F(PLIXProgressWindowTest, ItsDelegateMayLetGoOfItWhenItIsCanceled)

@@ -277,20 +277,37 @@ TEST_F(PLIXWindowTest, MakesTheBackgroundBeforeThePlainSetterAndAfterTheAnimated
     window->heights.clear();
     window->displays = 0;
     window->setFrame({ 0, 0, 200, 250 }, false, false);
-    // The platform goes through the plain setter on its way.
-    EXPECT_EQ(window->heights, (std::vector { 150.0F, 250.0F }));
-    EXPECT_EQ(window->displays, 2);
+    EXPECT_EQ(window->heights, std::vector { 250.0F });
+    EXPECT_EQ(window->displays, 1);
     EXPECT_EQ(patternOf(*window)->size().height, 250);
 }
 
 TEST_F(PLIXWindowTest, AnAnimatedFrameArrivesWithItsBackground)
 {
-    auto const window = windowOfHeight(300);
+    auto const window = make<OrderedWindow>(Rect { 100, 100, 200, 278 }, usualStyle, NSBackingStoreBuffered, false);
     window->makeKeyAndOrderFront(nullptr);
     pump();
+    window->heights.clear();
+    window->displays = 0;
     window->setFrame({ 50, 60, 260, 420 }, true, true);
     EXPECT_EQ(window->frame(), (Rect { 50, 60, 260, 420 }));
+    EXPECT_EQ(window->heights, std::vector { 420.0F });
+    EXPECT_EQ(window->displays, 1);
     EXPECT_EQ(patternOf(*window)->size().height, 420);
+}
+
+TEST_F(PLIXWindowTest, MovingMakesNoBackground)
+{
+    auto const window = make<OrderedWindow>(Rect { 100, 100, 200, 278 }, usualStyle, NSBackingStoreBuffered, false);
+    window->heights.clear();
+    window->setFrameOrigin({ 3, 4 });
+    EXPECT_EQ(window->frame(), (Rect { 3, 4, 200, 300 }));
+    window->setFrameTopLeftPoint({ 5, 400 });
+    EXPECT_EQ(window->frame(), (Rect { 5, 100, 200, 300 }));
+    window->center();
+    EXPECT_NE(window->frame().x, 5);
+    EXPECT_TRUE(window->heights.empty());
+    EXPECT_EQ(window->displays, 0);
 }
 
 TEST_F(PLIXWindowTest, AsItsOwnDelegateFollowsAResizeByHand)
@@ -347,6 +364,15 @@ TEST_F(PLIXWindowTest, FramesTallerThanTheScreenHangBelowIt)
     EXPECT_EQ(window->constrainFrameRect({ 20, -50, 400, 100 }, nullptr), (Rect { 20, -50, 400, 100 }));
 }
 
+TEST_F(PLIXWindowTest, TheVisiblePartsUpperEdgeCountsWhereItBeginsHigherUp)
+{
+    display().setScreens({ { { 0, 0, 1000, 900 }, { 40, 70, 960, 800 }, 1 } });
+    auto const window = windowOfHeight(300);
+    EXPECT_EQ(window->constrainFrameRect({ 20, 50, 400, 900 }, nullptr), (Rect { 20, -30, 400, 900 }));
+    EXPECT_EQ(window->constrainFrameRect({ 20, -400, 400, 801 }, nullptr), (Rect { 20, 69, 400, 801 }));
+    EXPECT_EQ(window->constrainFrameRect({ 20, 90, 400, 800 }, nullptr), (Rect { 20, 70, 400, 800 }));
+}
+
 TEST_F(PLIXWindowTest, ComesOnScreenWithItsTopThere)
 {
     display().setScreens({ { { 0, 0, 1000, 830 }, { 0, 0, 1000, 800 }, 1 } });
@@ -374,6 +400,17 @@ TEST_F(PLIXWindowTest, ShowsItsIndicatorInTheCornerAboveAllOthers)
     EXPECT_EQ(window->contentView()->subviews().back(), indicator);
     window->setFrame({ 0, 0, 400, 322 }, false);
     EXPECT_EQ(indicator->frame(), (Rect { 400 - 17, 6, 12, 12 }));
+}
+
+TEST_F(PLIXWindowTest, AnIndicatorMadeAnewIsInNoViewAndTakesTheOthersPlace)
+{
+    auto const window = windowOfHeight(300);
+    Weak<NSImageView> const first(window->resizeIndicatorView());
+    auto const made = window->initResizeIndicatorView();
+    EXPECT_FALSE(first);
+    EXPECT_EQ(window->resizeIndicatorView(), made.get());
+    EXPECT_EQ(made->superview(), nullptr);
+    EXPECT_EQ(made->frame(), (Rect { 200 - 17, 6, 12, 12 }));
 }
 
 TEST_F(PLIXWindowTest, IsShownWithTheFirstFrameOnScreen)

@@ -6,6 +6,7 @@
 #include <plix/platform/appkit/NSButton.h>
 #include <plix/platform/appkit/NSButtonCell.h>
 #include <plix/platform/appkit/NSImageView.h>
+#include <plix/platform/appkit/NSMenuItem.h>
 #include <plix/platform/appkit/NSScreen.h>
 #include <plix/platform/base/NSLog.h>
 #include <plix/platform/foundation/NSBundle.h>
@@ -244,9 +245,18 @@ TEST_F(TQAlertTest, TextsEndAtAThousandPoints)
     std::string text;
     for (int line = 0; line < 200; ++line)
         text += "line\n";
-    alert->setMessage(text);
-    EXPECT_LE(alert->messageField()->frame().height, 1000);
-    EXPECT_GT(alert->messageField()->frame().height, 900);
+    struct Row {
+        void (TQAlert::*set)(std::string_view);
+        PLIXChiseledTextField* field;
+    };
+    for (auto const& row :
+        { Row { &TQAlert::setMessage, alert->messageField() }, Row { &TQAlert::setStatement, alert->statementField() } }) {
+        float const windowBefore = alert->window()->frame().height;
+        float const before = row.field->frame().height;
+        (*alert.*row.set)(text);
+        EXPECT_EQ(row.field->frame().height, 1000);
+        EXPECT_EQ(alert->window()->frame().height, windowBefore + 1000 - before);
+    }
 }
 
 // Running.
@@ -329,11 +339,24 @@ TEST_F(TQAlertTest, AnswersThatItWasAborted)
     EXPECT_EQ(alert->runModal(), 1);
 }
 
-TEST_F(TQAlertTest, WhoeverIsNoViewEndsARunWithZero)
+TEST_F(TQAlertTest, AnswersTheTagOfWhateverSends)
 {
     auto const alert = alertWith();
-    person().then([&] { alert->button(nullptr); });
-    EXPECT_EQ(alert->runModal(), 0);
+    auto const cell = make<NSButtonCell>("Cell");
+    cell->setTag(41);
+    auto const item = make<NSMenuItem>("Item", Selector(), "");
+    item->setTag(42);
+    auto const control = make<NSButton>(Rect {});
+    control->setTag(43);
+    struct Row {
+        NSObject* sender;
+        int expected;
+    };
+    for (auto const& row :
+        { Row { cell.get(), 41 }, Row { item.get(), 42 }, Row { control.get(), 43 }, Row { alert.get(), 0 }, Row { nullptr, 0 } }) {
+        person().then([&] { alert->button(row.sender); });
+        EXPECT_EQ(alert->runModal(), row.expected);
+    }
 }
 
 TEST_F(TQAlertTest, MayBeLetGoWhileItRuns)

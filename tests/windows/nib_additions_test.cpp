@@ -90,6 +90,32 @@ TEST_F(NibAdditions, RememberingAgainFreesWhatWasRememberedBefore)
     EXPECT_EQ(remembered(), 1U);
 }
 
+TEST_F(NibAdditions, RememberingTheArrayThatIsRememberedKeepsIt)
+{
+    instantiateNibWithOwner(*helperNib, owner.get(), true);
+    rememberTopLevelObjects(PLIXNSNibAdditionsRememberedTopLevelObjects->begin()->second, owner.get());
+    EXPECT_EQ(NibHelper::alive, 1);
+    EXPECT_EQ(PLIXNSNibAdditionsRememberedTopLevelObjects->begin()->second.size(), 1U);
+    forgetTopLevelObjectsForOwner(owner.get());
+    EXPECT_EQ(NibHelper::alive, 0);
+}
+
+TEST_F(NibAdditions, ForgettingOneOwnerLeavesTheOthers)
+{
+    auto const other = make<NibOwner>();
+    instantiateNibWithOwner(*helperNib, owner.get(), true);
+    instantiateNibWithOwner(*helperNib, other.get(), true);
+    EXPECT_EQ(NibHelper::alive, 2);
+    EXPECT_EQ(remembered(), 2U);
+    forgetTopLevelObjectsForOwner(owner.get());
+    EXPECT_EQ(NibHelper::alive, 1);
+    EXPECT_EQ(remembered(), 1U);
+    auto const key = std::to_string(reinterpret_cast<std::uintptr_t>(other.get()));
+    EXPECT_EQ(PLIXNSNibAdditionsRememberedTopLevelObjects->count(key), 1U);
+    forgetTopLevelObjectsForOwner(other.get());
+    EXPECT_EQ(NibHelper::alive, 0);
+}
+
 TEST_F(NibAdditions, RemembersNothingOfALoadThatFails)
 {
     auto const broken = nib(document(R"(<scrollView id="1"><clipView key="contentView" id="2"><subviews>

@@ -77,9 +77,28 @@ TEST(BackgroundPlan, FollowsTheWindowsHeight)
     EXPECT_EQ(backgroundPlan(1, background, 450),
         (Pieces { { { 0, 200, 100, 200 }, { 0, 250, 100, 200 } }, { { 0, 200, 100, 2 }, { 0, 0, 100, 250 }, true },
             { { 0, 0, 100, 200 }, { 0, 0, 100, 200 } } }));
+    EXPECT_EQ(backgroundPlan(1, background, 399),
+        (Pieces { { { 0, 200, 100, 200 }, { 0, 199, 100, 200 } }, { { 0, 200, 100, 2 }, { 0, 0, 100, 199 }, true } }));
     EXPECT_EQ(backgroundPlan(2, background, 300), (Pieces { { { 0, 200, 100, 200 }, { 0, 0, 100, 300 } } }));
     EXPECT_TRUE(backgroundPlan(0, background, 300).empty());
     EXPECT_TRUE(backgroundPlan(7, background, 300).empty());
+}
+
+TEST(BackgroundPlan, HalvesAnOddHeightExactly)
+{
+    Size const background { 100, 401 };
+    using Pieces = std::vector<BackgroundPiece>;
+    Rect const upper { 0, 200.5F, 100, 200.5F };
+    Rect const strip { 0, 200.5F, 100, 2 };
+    EXPECT_EQ(backgroundPlan(1, background, 200), (Pieces { { { 0, 201, 100, 200 }, { 0, 0, 100, 200 } } }));
+    EXPECT_EQ(
+        backgroundPlan(1, background, 201), (Pieces { { upper, { 0, 0.5F, 100, 200.5F } }, { strip, { 0, 0, 100, 0.5F }, true } }));
+    EXPECT_EQ(backgroundPlan(1, background, 400),
+        (Pieces { { upper, { 0, 199.5F, 100, 200.5F } }, { strip, { 0, 0, 100, 199.5F }, true } }));
+    EXPECT_EQ(backgroundPlan(1, background, 401),
+        (Pieces { { upper, { 0, 200.5F, 100, 200.5F } }, { strip, { 0, 0, 100, 200.5F }, true },
+            { { 0, 0, 100, 200.5F }, { 0, 0, 100, 200.5F } } }));
+    EXPECT_EQ(backgroundPlan(2, background, 300), (Pieces { { upper, { 0, 0, 100, 300 } } }));
 }
 
 TEST(ResizeIndicator, KeepsItsDistanceFromTheLowerRightCorner)
@@ -91,6 +110,7 @@ TEST(ResizeIndicator, KeepsItsDistanceFromTheLowerRightCorner)
 TEST(FrameWithTopVisible, MovesOnlyUpOrDown)
 {
     EXPECT_EQ(frameWithTopVisible({ 20, 50, 400, 900 }, { 0, 0, 1000, 800 }), (Rect { 20, -100, 400, 900 }));
+    EXPECT_EQ(frameWithTopVisible({ 20, 50, 400, 900 }, { 40, 70, 960, 800 }), (Rect { 20, -30, 400, 900 }));
 }
 
 TEST(DatePanelLayout, StandsSideBySideWithTheButtonBelow)

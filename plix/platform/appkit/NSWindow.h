@@ -107,7 +107,7 @@ public:
     Rect frame() const;
     /// With `display`, what is dirty afterwards is drawn before this answers. Kept within the minimum and maximum size.
     virtual void setFrame(Rect, bool display);
-    /// Animated: answers when the window has arrived.
+    /// Animated: answers when the window has arrived. Goes its way without the setter above, as do all that only move the window.
     virtual void setFrame(Rect, bool display, bool animate);
     void setFrameOrigin(Point);
     void setFrameTopLeftPoint(Point);

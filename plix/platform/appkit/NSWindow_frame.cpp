@@ -140,17 +140,22 @@ Rect NSWindow::Internals::limited(Rect rect) const
 
 void NSWindow::setFrame(Rect frame, bool display)
 {
-    Ref<NSWindow> const protector(this);
-    Rect const before = m->content;
-    Rect const content = m->contentInside(m->limited(frame));
-    if (content != before) {
-        m->content = content;
+    m->setFrame(frame, display);
+}
+
+void NSWindow::Internals::setFrame(Rect frameRect, bool display)
+{
+    Ref<NSWindow> const protector(self);
+    Rect const before = content;
+    Rect const changed = contentInside(limited(frameRect));
+    if (changed != before) {
+        content = changed;
         // The host answers with what it made of it, which is another change where it differs.
-        m->placeHost();
-        m->contentRectChanged(before);
+        placeHost();
+        contentRectChanged(before);
     }
     if (display)
-        displayIfNeeded();
+        self.displayIfNeeded();
 }
 
 void NSWindow::Internals::placeHost()
@@ -205,11 +210,11 @@ void NSWindow::setFrame(Rect frame, bool display, bool animate)
     if (animate && isVisible()) {
         runWindowAnimation(animationResizeTime(frame), [&](float progress) {
             if (isVisible())
-                setFrame(between(from, frame, progress), true);
+                m->setFrame(between(from, frame, progress), true);
             return isVisible();
         });
     }
-    setFrame(frame, display);
+    m->setFrame(frame, display);
 }
 
 NSTimeInterval NSWindow::animationResizeTime(Rect newFrame)
@@ -222,7 +227,7 @@ NSTimeInterval NSWindow::animationResizeTime(Rect newFrame)
 
 void NSWindow::setFrameOrigin(Point origin)
 {
-    setFrame(rectWith(origin, frame().size()), false);
+    m->setFrame(rectWith(origin, frame().size()), false);
 }
 
 void NSWindow::setFrameTopLeftPoint(Point topLeft)

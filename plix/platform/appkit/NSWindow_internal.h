@@ -151,6 +151,8 @@ struct NSWindow::Internals final : HostWindowClient {
     void takeHost(Internals& from);
     void updateExtents();
     void applySizeLimits();
+    /// What the window's setters do, for those that are no call of the one that classes override.
+    void setFrame(Rect frameRect, bool display);
     /// Gives the host's window the content's rectangle; while the window draws, when it has drawn.
     void placeHost();
     void contentRectChanged(Rect before);

@@ -92,16 +92,23 @@ TEST_F(NSWindowTest, AnAnimatedFrameChangeReturnsWhenItIsDone)
         using NSWindow::init;
         using NSWindow::setFrame;
         std::vector<Rect> steps;
+        int plainCalls { 0 };
         void setFrame(Rect frame, bool display) override
         {
+            ++plainCalls;
             NSWindow::setFrame(frame, display);
-            steps.push_back(this->frame());
+        }
+        void displayIfNeeded() override
+        {
+            steps.push_back(frame());
+            NSWindow::displayIfNeeded();
         }
     };
     auto const window = make<Watcher>(Rect { 0, 0, 300, 100 }, usualStyle, NSBackingStoreBuffered, false);
     window->makeKeyAndOrderFront(nullptr);
     pump();
     window->steps.clear();
+    window->plainCalls = 0;
     Rect const target { 0, 0, 600, 122 };
     EXPECT_NEAR(window->animationResizeTime(target), 0.4, 1e-6);
     auto const start = clock().uptime();
@@ -112,6 +119,7 @@ TEST_F(NSWindowTest, AnAnimatedFrameChangeReturnsWhenItIsDone)
     EXPECT_TRUE(std::ranges::is_sorted(window->steps, {}, &Rect::width));
     EXPECT_EQ(window->steps.back(), target);
     EXPECT_LT(window->steps.front().width, 350);
+    EXPECT_EQ(window->plainCalls, 0);
 }
 
 TEST_F(NSWindowTest, WithoutAnimationOrOffScreenItHappensAtOnce)
