@@ -205,9 +205,10 @@ double loudness(std::vector<float> const& samples)
     constexpr std::ptrdiff_t piece = PulseRecorder::rate / 20;
     std::vector<double> pieces;
     for (auto place = first; place < last; place += std::min(piece, last - place)) {
+        auto const end = place + std::min(piece, last - place);
         // The last one only where there is no other.
-        if (last - place >= piece || pieces.empty())
-            pieces.push_back(rootOfMeanSquare({ place, place + std::min(piece, last - place) }));
+        if ((end - place == piece || pieces.empty()) && std::any_of(place, end, isHeard))
+            pieces.push_back(rootOfMeanSquare({ place, end }));
     }
     if (pieces.empty())
         return 0;

@@ -86,7 +86,7 @@ private:
 };
 
 /// Root of the mean square of what is no silence, from the first sample louder than a whisper to the last: that of most pieces of
-/// 50 ms, since a busy machine drops some.
+/// 50 ms in which anything is heard, since a busy machine drops some, and speech pauses.
 double loudness(std::vector<float> const& samples);
 /// Of what is left of it without that many seconds at either end, where sounds rise and fall.
 double loudnessWithin(std::vector<float> const& samples, double margin = 0.1);

@@ -42,6 +42,9 @@ TEST(PulseServer, MeasuresStretchesOfSound)
     EXPECT_EQ(soundingStretches(samples, 0.2).size(), 1U);
     EXPECT_NEAR(soundingTime(samples), 0.3, 0.001);
     EXPECT_NEAR(loudness(samples), 0.5, 0.001);
+    // More silence than sound is between these.
+    fill(0.9, 1.0);
+    EXPECT_NEAR(loudness(samples), 0.5, 0.001);
 }
 
 }
