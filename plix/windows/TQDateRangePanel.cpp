@@ -64,9 +64,11 @@ Ref<NSButton> makeOKButton(TQDateRangePanel& panel)
     return button;
 }
 
-std::string const& formatOfEntry(NSTextField const& entry)
+// Empty where the host has given the entry another formatter or none.
+std::string formatOfEntry(NSTextField const& entry)
 {
-    return dynamic_cast<NSDateFormatter&>(*entry.formatter()).dateFormat();
+    auto const* formatter = dynamic_cast<NSDateFormatter const*>(entry.formatter());
+    return formatter ? formatter->dateFormat() : std::string {};
 }
 
 void show(NSObject* entry, NSCalendarDate const& date)
@@ -120,12 +122,8 @@ void TQDateRangePanel::makeEntries()
     if (!usesPickers())
         return makeTextFields();
     auto const* described = dateEntryClass();
-    for (auto* entry : { &m_fromObject, &m_toObject }) {
-        auto const view = makeDateEntry(described, entryFrame);
-        if (view)
-            dynamic_cast<DateEntry&>(*view).setShowsDatePickerButton(true);
-        *entry = view;
-    }
+    for (auto* entry : { &m_fromObject, &m_toObject })
+        *entry = makeDateEntry(described, entryFrame);
 }
 
 void TQDateRangePanel::makeTextFields()

@@ -49,15 +49,24 @@ Ref<NSTextField> makeEntry(NSTextField const& title, std::string_view widest, Re
     return field;
 }
 
-void moveTo(NSView& view, float x)
+// A subclass may do without any of the fields.
+void moveTo(NSView* view, float x)
 {
-    view.setFrameOrigin({ x, view.frame().y });
+    if (view)
+        view->setFrameOrigin({ x, view->frame().y });
+}
+
+void show(NSTextField* field, std::int64_t number)
+{
+    if (field)
+        field->setIntValue(static_cast<int>(number));
 }
 
 }
 
 PLIX_DESCRIBE(TQLegacyDatePicker)
 {
+    description.action("syncDateFromInterface:", &TQLegacyDatePicker::syncDateFromInterface);
 }
 
 TQLegacyDatePicker::TQLegacyDatePicker() = default;
@@ -97,7 +106,8 @@ void TQLegacyDatePicker::initFields()
     float const level = m_month_Field->frame().y;
     m_separator_Field = makeFixed(level, NSRegularControlSize, "/");
     m_separator2_Field = makeFixed(level, NSRegularControlSize, "/");
-    setDate(NSCalendarDate(m_date));
+    // A subclass's own setDate() waits until it has fields of its own.
+    TQLegacyDatePicker::setDate(NSCalendarDate(m_date));
 
     for (auto const& view : { m_month_Title_Field, m_year_Title_Field, m_day_Title_Field, m_month_Field, m_day_Field, m_year_Field,
              m_separator_Field, m_separator2_Field })
@@ -116,9 +126,9 @@ void TQLegacyDatePicker::setDate(std::optional<NSCalendarDate> const& date)
     if (!date)
         return;
     m_date = *date;
-    m_year_Field->setIntValue(static_cast<int>(m_date.yearOfCommonEra()));
-    m_month_Field->setIntValue(m_date.monthOfYear());
-    m_day_Field->setIntValue(m_date.dayOfMonth());
+    show(m_year_Field.get(), m_date.yearOfCommonEra());
+    show(m_month_Field.get(), m_date.monthOfYear());
+    show(m_day_Field.get(), m_date.dayOfMonth());
 }
 
 std::array<NSTextField*, 3> TQLegacyDatePicker::entries() const
@@ -126,23 +136,31 @@ std::array<NSTextField*, 3> TQLegacyDatePicker::entries() const
     return { m_month_Field.get(), m_day_Field.get(), m_year_Field.get() };
 }
 
-NSTextField& TQLegacyDatePicker::entry(DatePart part) const
+NSTextField* TQLegacyDatePicker::entry(DatePart part) const
 {
-    return part == DatePart::month ? *m_month_Field : part == DatePart::day ? *m_day_Field : *m_year_Field;
+    return part == DatePart::month ? m_month_Field.get() : part == DatePart::day ? m_day_Field.get() : m_year_Field.get();
 }
 
-NSTextField& TQLegacyDatePicker::title(DatePart part) const
+NSTextField* TQLegacyDatePicker::title(DatePart part) const
 {
-    return part == DatePart::month ? *m_month_Title_Field : part == DatePart::day ? *m_day_Title_Field : *m_year_Title_Field;
+    return part == DatePart::month ? m_month_Title_Field.get()
+        : part == DatePart::day    ? m_day_Title_Field.get()
+                                   : m_year_Title_Field.get();
 }
 
-// The first view beside a field on one side of the key view loop that is neither a field nor the picker.
+// The first view beside a field on one side of the key view loop that is neither a field nor the picker. A window that makes the
+// loop anew has the separators and titles in it: then it is the view beyond them.
 NSView* TQLegacyDatePicker::neighbor(NSView* (NSView::*side)() const) const
 {
     auto const fields = entries();
+    auto const isOwn = [&](NSView* view) { return view->isDescendantOf(*this) || std::ranges::find(fields, view) != fields.end(); };
     for (auto const* field : fields) {
-        auto* const view = (field->*side)();
-        if (view && view != this && std::ranges::find(fields, view) == fields.end())
+        auto* view = field ? (field->*side)() : nullptr;
+        if (view == this || std::ranges::find(fields, view) != fields.end())
+            continue;
+        while (view && view != field && isOwn(view))
+            view = (view->*side)();
+        if (view && !isOwn(view))
             return view;
     }
     return nullptr;
@@ -164,15 +182,19 @@ void TQLegacyDatePicker::setDateFormat(std::optional<std::string> const& format)
         moveTo(entry((*order)[i]), positions.entries[i]);
         moveTo(title((*order)[i]), positions.titles[i]);
     }
-    moveTo(*m_separator_Field, positions.separators[0]);
-    moveTo(*m_separator2_Field, positions.separators[1]);
+    moveTo(m_separator_Field.get(), positions.separators[0]);
+    moveTo(m_separator2_Field.get(), positions.separators[1]);
     setNeedsDisplay(true);
 
-    if (previous)
-        previous->setNextKeyView(&entry((*order)[0]));
-    entry((*order)[0]).setNextKeyView(&entry((*order)[1]));
-    entry((*order)[1]).setNextKeyView(&entry((*order)[2]));
-    entry((*order)[2]).setNextKeyView(next);
+    NSView* last = previous;
+    for (auto const part : *order) {
+        auto* const field = entry(part);
+        if (field && last)
+            last->setNextKeyView(field);
+        last = field ? field : last;
+    }
+    if (last)
+        last->setNextKeyView(next);
 }
 
 void TQLegacyDatePicker::syncDateFromInterface(NSObject*)

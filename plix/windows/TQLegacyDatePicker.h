@@ -39,7 +39,7 @@ public:
     /// Does nothing: what is typed does not change the date.
     virtual void syncDateFromInterface(NSObject* sender);
 
-    // The fields and their titles, and what stands between.
+    // The fields and their titles, and what stands between. Nil where a subclass's initFields() does not make them.
     NSTextField* month_Field() const { return m_month_Field.get(); }
     NSTextField* day_Field() const { return m_day_Field.get(); }
     NSTextField* year_Field() const { return m_year_Field.get(); }
@@ -58,8 +58,8 @@ protected:
 
 private:
     std::array<NSTextField*, 3> entries() const;
-    NSTextField& entry(DatePart) const;
-    NSTextField& title(DatePart) const;
+    NSTextField* entry(DatePart) const;
+    NSTextField* title(DatePart) const;
     NSView* neighbor(NSView* (NSView::*side)() const) const;
 
     Ref<NSTextField> m_month_Field;

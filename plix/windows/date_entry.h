@@ -6,7 +6,7 @@
 namespace plix {
 
 /// What a view must be besides a view to serve the date range panel as a field for a date. A plug-in's class derives from this
-/// and from NSView; the panel finds it by dynamic_cast.
+/// and from NSView; the panel finds it by dynamic_cast. An entry is made with init() and is given its frame afterwards.
 class PLIX_EXPORT DateEntry {
 public:
     /// Whether a button that opens a calendar stands in the field.

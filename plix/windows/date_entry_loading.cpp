@@ -20,9 +20,11 @@ Ref<NSView> makeDateEntry(Class const* described, Rect frame)
         return nullptr;
     auto const object = described->makeObject();
     Ref<NSView> const view(dynamic_cast<NSView*>(object.get()));
-    if (!view || !dynamic_cast<DateEntry*>(view.get()))
+    auto* const entry = dynamic_cast<DateEntry*>(view.get());
+    if (!entry)
         return nullptr;
     view->setFrame(frame);
+    entry->setShowsDatePickerButton(true);
     return view;
 }
 

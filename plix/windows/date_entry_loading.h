@@ -11,7 +11,8 @@ class NSView;
 /// The class "PLIXTextDatePicker" of the plug-in bundle "DatePicker" that lies in the main bundle; null where there is none.
 Class const* dateEntryClass();
 
-/// A new object of the class with that frame. Null for no class, and for one that is no NSView or no DateEntry.
+/// A new object of the class with that frame and the button that opens a calendar. Null for no class, and for one that is no NSView
+/// or no DateEntry.
 Ref<NSView> makeDateEntry(Class const*, Rect frame);
 
 }

@@ -4,6 +4,8 @@
 #include <tests/support/pixels.h>
 
 #include <plix/controls/PLIXChiseledTextField.h>
+#include <plix/format/TQTimeIntervalFormatter.h>
+#include <plix/platform/appkit/NSApplication.h>
 #include <plix/platform/appkit/NSButton.h>
 #include <plix/platform/appkit/NSDatePicker.h>
 #include <plix/platform/appkit/NSTextField.h>
@@ -297,6 +299,27 @@ TEST_F(DateRangePanelTest, MayRunAgainAndAbove)
     EXPECT_EQ(written(first->fromDate()), "2030-01-01 09:05:30");
 }
 
+TEST_F(DateRangePanelTest, RunAnswersWhatItEndedWith)
+{
+    struct Row {
+        int code;
+        bool expected;
+    };
+    for (auto const& row : { Row { 0, false }, Row { 1, true }, Row { NSRunAbortedResponse, true } }) {
+        makePanel(day(2027, 3, 14), day(2027, 4, 1));
+        later([&] { app().stopModalWithCode(row.code); });
+        EXPECT_EQ(panel->run(), row.expected) << row.code;
+        // Whoever ended it otherwise than with OK leaves it open and its dates as they were.
+        EXPECT_TRUE(panel->isVisible());
+        EXPECT_EQ(written(panel->fromDate()), "2027-03-14 09:05:30");
+        panel->orderOut(nullptr);
+    }
+    makePanel(day(2027, 3, 14), day(2027, 4, 1));
+    later([&] { app().abortModal(); });
+    EXPECT_TRUE(panel->run());
+    panel->orderOut(nullptr);
+}
+
 // MARK: text fields
 
 class OldDateRangePanelTest : public DateRangePanelTest {
@@ -366,6 +389,32 @@ TEST_F(OldDateRangePanelTest, WhatIsNoDateBecomesThePresentOne)
     EXPECT_EQ(written(panel->toDate()).substr(0, 10), "2027-04-01");
 }
 
+TEST_F(OldDateRangePanelTest, ATextThatDoesNotParseBecomesThePresentDate)
+{
+    makePanel(day(2027, 3, 14), day(2027, 4, 1));
+    later([this] {
+        fromField().setFormatter(nullptr);
+        fromField().setStringValue("no date");
+        toField().setStringValue("2/3/28");
+    });
+    pressOK();
+    EXPECT_TRUE(panel->run());
+    EXPECT_EQ(written(panel->fromDate()), written(NSCalendarDate::calendarDate()));
+    EXPECT_EQ(written(panel->toDate()).substr(0, 10), "2028-02-03");
+}
+
+TEST_F(OldDateRangePanelTest, ToleratesOtherFormattersAndNone)
+{
+    makePanel(day(2027, 3, 14), day(2027, 4, 1));
+    fromField().setFormatter(nullptr);
+    toField().setFormatter(make<TQTimeIntervalFormatter>());
+    std::string shown;
+    later([&] { shown = fromField().stringValue(); });
+    pressOK();
+    EXPECT_TRUE(panel->run());
+    EXPECT_EQ(shown, "");
+}
+
 TEST_F(OldDateRangePanelTest, ARefusedTextKeepsThePanelOpen)
 {
     makePanel(day(2027, 3, 14), day(2027, 4, 1));
@@ -427,9 +476,10 @@ class PlainEntry : public NSView, public DateEntry {
 
 public:
     using NSView::init;
-    void setShowsDatePickerButton(bool) override { }
+    void setShowsDatePickerButton(bool shows) override { showsButton = shows; }
     void setDateValue(NSDate) override { }
     NSDate dateValue() const override { return {}; }
+    bool showsButton { false };
 };
 
 PLIX_DESCRIBE(PlainEntry)
@@ -445,6 +495,7 @@ TEST_F(DateRangePanelTest, WhatIsNoViewOrNoDateEntryCountsAsMissing)
     auto const entry = makeDateEntry(&PlainEntry::staticClass(), frame);
     ASSERT_TRUE(entry);
     EXPECT_EQ(entry->frame(), frame);
+    EXPECT_TRUE(dynamic_cast<PlainEntry&>(*entry).showsButton);
 }
 
 // MARK: looks

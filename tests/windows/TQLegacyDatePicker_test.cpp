@@ -312,8 +312,110 @@ TEST_F(LegacyDatePickerTest, ANeighborThatIsMissingIsPassedOver)
     // The picker itself does not count.
     picker->setNextKeyView(picker->day_Field());
     picker->setDateFormat("%m/%d/%Y");
-    EXPECT_EQ(picker->nextKeyView(), picker->day_Field()->previousKeyView() == picker.get() ? picker->day_Field() : nullptr);
+    EXPECT_EQ(picker->nextKeyView(), nullptr);
     EXPECT_EQ(picker->month_Field()->nextKeyView(), picker->day_Field());
+    EXPECT_EQ(picker->month_Field()->previousKeyView(), nullptr);
+}
+
+TEST_F(LegacyDatePickerTest, TheMonthsNeighborCountsBeforeThoseOfTheOthers)
+{
+    std::vector<Ref<NSView>> outside;
+    for (int i = 0; i < 6; ++i)
+        outside.push_back(make<NSView>(Rect { 0, 0, 10, 10 }));
+    auto const fields = entries();
+    for (std::size_t i = 0; i < 3; ++i) {
+        outside[i]->setNextKeyView(fields[i]);
+        fields[i]->setNextKeyView(outside[i + 3].get());
+    }
+    picker->setDateFormat("%Y-%d-%m");
+    EXPECT_EQ(picker->year_Field()->previousKeyView(), outside[0].get());
+    EXPECT_EQ(picker->month_Field()->nextKeyView(), outside[3].get());
+}
+
+TEST_F(LegacyDatePickerTest, TabLeavesAfterTheWindowMadeItsLoopAnew)
+{
+    auto const window = showWindow();
+    auto const before = make<NSTextField>(Rect { 10, 200, 80, 22 });
+    auto const after = make<NSTextField>(Rect { 10, 0, 80, 18 });
+    for (auto const& view : { Ref<NSView>(before), Ref<NSView>(picker), Ref<NSView>(after) })
+        window->contentView()->addSubview(*view);
+    for (auto const* format : { "%m/%d/%Y", "%Y-%m-%d", "%d %Y %m" }) {
+        window->recalculateKeyViewLoop();
+        picker->setDateFormat(format);
+        auto ordered = entries();
+        std::ranges::sort(ordered, {}, [](NSTextField const* field) { return field->frame().x; });
+        EXPECT_EQ(before->nextKeyView(), ordered[0]) << format;
+        EXPECT_EQ(ordered[2]->nextKeyView(), after.get()) << format;
+        window->makeFirstResponder(ordered[2]);
+        key(NSTabCharacter);
+        EXPECT_TRUE(after->currentEditor()) << format;
+    }
+}
+
+// MARK: subclasses
+
+class FieldlessPicker : public TQLegacyDatePicker {
+    PLIX_CLASS(FieldlessPicker, TQLegacyDatePicker);
+
+public:
+    using TQLegacyDatePicker::init;
+
+protected:
+    void initFields() override { }
+};
+
+PLIX_DESCRIBE(FieldlessPicker)
+{
+}
+
+TEST_F(LegacyDatePickerTest, MayDoWithoutFields)
+{
+    auto const fieldless = make<FieldlessPicker>(Rect { 10, 20, 300, 60 });
+    fieldless->setDate(NSCalendarDate::dateWithYear(2027, 3, 4, 5, 6, 7));
+    fieldless->setDateFormat("%Y-%m-%d");
+    EXPECT_EQ(fieldless->month_Field(), nullptr);
+    EXPECT_EQ(fieldless->dateFormat(), "%Y-%m-%d");
+    EXPECT_EQ(written(fieldless->date()), "2027-03-04 05:06:07");
+    auto const data = NSArchiver::archivedDataWithRootObject(fieldless);
+    EXPECT_TRUE(NSUnarchiver::unarchiveObjectWithData(*data)->as<FieldlessPicker>());
+}
+
+class CountingPicker : public TQLegacyDatePicker {
+    PLIX_CLASS(CountingPicker, TQLegacyDatePicker);
+
+public:
+    using TQLegacyDatePicker::init;
+    void setDate(std::optional<NSCalendarDate> const& date) override
+    {
+        ++dates;
+        Base::setDate(date);
+    }
+    void syncDateFromInterface(NSObject* sender) override { source = sender; }
+    int dates { 0 };
+    NSObject* source { nullptr };
+};
+
+PLIX_DESCRIBE(CountingPicker)
+{
+}
+
+TEST_F(LegacyDatePickerTest, ASubclasssSetDateIsNotCalledWhileTheFieldsAreBuilt)
+{
+    auto const counting = make<CountingPicker>(Rect { 10, 20, 300, 60 });
+    EXPECT_EQ(counting->dates, 0);
+    EXPECT_EQ(counting->year_Field()->intValue(), NSCalendarDate::calendarDate().yearOfCommonEra());
+    counting->setDate(NSCalendarDate::dateWithYear(2027, 3, 4, 5, 6, 7));
+    EXPECT_EQ(counting->dates, 1);
+}
+
+TEST_F(LegacyDatePickerTest, SyncDateFromInterfaceMayBeSentToIt)
+{
+    auto const counting = make<CountingPicker>(Rect { 10, 20, 300, 60 });
+    auto* const sender = counting->year_Field();
+    sender->setTarget(Ref<NSObject>(counting));
+    sender->setAction(Selector("syncDateFromInterface:"));
+    sender->sendAction(sender->action(), sender->target());
+    EXPECT_EQ(counting->source, sender);
 }
 
 // MARK: looks

@@ -119,6 +119,17 @@ TEST(DatePanelLayout, StandsSideBySideWithTheButtonBelow)
     EXPECT_EQ(datePanelLayout(sizes, DateEntryKind::picker),
         (DatePanelLayout { { 303, 86 }, { 12, 52 }, { 53, 54 }, { 165, 52 }, { 191, 54 }, { 226, 10 } }));
     EXPECT_EQ(datePanelLayout(sizes, DateEntryKind::textField).fromLabel, (Point { 12, 57 }));
+    // Each label hangs by its own height.
+    DatePanelSizes const uneven { { 40, 17 }, { 25, 12 }, { 100, 22 }, { 70, 32 } };
+    struct Row {
+        DateEntryKind kind;
+        float fromLabel;
+        float toLabel;
+    };
+    for (auto const& row : { Row { DateEntryKind::picker, 52, 57 }, Row { DateEntryKind::textField, 57, 62 } }) {
+        EXPECT_EQ(datePanelLayout(uneven, row.kind).fromLabel.y, row.fromLabel);
+        EXPECT_EQ(datePanelLayout(uneven, row.kind).toLabel.y, row.toLabel);
+    }
 }
 
 TEST(DateFieldOrder, FollowsTheFormat)
@@ -137,6 +148,9 @@ TEST(DateFieldOrder, FollowsTheFormat)
              Row { "%d %Y %b", DateFieldOrder { day, year, month } },
              Row { "%m %Y %d", DateFieldOrder { month, year, day } },
              Row { "%Y %d %m", DateFieldOrder { year, day, month } },
+             Row { "%Y年%m月%d日", DateFieldOrder { year, month, day } },
+             Row { "%m/%d", DateFieldOrder { month, day, year } },
+             Row { "%d/%m", DateFieldOrder { day, month, year } },
              Row { "%d", DateFieldOrder { day, year, month } },
              Row { "%m", DateFieldOrder { month, year, day } },
              Row { "%Y", DateFieldOrder { year, day, month } },

@@ -332,9 +332,11 @@ void NSDatePickerCell::takeDigit(int digit)
     auto const kind = kindOfField(m_selected);
     auto const typed = dateByTyping(reading(), kind, m_typing, digit);
     if (typed.isLeftOver) {
-        if (m_selected + 1 >= numberOfFields() || kindOfField(m_selected + 1) == DateFieldKind::half)
-            return NSBeep();
-        selectField(m_selected + 1);
+        // Where no field for digits follows, the field begins anew.
+        if (m_selected + 1 < numberOfFields() && kindOfField(m_selected + 1) != DateFieldKind::half)
+            selectField(m_selected + 1);
+        else
+            m_typing.digits = {};
         return takeDigit(digit);
     }
     if (!m_dateBeforeTyping)

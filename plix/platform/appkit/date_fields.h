@@ -67,7 +67,8 @@ struct TypedDate {
     DateTyping typing;
     /// No further digit fits into the field.
     bool isDone { false };
-    /// The digit does not fit behind those before it and was not taken: it is the first of the next field.
+    /// The digit does not fit behind those before it and was not taken: it is the first of the next field, or of this one
+    /// anew where none follows.
     bool isLeftOver { false };
 };
 /// After one more digit. A value that the field can't have is taken as the nearest that it can; a 0 counts with what follows it. A

@@ -1,4 +1,5 @@
 #include <tests/support/HeadlessTest.h>
+#include <tests/support/TestSurroundings.h>
 
 #include <plix/platform/appkit/NSDatePicker.h>
 #include <plix/platform/base/NSData.h>
@@ -181,6 +182,23 @@ TEST_F(DatePickerTest, ADigitThatDoesNotFitGoesIntoTheNextField)
     type("59");
     type("7");
     EXPECT_EQ(reading().minute, 59);
+}
+
+TEST_F(DatePickerTest, ADigitThatDoesNotFitIntoTheLastFieldBeginsItAnew)
+{
+    TestSurroundings surroundings;
+    surroundings.locale = "sv_SE";
+    picker->setDatePickerElements(NSYearMonthDayDatePickerElementFlag);
+    ASSERT_EQ(fieldOf(DateFieldKind::day), cell().numberOfFields() - 1);
+    auto const beeps = display().beepCount();
+    clickField(fieldOf(DateFieldKind::day));
+    type("32");
+    EXPECT_EQ(reading(), (CalendarFields { 2027, 3, 2, 9, 5, 30 }));
+    type("7");
+    EXPECT_EQ(reading().day, 27);
+    type("4");
+    EXPECT_EQ(reading().day, 4);
+    EXPECT_EQ(display().beepCount(), beeps);
 }
 
 TEST_F(DatePickerTest, ADayWaitsForAMonthThatHasIt)
