@@ -14,6 +14,8 @@
 #include <plix/windows/PLIXProgressWindow.h>
 #include <plix/windows/PLIXProgressWindowNIBLoader.h>
 
+#include <cstdlib>
+
 namespace plix {
 namespace {
 
@@ -124,6 +126,34 @@ TEST_F(PLIXProgressWindowTest, IsNilWithoutItsInterfaceFile)
     installLogSink(before);
     NSBundle::registerBundle("plix", NSBundle::libraryBundle());
     EXPECT_EQ(lines.size(), 2U);
+    EXPECT_NE(make<PLIXProgressWindow>(), nullptr);
+}
+
+TEST_F(PLIXProgressWindowTest, IsNilWhereTheFileHasNoneForTheLoader)
+{
+    TestFolder const folder;
+    folder.write("ProgressWindow.xib", R"(<?xml version="1.0"?><document type="com.apple.InterfaceBuilder3.Cocoa.XIB" version="3.0">
+        <objects><customObject id="-2" customClass="PLIXProgressWindowNIBLoader"/></objects></document>)");
+    auto const hollow = NSBundle::bundleWithPath(folder.path());
+    NSBundle::registerBundle("plix", *hollow);
+    EXPECT_EQ(make<PLIXProgressWindow>(), nullptr);
+    EXPECT_EQ(PLIXProgressWindow::progressWindow(), nullptr);
+    NSBundle::registerBundle("plix", NSBundle::libraryBundle());
+}
+
+TEST_F(PLIXProgressWindowTest, IsNilWhereThereIsNoInterfaceFileAtAll)
+{
+    TestFolder const folder;
+    // The library's own bundle is looked into last; only a process that ends may lose what is in it.
+    EXPECT_EXIT(
+        {
+            NSBundle::libraryBundle().init({ folder.path() });
+            TestSurroundings surroundings;
+            surroundings.languages = { "fi" }; // so that it looks for its folders anew
+            bool const isMade = make<PLIXProgressWindow>() || PLIXProgressWindow::progressWindow();
+            std::_Exit(isMade ? 1 : 0);
+        },
+        testing::ExitedWithCode(0), "\"ProgressWindow\" is not there");
     EXPECT_NE(make<PLIXProgressWindow>(), nullptr);
 }
 
