@@ -4,7 +4,6 @@
 #include <plix/platform/appkit/NSText.h>
 #include <plix/platform/appkit/NSWindow.h>
 
-#include <optional>
 #include <vector>
 
 namespace plix {
@@ -67,8 +66,10 @@ public:
             SubviewsStay const stay(*m_pane);
             m_superview->addSubview(*m_pane);
         }
-        if (m_keyboardHolder && m_pane->window())
-            m_pane->window()->makeFirstResponder(m_keyboardHolder.get());
+        // Whoever was told of the change may have given the keyboard to another.
+        auto* const window = m_pane->window();
+        if (m_keyboardHolder && window && window->firstResponder() == window)
+            window->makeFirstResponder(m_keyboardHolder.get());
     }
 
 private:
@@ -88,14 +89,17 @@ void fitWindow(NSTabView& tabView, NSTabViewItem& item, FitPlan* plan)
     std::vector<Rect> frames;
     for (auto const& view : subviews)
         frames.push_back(view->frame());
-    auto const fit = plan(window ? window->frame() : Rect {}, tabView.frame().size(), tabView.contentRect().size(), frames);
+    auto const size = tabView.frame().size();
+    auto const content = tabView.contentRect().size();
+    auto const offset = plan(Rect {}, size, content, frames).subviewOffset;
     PaneOutOfTree outOfTree(*pane);
     for (auto const& view : subviews) {
         auto const origin = view->frame().origin();
-        view->setFrameOrigin({ origin.x + fit.subviewOffset.width, origin.y + fit.subviewOffset.height });
+        view->setFrameOrigin({ origin.x + offset.width, origin.y + offset.height });
     }
+    // Only now: the end of editing in the pane may have moved the window.
     if (window)
-        window->setFrame(fit.windowFrame, true, true);
+        window->setFrame(plan(window->frame(), size, content, frames).windowFrame, true, true);
     // Whoever was told of the window's new size may have selected another.
     if (tabView.selectedTabViewItem() == selected && selected->view() == pane)
         outOfTree.putBack();
@@ -152,15 +156,7 @@ void PLIXTabView::selectTabViewItem(NSTabViewItem* item)
             responder = first;
         own->setView(make<NSView>(Rect { 0, 0, 1, 1 }));
     }
-    {
-        // The pane takes the width that there is, but keeps the height that its subviews want: the window follows that.
-        std::optional<SubviewsStay> stay;
-        if (Ref<NSView> const view { item ? item->view() : nullptr }; view && !view->superview()) {
-            view->setFrameSize({ contentRect().width, view->frame().height });
-            stay.emplace(*view);
-        }
-        Base::selectTabViewItem(item);
-    }
+    selectWithPaneOfOwnHeight(item);
     resizeToFitContent();
     if (auto* const own = itemWithCustomView(item); own && own->view() != own->customView()) {
         own->setInitialFirstResponder(responder.get());
@@ -170,6 +166,23 @@ void PLIXTabView::selectTabViewItem(NSTabViewItem* item)
     if (hadKeyboard && ownWindow && (ownWindow->firstResponder() == this || ownWindow->firstResponder() == ownWindow))
         giveKeyboardToPane();
     m_hooks.reallyDidSelectTabViewItem(*this, item);
+}
+
+// The pane takes the width that there is, but its subviews keep the height that they want: the window follows that.
+void PLIXTabView::selectWithPaneOfOwnHeight(NSTabViewItem* item)
+{
+    Ref<NSView> const view(item ? item->view() : nullptr);
+    if (!view || !window() || view->superview() || itemWithCustomView(item)) {
+        Base::selectTabViewItem(item);
+        return;
+    }
+    float const width = view->frame().width;
+    {
+        SubviewsStay const stay(*view);
+        Base::selectTabViewItem(item);
+    }
+    if (view->autoresizesSubviews() && view->frame().width != width)
+        view->resizeSubviewsWithOldSize({ width, view->frame().height });
 }
 
 void PLIXTabView::resizeToFitContent()

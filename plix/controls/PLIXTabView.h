@@ -48,6 +48,7 @@ public:
 
 private:
     void initModes();
+    void selectWithPaneOfOwnHeight(NSTabViewItem*);
 
     PLIXTabViewDelegate m_hooks;
     unsigned long m_contentResizeMode { 1 };

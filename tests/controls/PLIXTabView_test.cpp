@@ -24,7 +24,12 @@ class FittingDelegate : public NSObject {
 
 public:
     bool init() { return true; }
-    bool shouldSelectTabViewItem(NSTabView&, NSTabViewItem& item) { return item.label() != refused; }
+    bool shouldSelectTabViewItem(NSTabView&, NSTabViewItem& item)
+    {
+        if (whenAsked)
+            whenAsked();
+        return item.label() != refused;
+    }
     void didSelectTabViewItem(NSTabView&, NSTabViewItem& item) { log.push_back("did " + item.label()); }
     void reallyDidSelectTabViewItem(NSTabView& tabs, NSTabViewItem* item)
     {
@@ -47,6 +52,7 @@ public:
     Rect frameThen;
     int resizes { 0 };
     std::function<void()> whenResized;
+    std::function<void()> whenAsked;
 };
 
 PLIX_DESCRIBE(FittingDelegate)
@@ -144,6 +150,21 @@ TEST_F(FittingTest, WhatIsReadFromAnArchiveHasTheModesOfANewOne)
     EXPECT_EQ(other->image(), nullptr);
     EXPECT_EQ(other->customView(), nullptr);
     EXPECT_FALSE(other->resizable());
+}
+
+TEST_F(FittingTest, AnItemIsClearedByTheInitialiserWithoutArgument)
+{
+    auto const item = addCustom({ 10, 10 });
+    auto const image = imageOfDistinctPixels(4, 4);
+    item->setImage(image);
+    item->setResizable(true);
+    EXPECT_EQ(item->image(), image.get());
+    EXPECT_EQ(item->customView(), custom.get());
+    EXPECT_TRUE(item->resizable());
+    EXPECT_TRUE(item->initWithCoder());
+    EXPECT_EQ(item->image(), nullptr);
+    EXPECT_EQ(item->customView(), nullptr);
+    EXPECT_FALSE(item->resizable());
 }
 
 // MARK: by the subviews
@@ -275,6 +296,59 @@ TEST_F(FittingTest, WithoutWindowOnlyTheSubviewsMove)
     EXPECT_EQ(alone->frame(), (Rect { 0, 0, 300, 200 }));
     EXPECT_EQ(framesIn(*view), (std::vector<Rect> { { 5, 20, 10, 300 } }));
     EXPECT_EQ(view->superview(), alone.get());
+}
+
+TEST_F(FittingTest, WithoutWindowSizablePartsFollowTheFirstPane)
+{
+    auto const alone = make<PLIXTabView>(Rect { 0, 0, 300, 200 });
+    auto const view = pane({ { 5, 20, 90, 60 } });
+    view->setFrameSize({ 100, 100 });
+    view->subviews()[0]->setAutoresizingMask(18);
+    auto const item = make<NSTabViewItem>("x");
+    item->setView(view);
+    alone->addTabViewItem(*item);
+    auto const content = alone->contentRect().size();
+    EXPECT_EQ(framesIn(*view), (std::vector<Rect> { { 5, 20, content.width - 10, content.height - 40 } }));
+}
+
+TEST_F(FittingTest, WhatIsNotSelectedIsNotTouched)
+{
+    auto const refused = pane({ { 5, 5, 90, 60 } });
+    auto const foreign = pane({ { 5, 5, 90, 60 } });
+    for (auto const& view : { refused, foreign }) {
+        view->setFrameSize({ 100, 80 });
+        view->subviews()[0]->setAutoresizingMask(18);
+    }
+    add<NSTabViewItem>("refused", refused);
+    auto const elsewhere = make<NSTabViewItem>("elsewhere");
+    elsewhere->setLabel("elsewhere");
+    elsewhere->setView(foreign);
+    delegate->refused = "refused";
+    tabs->selectTabViewItemAtIndex(1);
+    tabs->selectTabViewItem(elsewhere.get());
+    for (auto const& view : { refused, foreign }) {
+        EXPECT_EQ(view->frame(), (Rect { 0, 0, 100, 80 }));
+        EXPECT_EQ(framesIn(*view), (std::vector<Rect> { { 5, 5, 90, 60 } }));
+        EXPECT_TRUE(view->autoresizesSubviews());
+    }
+}
+
+TEST_F(FittingTest, TheModePlaysNoPartForSubviews)
+{
+    add<NSTabViewItem>("plain", pane({ { 20, 20, 180, 300 } }));
+    for (unsigned long const mode : { 0UL, 2UL, 33UL }) {
+        window->setFrame(before, true);
+        tabs->selectTabViewItemAtIndex(0);
+        tabs->setWindowResizeMode(mode);
+        tabs->selectTabViewItemAtIndex(1);
+        EXPECT_EQ(tabs->frame().height, chrome.height + 335) << mode;
+        EXPECT_EQ(window->frame().x, before.x) << mode;
+        EXPECT_EQ(window->frame().maxY(), before.maxY()) << mode;
+        tabs->resizeToFitContentXY();
+        EXPECT_EQ(tabs->frame().size(), (Size { chrome.width + 220, chrome.height + 334 })) << mode;
+        EXPECT_EQ(window->frame().midX(), before.midX()) << mode;
+        EXPECT_EQ(window->frame().maxY(), before.maxY()) << mode;
+    }
 }
 
 TEST_F(FittingTest, AWindowThatMayNotGrowShowsAsMuchAsItMay)
@@ -434,6 +508,15 @@ TEST_F(FittingTest, ACustomViewThatIsTakenBackLeavesThePlaceholder)
     EXPECT_EQ(item->view()->frame(), tabs->contentRect());
 }
 
+TEST_F(FittingTest, ThePlaceholderIsOnePointLarge)
+{
+    auto const item = addCustom({ 500, 260 });
+    Rect placeholder;
+    delegate->whenAsked = [&] { placeholder = item->view()->frame(); };
+    tabs->selectTabViewItem(item.get());
+    EXPECT_EQ(placeholder, (Rect { 0, 0, 1, 1 }));
+}
+
 // MARK: hooks
 
 TEST_F(FittingTest, TheLaterHookIsToldInAnyCase)
@@ -550,6 +633,54 @@ TEST_F(FittingTest, WhoHasTheKeyboardKeepsItWhenThePaneIsFitted)
     EXPECT_EQ(field->stringValue(), "abc");
     tabs->resizeToFitContent();
     EXPECT_TRUE(field->currentEditor());
+}
+
+class FieldEndDelegate : public NSObject {
+    PLIX_CLASS(FieldEndDelegate, NSObject);
+
+public:
+    bool init() { return true; }
+    void controlTextDidEndEditing(NSNotification const&)
+    {
+        if (whenEnded)
+            whenEnded();
+    }
+
+    std::function<void()> whenEnded;
+};
+
+PLIX_DESCRIBE(FieldEndDelegate)
+{
+}
+
+TEST_F(FittingTest, AWindowThatMovesWhenEditingEndsStaysThere)
+{
+    auto const view = pane({ { 0, 0, 10, 30 } });
+    auto const field = make<NSTextField>(Rect { 20, 20, 80, 22 });
+    view->addSubview(*field);
+    add<NSTabViewItem>("first", view);
+    tabs->selectTabViewItemAtIndex(1);
+    auto const ending = make<FieldEndDelegate>();
+    field->setDelegate(ending);
+    window->makeFirstResponder(field.get());
+    auto const moved = NSOffsetRect(window->frame(), -40, 0);
+    ending->whenEnded = [&] { window->setFrameOrigin(moved.origin()); };
+    tabs->resizeToFitContent();
+    EXPECT_EQ(window->frame(), moved);
+}
+
+TEST_F(FittingTest, WhoTookTheKeyboardMeanwhileKeepsIt)
+{
+    auto const view = pane({ { 0, 0, 10, 30 } });
+    auto const field = make<NSTextField>(Rect { 20, 20, 80, 22 });
+    view->addSubview(*field);
+    add<NSTabViewItem>("first", view);
+    tabs->selectTabViewItemAtIndex(1);
+    window->makeFirstResponder(field.get());
+    view->addSubview(*make<CountingView>(Rect { 0, 0, 10, 90 }));
+    delegate->whenResized = [&] { window->makeFirstResponder(tabs.get()); };
+    tabs->resizeToFitContent();
+    EXPECT_EQ(window->firstResponder(), tabs.get());
 }
 
 // MARK: labels

@@ -55,6 +55,24 @@ TEST(TabWindowFit, CustomViewsMoveTheEdgesThatTheModeNames)
             << row.mode;
 }
 
+TEST(TabWindowFit, ASmallerCustomViewShrinksTheWindow)
+{
+    struct Row {
+        unsigned long mode;
+        Rect expected;
+    };
+    // 41 narrower, 31 lower than what is there.
+    for (auto const& row : {
+             Row { 0, { 100, 200, 359, 269 } },
+             Row { 1, { 100, 231, 359, 269 } },
+             Row { 2, { 100, 215, 359, 270 } }, // 215.5 is rounded outwards
+             Row { 17, { 120, 231, 360, 269 } },
+             Row { 33, { 141, 231, 359, 269 } },
+         })
+        EXPECT_EQ(windowFrameFittingCustomView({ 100, 200, 400, 300 }, { 360, 200 }, { 319, 169 }, row.mode), row.expected)
+            << row.mode;
+}
+
 TEST(TabLabel, HasRoomForASquareImage)
 {
     EXPECT_EQ(tabLabelSize({ 50, 16 }), (Size { 68, 16 }));
