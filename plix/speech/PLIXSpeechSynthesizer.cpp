@@ -2,6 +2,7 @@
 
 #include <plix/platform/appkit/NSSpeechSynthesizer.h>
 #include <plix/platform/foundation/NSTimer.h>
+#include <plix/platform/host/Host.h>
 #include <plix/platform/host/speech_manager.h>
 #include <plix/platform/host/spoken_text.h>
 #include <plix/speech/speaking_list.h>
@@ -74,8 +75,11 @@ PLIXSpeechSynthesizer::~PLIXSpeechSynthesizer()
 
 SpeechChannel PLIXSpeechSynthesizer::speechChannel()
 {
-    if (!Speech::knowing(m_speechChannel))
+    auto const* const speech = host().speech();
+    if (!speech || !speech->hasChannel(m_speechChannel)) {
+        DisposeSpeechChannel(m_speechChannel);
         m_speechChannel = NewSpeechChannel();
+    }
     return m_speechChannel;
 }
 

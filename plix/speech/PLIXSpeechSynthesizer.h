@@ -39,12 +39,13 @@ public:
     ~PLIXSpeechSynthesizer() override;
     bool init();
 
-    /// Made by the first call and kept.
+    /// Made by the first call and kept; the channel for as long as the host is the same.
     SpeechChannel speechChannel();
     Ref<NSSpeechSynthesizer> speechSynthesizer();
 
     /// Below 10.3: whether there is any speech in progress.
     bool isSpeaking();
+    /// Stops nothing by itself, but the machine says one text at a time: this one replaces what is being said, which is cut off.
     /// Leaves a list alone, which goes on when this was said.
     void speakString(std::string_view text);
     /// With the usual silence of 1.8 s.

@@ -2,6 +2,7 @@
 
 #include <plix/platform/appkit/NSSpeechSynthesizer.h>
 #include <plix/platform/foundation/NSRunLoop.h>
+#include <plix/platform/foundation/NSTimer.h>
 #include <plix/speech/classes.h>
 #include <tests/support/HeadlessTest.h>
 #include <tests/support/SystemVersion.h>
@@ -216,7 +217,12 @@ TEST_P(PLIXSpeechSynthesizerTest, SpeakingAStringLeavesTheListAlone)
     pass(0.5);
     synthesizer->speakString("between");
     pass(10);
-    EXPECT_THAT(spoken(), ElementsAre("one", "between", "two"));
+    ASSERT_THAT(spoken(), ElementsAre("one", "between", "two"));
+    auto const& said = speech().utterances();
+    EXPECT_EQ(said[0].how, SpeechEnd::Stopped);
+    EXPECT_EQ(said[0].end, said[1].begin);
+    EXPECT_EQ(said[1].how, SpeechEnd::Finished);
+    EXPECT_EQ(said[2].how, SpeechEnd::Finished);
 }
 
 TEST_P(PLIXSpeechSynthesizerTest, AListRunsThroughInSilenceWithoutSpeech)
@@ -255,6 +261,49 @@ TEST_P(PLIXSpeechSynthesizerTest, LooksTenTimesASecondWhileAStringIsSpoken)
     EXPECT_TRUE(hasTimer());
     synthesizer->stopSpeaking();
     EXPECT_FALSE(hasTimer());
+}
+
+TEST_P(PLIXSpeechSynthesizerTest, TheHeldTimerIsSetWhicheverFired)
+{
+    auto const other = NSTimer::scheduledTimerWithTimeInterval(
+        100, [](NSTimer&) {}, false);
+    auto const before = other->fireDate();
+    synthesizer->speakStrings(Strings { "one" });
+    synthesizer->speakingStringsTimer(*other);
+    EXPECT_THAT(spoken(), ElementsAre("one"));
+    EXPECT_EQ(other->fireDate(), before);
+    EXPECT_NEAR(NSRunLoop::currentRunLoop().nextFireDate(NSDefaultRunLoopMode)->timeIntervalSinceNow(), 0.1, 0.001);
+    other->invalidate();
+}
+
+TEST_P(PLIXSpeechSynthesizerTest, ALookWithoutAListSetsNoTimer)
+{
+    auto const other = NSTimer::scheduledTimerWithTimeInterval(
+        100, [](NSTimer&) {}, false);
+    auto const before = other->fireDate();
+    synthesizer->speakString("one");
+    synthesizer->speakingStringsTimer(*other);
+    EXPECT_TRUE(synthesizer->isSpeaking());
+    pass(1.1);
+    synthesizer->speakingStringsTimer(*other);
+    EXPECT_EQ(other->fireDate(), before);
+    EXPECT_TRUE(other->isValid());
+    other->invalidate();
+    EXPECT_FALSE(hasTimer());
+    EXPECT_THAT(spoken(), ElementsAre("one"));
+}
+
+TEST_P(PLIXSpeechSynthesizerTest, AChannelOfAHostThatWasReplacedIsLetGo)
+{
+    auto const own = make<PLIXSpeechSynthesizer>();
+    auto const old = own->speechChannel();
+    auto before = installHost(std::make_unique<HeadlessHost>(HeadlessHost::Time::Movable));
+    auto const fresh = own->speechChannel();
+    EXPECT_NE(fresh, old);
+    EXPECT_TRUE(host().speech()->hasChannel(fresh));
+    EXPECT_FALSE(Speech::knowing(old));
+    EXPECT_EQ(own->speechChannel(), fresh);
+    installHost(std::move(before));
 }
 
 TEST_P(PLIXSpeechSynthesizerTest, AClockSetBackLengthensTheSilence)

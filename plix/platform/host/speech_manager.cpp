@@ -31,8 +31,11 @@ void SpeakString(std::string_view text)
 {
     static SpeechChannel s_shared;
     auto* const speech = host().speech();
-    if (speech && !speech->hasChannel(s_shared))
+    if (speech && !speech->hasChannel(s_shared)) {
+        // Another host's door may still be speaking on it.
+        DisposeSpeechChannel(s_shared);
         s_shared = NewSpeechChannel();
+    }
     SpeakText(s_shared, text);
 }
 

@@ -169,5 +169,17 @@ TEST_F(HeadlessSpeechTest, OlderFunctionsSpeakOnTheirChannels)
     EXPECT_EQ(speech().utterances().size(), 2U);
 }
 
+TEST_F(HeadlessSpeechTest, TheSharedChannelOfAHostThatWasReplacedIsLetGo)
+{
+    SpeakString("one");
+    auto const old = speech().utterances().back().channel;
+    auto before = installHost(std::make_unique<HeadlessHost>(HeadlessHost::Time::Movable));
+    SpeakString("two");
+    EXPECT_FALSE(Speech::knowing(old));
+    EXPECT_TRUE(SpeechBusy());
+    installHost(std::move(before));
+    EXPECT_FALSE(SpeechBusy());
+}
+
 }
 }
