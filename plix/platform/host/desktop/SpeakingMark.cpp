@@ -1,5 +1,6 @@
 #include <plix/platform/host/desktop/SpeakingMark.h>
 
+#include <cerrno>
 #include <utility>
 
 #include <fcntl.h>
@@ -8,6 +9,16 @@
 #include <unistd.h>
 
 namespace plix {
+
+namespace {
+
+/// Waits where another has the file alone, which it has for a moment only.
+void share(int descriptor)
+{
+    while (::flock(descriptor, LOCK_SH) != 0 && errno == EINTR) { }
+}
+
+}
 
 SpeakingMark::SpeakingMark(std::string path)
     : m_path(std::move(path))
@@ -33,7 +44,10 @@ void SpeakingMark::setHeld(bool held)
     if (m_isHeld == held || !open())
         return;
     m_isHeld = held;
-    ::flock(m_descriptor, (held ? LOCK_SH : LOCK_UN) | LOCK_NB);
+    if (held)
+        share(m_descriptor);
+    else
+        ::flock(m_descriptor, LOCK_UN);
 }
 
 bool SpeakingMark::isHeldByOthers()
@@ -43,7 +57,11 @@ bool SpeakingMark::isHeldByOthers()
         return false;
     // Only one that nobody else holds can be had alone.
     bool const isAlone = ::flock(m_descriptor, LOCK_EX | LOCK_NB) == 0;
-    ::flock(m_descriptor, (m_isHeld ? LOCK_SH : LOCK_UN) | LOCK_NB);
+    // What was held is lost also where that failed.
+    if (m_isHeld)
+        share(m_descriptor);
+    else
+        ::flock(m_descriptor, LOCK_UN);
     return !isAlone;
 }
 

@@ -10,6 +10,8 @@
 #include <csignal>
 #include <cstdlib>
 #include <filesystem>
+#include <functional>
+#include <thread>
 
 namespace plix {
 namespace {
@@ -414,6 +416,26 @@ TEST(SpeakingMark, IsSeenByOthersAsLongAsItIsHeld)
     one.setHeld(false);
     EXPECT_FALSE(two.isHeldByOthers());
     EXPECT_TRUE(one.isHeldByOthers());
+}
+
+TEST(SpeakingMark, IsStillHeldWhenTwoThatHoldItLookAtOnce)
+{
+    TestFolder const folder;
+    SpeakingMark one(folder / "mark");
+    SpeakingMark two(folder / "mark");
+    SpeakingMark third(folder / "mark");
+    one.setHeld(true);
+    two.setHeld(true);
+    auto const look = [](SpeakingMark& mark) {
+        for (int i = 0; i < 20000; ++i)
+            mark.isHeldByOthers();
+    };
+    std::thread other(look, std::ref(two));
+    look(one);
+    other.join();
+    EXPECT_TRUE(one.isHeldByOthers());
+    EXPECT_TRUE(two.isHeldByOthers());
+    EXPECT_TRUE(third.isHeldByOthers());
 }
 
 TEST(SpeakingMark, WithoutAFileNobodyIsSeen)
