@@ -21,6 +21,7 @@ std::optional<StereoVolume> stereoVolume(std::span<ChannelVolume const> channels
 {
     if (channels.empty())
         return {};
+    // A device with a single channel has that one for both ears, so that its left one counts.
     auto const volumeOf = [&](ChannelVolume::Ear ear, std::size_t place) {
         auto const found = std::ranges::find(channels, ear, &ChannelVolume::ear);
         return soundGain(found != channels.end() ? found->volume : channels[std::min(place, channels.size() - 1)].volume);

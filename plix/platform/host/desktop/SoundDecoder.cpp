@@ -93,8 +93,9 @@ bool isPlayable(SF_INFO const& info)
     constexpr int mostChannels = 32;
     constexpr int lowestRate = 1000;
     constexpr int highestRate = 768000;
+    constexpr sf_count_t unknownFrames = SF_COUNT_MAX;
     return info.channels >= 1 && info.channels <= mostChannels && info.samplerate >= lowestRate && info.samplerate <= highestRate
-        && info.frames >= 0;
+        && info.frames >= 0 && info.frames < unknownFrames;
 }
 
 }

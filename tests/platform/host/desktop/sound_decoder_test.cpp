@@ -109,6 +109,15 @@ TEST_F(SoundDecoderTest, WhatNoMachineCouldPlayIsRefused)
     EXPECT_NE(decode(wavFile({ .seconds = 0.001, .channels = 32 })), nullptr);
 }
 
+TEST_F(SoundDecoderTest, AStreamThatDoesNotSayHowLongItIsIsRefused)
+{
+    // 44100 Hz, one channel of 16 bits, and 0 frames, which stands for unknown.
+    auto const zeros = [](std::size_t count) { return std::string(count, '\0'); };
+    auto const description = std::string("\x10\0\x10\0", 4) + zeros(6) + "\x0A\xC4\x40\xF0" + zeros(4) + zeros(16);
+    ASSERT_EQ(description.size(), 0x22U);
+    EXPECT_EQ(decode("fLaC\x80" + zeros(2) + "\x22" + description), nullptr);
+}
+
 TEST_F(SoundDecoderTest, OfATruncatedFileWhatIsThereIsPlayed)
 {
     auto const wav = wavFile({ .seconds = 1, .channels = 1 });
