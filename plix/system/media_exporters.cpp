@@ -36,6 +36,7 @@ std::vector<ObjectValue::Dictionary> availableComponents()
         return components;
     for (auto const reference : media->findComponents({ movieExportType, 0, 0, canMovieExportFiles, canMovieExportFiles })) {
         auto const component = media->component(reference);
+        // One with a name that is no UTF-8 is skipped, as one that tells nothing of itself.
         if (!component || !isValidUTF8(component->name))
             continue;
         auto const& description = component->description;

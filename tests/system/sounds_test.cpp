@@ -11,6 +11,7 @@
 
 #include <limits>
 
+#include <sys/resource.h>
 #include <sys/stat.h>
 
 namespace plix {
@@ -74,6 +75,20 @@ TEST_F(SoundsTest, ThereAreNoneWithoutAFolderADecoderOrAudio)
     audio().setDecodes(true);
     machine().setHasAudio(false);
     EXPECT_THAT(PLIXSystemSoundPaths(), IsEmpty());
+}
+
+TEST_F(SoundsTest, ThereAreNoneInAFolderThatCannotBeListed)
+{
+    addSystemSound("bell.wav");
+    ASSERT_EQ(PLIXSystemSoundPaths().size(), 1U);
+    // A program that may open nothing more, since a folder's permissions do not stop everybody.
+    rlimit before {};
+    ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &before), 0);
+    rlimit const none { 0, before.rlim_max };
+    ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &none), 0);
+    auto const paths = PLIXSystemSoundPaths();
+    ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &before), 0);
+    EXPECT_THAT(paths, IsEmpty());
 }
 
 TEST(SoundPaths, OfLaterFoldersTakeThePlacesOfBareNamesOnly)
@@ -155,6 +170,18 @@ TEST_F(SoundsTest, ASoundPlaysAtAVolumeAndIsLetGoAfterItsEnd)
     EXPECT_EQ(audio().playingCount(), 0U);
 }
 
+TEST_F(SoundsTest, ASoundThatIsNotHeardPlaysAsWell)
+{
+    for (float const volume : { 0.0F, -0.5F, std::numeric_limits<float>::quiet_NaN() }) {
+        EXPECT_TRUE(TQQTSoundPlay(tone, volume)) << volume;
+        EXPECT_EQ(audio().playingCount(), 1U) << volume;
+        EXPECT_EQ(soundGain(audio().plays().back().volume), 0) << volume;
+        pass(1.1);
+        EXPECT_EQ(audio().playingCount(), 0U) << volume;
+    }
+    EXPECT_EQ(audio().plays().size(), 3U);
+}
+
 TEST_F(SoundsTest, ASoundThatIsLateIsLetGoFiftyMillisecondsAfterItsTime)
 {
     auto& waiting = NSRunLoop::currentRunLoop();
@@ -214,6 +241,20 @@ TEST_F(SoundsTest, AnAlertPlaysAtTheBeepVolume)
         EXPECT_FLOAT_EQ(audio().plays().back().volume, row.volume);
     }
     EXPECT_EQ(audio().plays().size(), 4U);
+}
+
+TEST_F(SoundsTest, AnAlertIsNoQuieterForTheDefaultsOrTheOutput)
+{
+    auto& defaults = NSUserDefaults::standardUserDefaults();
+    audio().setBeepVolume(0x00800080);
+    for (float const share : { 0.0F, 0.25F }) {
+        defaults.setFloat(share, "com.apple.sound.beep.volume");
+        audio().setOutputVolume(StereoVolume { share, share });
+        EXPECT_TRUE(TQAlertSoundPlay(tone));
+        ASSERT_FALSE(audio().plays().empty());
+        EXPECT_EQ(audio().plays().back().volume, 0.5F);
+        audio().forgetPlays();
+    }
 }
 
 TEST_F(SoundsTest, ASilencedAlertPlaysNothing)
