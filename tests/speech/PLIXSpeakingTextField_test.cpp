@@ -1,11 +1,18 @@
 #include <plix/speech/PLIXSpeakingTextField.h>
 
 #include <plix/platform/appkit/NSSpeechSynthesizer.h>
+#include <plix/platform/foundation/NSProcessInfo.h>
 #include <plix/platform/foundation/NSRunLoop.h>
 #include <tests/support/FieldTest.h>
 #include <tests/support/SystemVersion.h>
+#include <tests/support/TestFolder.h>
+#include <tests/support/TestSurroundings.h>
 
 #include <gmock/gmock.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
 
 namespace plix {
 namespace {
@@ -99,6 +106,44 @@ TEST_P(PLIXSpeakingTextFieldTest, SpeaksDigitsAndWordsInTypingOrder)
     EXPECT_FALSE(hasTimer());
 }
 
+/// What a German program has beside it.
+struct GermanWords {
+    GermanWords()
+    {
+        folder.write(NSProcessInfo::processInfo().processName() + "/de.lproj/Localizable.strings",
+            "\"point\" = \"Punkt\"; \"comma\" = \"Komma\";");
+        surroundings.sharedData = { folder.path() };
+        surroundings.languages = { "de" };
+    }
+
+    TestFolder folder;
+    TestSurroundings surroundings;
+};
+
+class GermanSpeakingTextFieldTest : public GermanWords, public PLIXSpeakingTextFieldTest {
+protected:
+    [[noreturn]] void exitWithWhatIsSpoken(std::string_view typed)
+    {
+        speakDigits();
+        type(typed);
+        pass(5);
+        for (auto const& text : spoken())
+            std::fprintf(stderr, "<%s>", text.c_str());
+        std::filesystem::remove_all(folder.path());
+        std::_Exit(0);
+    }
+};
+
+INSTANTIATE_TEST_SUITE_P(Versions, GermanSpeakingTextFieldTest, testing::Values(0x102FU, 0x1049U),
+    [](auto const& version) { return testing::PrintToString(version.param); });
+
+// In a process of its own, since the main bundle is found only once.
+TEST_P(GermanSpeakingTextFieldTest, SpeaksTheWordsOfTheMainBundle)
+{
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    EXPECT_EXIT(exitWithWhatIsSpoken("3.5,"), testing::ExitedWithCode(0), "<3><Punkt><5><Komma>");
+}
+
 TEST_P(PLIXSpeakingTextFieldTest, SaysNothingForOtherLettersAndDeletions)
 {
     speakDigits();
@@ -179,6 +224,26 @@ TEST_P(PLIXSpeakingTextFieldTest, ItemsAreAddedAndSpokenByHand)
     EXPECT_THAT(spoken(), ElementsAre("one"));
     pass(0.2);
     EXPECT_THAT(spoken(), ElementsAre("one", "two"));
+}
+
+TEST_P(PLIXSpeakingTextFieldTest, FieldsShareAVoiceAndHaveEachAQueue)
+{
+    auto const other = make<PLIXSpeakingTextField>(Rect { 20, 60, 200, 22 });
+    speaking->addItemToSpeak("one");
+    speaking->addItemToSpeak("two");
+    other->speakNextItem(nullptr);
+    EXPECT_THAT(spoken(), IsEmpty());
+    speaking->speakNextItem(nullptr);
+    other->addItemToSpeak("three");
+    other->speakNextItem(nullptr);
+    EXPECT_THAT(spoken(), ElementsAre("one"));
+    pass(5);
+    EXPECT_THAT(spoken(), testing::UnorderedElementsAre("one", "two", "three"));
+    for (auto const& utterance : speech().utterances()) {
+        EXPECT_EQ(utterance.channel, speech().utterances().front().channel);
+        EXPECT_EQ(utterance.how, SpeechEnd::Finished);
+    }
+    EXPECT_FALSE(hasTimer());
 }
 
 TEST_P(PLIXSpeakingTextFieldTest, DrainsTheQueueWhereSpeechIsMissing)
