@@ -134,6 +134,8 @@ struct DeviceOutput::State {
             if (!wasOpen)
                 waitWhile(true, betweenTries);
         }
+        // What SDL keeps for a thread goes by itself with its own threads only.
+        SDL_TLSCleanup();
         std::scoped_lock const lock(mutex);
         hasThread = false;
         changed.notify_all();
