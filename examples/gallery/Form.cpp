@@ -1,7 +1,11 @@
 #include "Form.h"
 
 #include <plix/platform/graphics/NSColor.h>
+#include <plix/platform/graphics/NSFont.h>
 #include <plix/platform/graphics/NSGraphics.h>
+
+#include <algorithm>
+#include <cmath>
 
 namespace gallery {
 
@@ -13,19 +17,56 @@ void Form::drawRect(Rect dirty)
     NSRectFill(dirty);
 }
 
+Ref<Form> Form::page(float width)
+{
+    return make<Form>(Rect { 0, 0, width, 100 });
+}
+
 void Form::addRow(std::string_view caption, std::vector<Ref<NSView>> const& controls)
 {
+    float highest = 26;
+    for (auto const& control : controls)
+        highest = std::max(highest, control->frame().height);
     auto const label = NSTextField::labelWithString(caption);
     label->setAlignment(NSRightTextAlignment);
     label->setFrame({ 20, m_y + 5, captionWidth, 16 });
     addSubview(*label);
     float x = left;
     for (auto const& control : controls) {
-        control->setFrameOrigin({ x, m_y + 13 - control->frame().height / 2 });
+        control->setFrameOrigin({ x, m_y + std::floor((highest - control->frame().height) / 2) });
         addSubview(*control);
         x = control->frame().maxX() + 10;
     }
-    m_y += 36;
+    m_y += highest + 10;
+}
+
+void Form::addNote(std::string_view text)
+{
+    auto const label = NSTextField::labelWithString(text);
+    label->cell()->setWraps(true);
+    label->setFont(NSFont::systemFontOfSize(11));
+    label->setTextColor(NSColor::disabledControlTextColor());
+    float const width = bounds().width - 40;
+    float const height = std::ceil(label->cell()->cellSizeForBounds({ 0, 0, width, 1000 }).height);
+    label->setFrame({ 20, m_y, width, height });
+    addSubview(*label);
+    m_y += height + 10;
+}
+
+void Form::addHeading(std::string_view text)
+{
+    auto const label = NSTextField::labelWithString(text);
+    label->setFont(NSFont::boldSystemFontOfSize(13));
+    label->setFrame({ 20, m_y + 4, bounds().width - 40, 18 });
+    addSubview(*label);
+    m_y += 32;
+}
+
+void Form::sizeToRows()
+{
+    setFrameSize({ frame().width, m_y + (m_status ? 36 : 10) });
+    if (m_status)
+        m_status->setFrameOrigin({ 20, bounds().height - 30 });
 }
 
 void Form::addGap()

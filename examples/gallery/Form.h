@@ -20,10 +20,19 @@ public:
     /// Where the controls begin.
     static constexpr float left = 20 + captionWidth + 10;
 
-    /// On one line; each is centred on it.
+    /// As wide as a page mostly is; sizeToRows() gives the height.
+    static plix::Ref<Form> page(float width = 560);
+
+    /// On one line, which is as high as the highest of them; each is centred on it. A caption of a high line stands at its top.
     void addRow(std::string_view caption, std::vector<plix::Ref<plix::NSView>> const& controls);
     /// Leaves a space between the row before and the next.
     void addGap();
+    /// A sentence across the page.
+    void addNote(std::string_view text);
+    void addHeading(std::string_view text);
+    /// As high as its rows, with room for the status line, if there is one. After the last.
+    void sizeToRows();
+    /// The line below the rows, at the bottom.
     void addStatus(std::string_view text);
     void setStatus(std::string_view text);
     /// The control says what it does from now on.

@@ -368,4 +368,9 @@ void PictureView::drawRect(Rect dirty)
     drawHairlines();
 }
 
+Ref<NSView> makePicturesPage()
+{
+    return make<PictureView>();
+}
+
 }

@@ -26,4 +26,6 @@ private:
     float m_samplesScale { 0 };
 };
 
+plix::Ref<plix::NSView> makePicturesPage();
+
 }

@@ -21,8 +21,11 @@
 #include <plix/platform/graphics/NSBitmapImageRep.h>
 #include <plix/platform/host/headless/HeadlessHost.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <iostream>
+#include <string_view>
+#include <vector>
 
 namespace gallery {
 
@@ -30,27 +33,42 @@ using namespace plix;
 
 namespace {
 
-constexpr Page allPages[] {
-    { "live", "Live controls", makeLivePage },
-    { "pictures", "Pictures", [] { return Ref<NSView>(make<PictureView>()); } },
-    { "text", "Text", makeTextPage },
-    { "buttons", "Buttons", makeButtonsPage },
-    { "menus", "Menus", makeMenusPage },
-    { "combos", "Combo boxes and dates", makeCombosPage },
-    { "dates", "Dates in panels", makeDatesPage },
-    { "boxes", "Boxes and progress", makeBoxesPage },
-    { "image_views", "Image views and segments", makeImageViewsPage },
-    { "tables", "Tables and outlines", makeTablesPage },
-    { "tabs", "Tab views", makeTabsPage },
-    { "alerts", "Alerts", makeAlertsPage },
-    { "progress", "Progress windows", makeProgressPage },
-    { "backgrounds", "Window backgrounds", makeBackgroundsPage },
-    { "labels", "Engraved labels", makeLabelsPage },
-    { "many_labels", "300 engraved labels", makeManyLabelsPage },
-    { "chiseled", "Engraved titles", makeChiseledPage },
-    { "sounds", "Sounds", makeSoundsPage },
-    { "speech", "Speech", makeSpeechPage },
+constexpr std::string_view sections[] { welcomeSection, controlsSection, tablesSection, windowsSection, textSection, drawingSection,
+    valuesSection, filesSection, eventsSection, soundSection, statesSection };
+
+constexpr Page sheetPages[] {
+    { "live", "Live controls", statesSection, "live_page.cpp", makeLivePage },
+    { "pictures", "Pictures", statesSection, "PictureView.cpp", makePicturesPage },
+    { "text", "Text", statesSection, "text_page.cpp", makeTextPage },
+    { "buttons", "Buttons", statesSection, "buttons_page.cpp", makeButtonsPage },
+    { "menus", "Menus", statesSection, "menus_page.cpp", makeMenusPage },
+    { "combos", "Combo boxes and dates", statesSection, "combos_page.cpp", makeCombosPage },
+    { "dates", "Dates in panels", statesSection, "dates_page.cpp", makeDatesPage },
+    { "boxes", "Boxes and progress", statesSection, "boxes_page.cpp", makeBoxesPage },
+    { "image_views", "Image views and segments", statesSection, "image_views_page.cpp", makeImageViewsPage },
+    { "tables", "Tables and outlines", statesSection, "tables_page.cpp", makeTablesPage },
+    { "tabs", "Tab views", statesSection, "tabs_page.cpp", makeTabsPage },
+    { "alerts", "Alerts", statesSection, "windows_page.cpp", makeAlertsPage },
+    { "progress", "Progress windows", statesSection, "windows_page.cpp", makeProgressPage },
+    { "backgrounds", "Window backgrounds", statesSection, "windows_page.cpp", makeBackgroundsPage },
+    { "labels", "Engraved labels", statesSection, "labels_page.cpp", makeLabelsPage },
+    { "many_labels", "300 engraved labels", statesSection, "labels_page.cpp", makeManyLabelsPage },
+    { "chiseled", "Engraved titles", statesSection, "chiseled_page.cpp", makeChiseledPage },
+    { "sounds", "Sounds", statesSection, "sounds_page.cpp", makeSoundsPage },
+    { "speech", "Speech", statesSection, "speech_page.cpp", makeSpeechPage },
 };
+
+std::vector<Page> gathered()
+{
+    std::vector<Page> all;
+    for (std::span<Page const> const family : { std::span<Page const>(sheetPages) })
+        all.insert(all.end(), family.begin(), family.end());
+    auto const rank = [](Page const& page) {
+        return std::find(std::begin(sections), std::end(sections), std::string_view(page.section)) - std::begin(sections);
+    };
+    std::stable_sort(all.begin(), all.end(), [&](Page const& a, Page const& b) { return rank(a) < rank(b); });
+    return all;
+}
 
 Ref<NSWindow> windowFor(Page const& page)
 {
@@ -65,7 +83,8 @@ Ref<NSWindow> windowFor(Page const& page)
 
 std::span<Page const> pages()
 {
-    return allPages;
+    static std::vector<Page> const s_pages = gathered();
+    return s_pages;
 }
 
 Ref<NSBitmapImageRep> render(Page const& page)

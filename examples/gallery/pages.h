@@ -17,12 +17,28 @@ namespace gallery {
 
 /// One page: a view of its own size that shows a subject in all its states.
 struct Page {
-    char const* name; ///< also of the files it is dumped to
+    char const* name; ///< a class's name, or a topic in lower case; also of the files it is dumped to
     char const* title;
+    char const* section; ///< its heading in the list
+    char const* source; ///< the file of this folder that makeView is in
+    /// Named after the page: makeNSScannerPage() of NSScanner, makeImageViewsPage() of image_views.
     plix::Ref<plix::NSView> (*makeView)();
 };
 
-/// Every page in the order in which they are shown. A new page is one more line there.
+// What sections are called.
+inline constexpr char welcomeSection[] = "plix";
+inline constexpr char controlsSection[] = "Controls";
+inline constexpr char tablesSection[] = "Tables";
+inline constexpr char windowsSection[] = "Windows and panels";
+inline constexpr char textSection[] = "Text";
+inline constexpr char drawingSection[] = "Drawing";
+inline constexpr char valuesSection[] = "Values and formats";
+inline constexpr char filesSection[] = "Files and system";
+inline constexpr char eventsSection[] = "Events and application";
+inline constexpr char soundSection[] = "Sound and speech";
+inline constexpr char statesSection[] = "All states";
+
+/// Every page, those of a section together, in the order in which they are shown. A family's pages are listed in its own source.
 std::span<Page const> pages();
 
 /// The page drawn in a window of its own size, with that window's pixels a point.

@@ -1,0 +1,178 @@
+#include "Transcript.h"
+
+#include <plix/platform/graphics/NSColor.h>
+#include <plix/platform/graphics/NSFont.h>
+#include <plix/platform/graphics/NSGraphics.h>
+#include <plix/platform/graphics/NSParagraphStyle.h>
+#include <plix/platform/graphics/string_drawing.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace gallery {
+
+using namespace plix;
+
+namespace {
+
+constexpr float padding = 8;
+constexpr float gap = 16;
+constexpr float lineHeight = 22;
+constexpr float expressionShare = 0.58F;
+constexpr float fontSize = 11;
+
+Attributes attributes(Ref<NSFont> const& font, Ref<NSColor> const& color)
+{
+    return { { NSFontAttributeName, font }, { NSForegroundColorAttributeName, color } };
+}
+
+Attributes codeAttributes(Ref<NSColor> const& color)
+{
+    return attributes(NSFont::userFixedPitchFontOfSize(fontSize), color);
+}
+
+float extent(std::string_view text, float width, Attributes const& look)
+{
+    return text.empty() ? 0 : std::ceil(sizeForWidth(text, width, look).height);
+}
+
+Attributes noteAttributes()
+{
+    return attributes(NSFont::systemFontOfSize(fontSize), NSColor::disabledControlTextColor());
+}
+
+Attributes headingAttributes()
+{
+    return attributes(NSFont::boldSystemFontOfSize(12), NSColor::controlTextColor());
+}
+
+}
+
+bool Transcript::init(float width)
+{
+    return NSView::init(Rect { 0, 0, width, 2 * margin });
+}
+
+void Transcript::addHeading(std::string_view text)
+{
+    append(Kind::heading, text, {});
+}
+
+void Transcript::addNote(std::string_view text)
+{
+    append(Kind::note, text, {});
+}
+
+long Transcript::add(std::string_view expression, std::string_view result)
+{
+    return append(Kind::line, expression, result);
+}
+
+long Transcript::append(Kind kind, std::string_view expression, std::string_view result)
+{
+    m_lines.push_back({ kind, std::string(expression), std::string(result) });
+    m_lines.back().height = heightOf(m_lines.back());
+    if (m_limit > 0 && lineCount() > m_limit)
+        m_lines.erase(m_lines.begin(), m_lines.end() - m_limit);
+    layOut();
+    return lineCount() - 1;
+}
+
+void Transcript::setResult(long line, std::string_view result)
+{
+    auto& changed = m_lines.at(static_cast<std::size_t>(line));
+    if (changed.result == result)
+        return;
+    changed.result = result;
+    changed.height = heightOf(changed);
+    layOut();
+}
+
+void Transcript::setLimit(long lines)
+{
+    m_limit = std::max(lines, 0L);
+    if (m_limit > 0 && lineCount() > m_limit)
+        m_lines.erase(m_lines.begin(), m_lines.end() - m_limit);
+    layOut();
+}
+
+void Transcript::clear()
+{
+    m_lines.clear();
+    layOut();
+}
+
+float Transcript::resultLeft() const
+{
+    return std::floor(margin + padding + (bounds().width - 2 * margin - 2 * padding) * expressionShare + gap / 2);
+}
+
+float Transcript::columnWidth(Line const& line) const
+{
+    if (line.kind != Kind::line || line.result.empty())
+        return bounds().width - 2 * margin - 2 * padding;
+    return resultLeft() - gap - margin - padding;
+}
+
+float Transcript::heightOf(Line const& line) const
+{
+    auto const color = NSColor::controlTextColor();
+    if (line.kind == Kind::heading)
+        return 30;
+    if (line.kind == Kind::note)
+        return std::max(lineHeight, extent(line.expression, columnWidth(line), noteAttributes()) + 8);
+    float const left = extent(line.expression, columnWidth(line), codeAttributes(color));
+    float const right = extent(line.result, bounds().width - margin - padding - resultLeft(), codeAttributes(color));
+    return std::max(lineHeight, std::max(left, right) + 8);
+}
+
+void Transcript::layOut()
+{
+    float y = margin;
+    for (auto& line : m_lines) {
+        line.top = y;
+        y += line.height;
+    }
+    if (m_limit > 0)
+        y = std::max(y, margin + static_cast<float>(m_limit) * lineHeight);
+    setFrameSize({ frame().width, y + margin });
+    setNeedsDisplay(true);
+}
+
+void Transcript::drawLine(Line const& line, bool isTinted) const
+{
+    float const width = columnWidth(line);
+    Rect const place { margin + padding, line.top + 4, width, line.height };
+    if (line.kind == Kind::note) {
+        drawInRect(line.expression, place, noteAttributes());
+        return;
+    }
+    if (line.kind == Kind::heading) {
+        drawInRect(line.expression, NSOffsetRect(place, 0, 6), headingAttributes());
+        return;
+    }
+    if (isTinted) {
+        NSColor::controlTextColor()->colorWithAlphaComponent(0.045F)->set();
+        NSRectFillUsingOperation({ margin, line.top, bounds().width - 2 * margin, line.height }, NSCompositeSourceOver);
+    }
+    drawInRect(line.expression, place, codeAttributes(NSColor::controlTextColor()));
+    if (line.result.empty())
+        return;
+    float const left = resultLeft();
+    drawInRect(line.result, { left, place.y, bounds().width - margin - padding - left, line.height },
+        codeAttributes(NSColor::keyboardFocusIndicatorColor()));
+}
+
+void Transcript::drawRect(Rect dirty)
+{
+    NSColor::windowBackgroundColor()->set();
+    NSRectFill(dirty);
+    bool isTinted = false;
+    for (auto const& line : m_lines) {
+        isTinted = line.kind == Kind::line && !isTinted;
+        if (line.top < dirty.maxY() && line.top + line.height > dirty.y)
+            drawLine(line, isTinted);
+    }
+}
+
+}
