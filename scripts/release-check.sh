@@ -82,18 +82,18 @@ with_pkg_config() { # prefix build-folder option...
 check_shared() {
     say "building the shared library"
     build package
-    install_and_move package shared
-    library=$(find "$out/shared" -name 'libplix.so.*.*.*')
+    install_and_move package dynamic
+    library=$(find "$out/dynamic" -name 'libplix.so.*.*.*')
     [ -n "$library" ] || fail "no versioned library was installed"
     check_symbols "$library"
-    say "using it from $out/shared"
-    with_cmake "$out/shared" "$out/build-shared"
-    with_pkg_config "$out/shared" "$out/build-shared"
+    say "using it from $out/dynamic"
+    with_cmake "$out/dynamic" "$out/build-dynamic"
+    with_pkg_config "$out/dynamic" "$out/build-dynamic"
     # Of the two programs that CMake and pkg-config built, both use the moved library.
     for program in application application_pc; do
-        ldd "$out/build-shared/$program" | grep -q "=> $out/shared/" || fail "$program uses another library"
+        ldd "$out/build-dynamic/$program" | grep -q "=> $out/dynamic/" || fail "$program uses another library"
     done
-    run "$out/shared/bin/plix-gallery" --dump "$out/gallery" >/dev/null
+    run "$out/dynamic/bin/plix-gallery" --dump "$out/gallery" >/dev/null
     [ -n "$(ls "$out/gallery")" ] || fail "the installed gallery draws nothing"
 }
 

@@ -1,13 +1,13 @@
 #include <plix/platform/appkit/NSSound.h>
 
 #include <plix/platform/base/NSData.h>
+#include <plix/platform/base/NamedObjects.h>
 #include <plix/platform/foundation/NSBundle.h>
 #include <plix/platform/foundation/NSFileManager.h>
 #include <plix/platform/host/Audio.h>
 #include <plix/platform/host/Host.h>
 #include <plix/platform/host/sound_folders.h>
 
-#include <map>
 #include <optional>
 #include <utility>
 
@@ -16,9 +16,9 @@ namespace plix {
 namespace {
 
 /// Never taken down: named sounds live as long as the process.
-std::map<std::string, Ref<NSSound>, std::less<>>& registry()
+NamedObjects<NSSound>& registry()
 {
-    static auto* const s_registry = new std::map<std::string, Ref<NSSound>, std::less<>>;
+    static auto* const s_registry = new NamedObjects<NSSound>;
     return *s_registry;
 }
 
@@ -101,29 +101,12 @@ void NSSound::copyStateTo(NSObject& fresh) const
 
 Ref<NSSound> NSSound::soundNamed(std::string_view name)
 {
-    if (name.empty())
-        return nullptr;
-    if (auto const known = registry().find(name); known != registry().end())
-        return known->second;
-    auto sound = findSound(name);
-    if (sound)
-        sound->setName(name);
-    return sound;
+    return registry().named(name, [](std::string_view wanted) { return findSound(wanted); });
 }
 
 bool NSSound::setName(std::string_view name)
 {
-    if (name == m_name)
-        return true;
-    if (registry().contains(name))
-        return false;
-    Ref<NSSound> const protector(this);
-    if (!m_name.empty())
-        registry().erase(m_name);
-    m_name = name;
-    if (!m_name.empty())
-        registry().emplace(m_name, this);
-    return true;
+    return registry().rename(*this, m_name, name);
 }
 
 std::vector<std::string> const& NSSound::soundUnfilteredFileTypes()

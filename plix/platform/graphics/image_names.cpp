@@ -1,18 +1,18 @@
 #include <plix/platform/graphics/NSImage.h>
 
+#include <plix/platform/base/NamedObjects.h>
 #include <plix/platform/foundation/NSBundle.h>
 
 #include <filesystem>
-#include <map>
 
 namespace plix {
 
 namespace {
 
 /// Never taken down: named images live as long as the process.
-std::map<std::string, Ref<NSImage>, std::less<>>& registry()
+NamedObjects<NSImage>& registry()
 {
-    static auto* const s_registry = new std::map<std::string, Ref<NSImage>, std::less<>>;
+    static auto* const s_registry = new NamedObjects<NSImage>;
     return *s_registry;
 }
 
@@ -54,14 +54,7 @@ Ref<NSImage> findImage(std::string_view name)
 
 Ref<NSImage> NSImage::imageNamed(std::string_view name)
 {
-    if (name.empty())
-        return nullptr;
-    if (auto const known = registry().find(name); known != registry().end())
-        return known->second;
-    auto image = findImage(name);
-    if (image)
-        image->setName(name);
-    return image;
+    return registry().named(name, findImage);
 }
 
 void NSImage::addResourceFolder(std::string_view path)
@@ -71,17 +64,7 @@ void NSImage::addResourceFolder(std::string_view path)
 
 bool NSImage::setName(std::string_view name)
 {
-    if (name == m_name)
-        return true;
-    if (registry().contains(name))
-        return false;
-    Ref<NSImage> const protector(this);
-    if (!m_name.empty())
-        registry().erase(m_name);
-    m_name = name;
-    if (!m_name.empty())
-        registry().emplace(m_name, this);
-    return true;
+    return registry().rename(*this, m_name, name);
 }
 
 std::vector<std::string> const& NSImage::imageUnfilteredFileTypes()

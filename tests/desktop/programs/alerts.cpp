@@ -2,9 +2,10 @@
 // over all windows, "sheet" on the first one. It reports on standard output where an alert's buttons are, in the display's pixels,
 // which buttons were pressed and what was answered, one line each.
 
+#include <tests/desktop/programs/support/program.h>
+
 #include <plix/platform/appkit/NSApplication.h>
 #include <plix/platform/appkit/NSButton.h>
-#include <plix/platform/appkit/NSScreen.h>
 #include <plix/platform/appkit/NSWindow.h>
 #include <plix/platform/foundation/NSRunLoop.h>
 #include <plix/platform/foundation/NSTimer.h>
@@ -13,20 +14,11 @@
 #include <plix/windows/PLIXWindow.h>
 #include <plix/windows/TQAlert.h>
 
-#include <iostream>
 #include <sstream>
 #include <string>
 
-#include <poll.h>
-#include <unistd.h>
-
 namespace plix {
 namespace {
-
-void report(std::string const& line)
-{
-    std::cout << line << std::endl;
-}
 
 Ref<NSWindow> windowWithButton(std::string const& name, Rect contentRect)
 {
@@ -69,10 +61,9 @@ private:
     }
     static void reportPlace(char const* name, NSView const& view)
     {
-        auto const inBase = view.convertRectToView(view.bounds(), nullptr);
-        auto const middle = view.window()->convertBaseToScreen({ inBase.midX(), inBase.midY() });
+        auto const place = onDisplay(view);
         std::ostringstream out;
-        out << name << ' ' << middle.x << ' ' << NSScreen::mainScreen().frame().height - middle.y;
+        out << name << ' ' << place.midX() << ' ' << place.midY();
         report(out.str());
     }
 
@@ -84,24 +75,14 @@ PLIX_DESCRIBE(Asker)
 {
 }
 
-void readCommands(RunLoopDescriptor& source, Asker& asker, NSWindow& owner)
+void obey(std::string const& line, Asker& asker, NSWindow& owner)
 {
-    char bytes[256];
-    auto const size = read(STDIN_FILENO, bytes, sizeof bytes);
-    if (size <= 0) {
-        source.invalidate();
-        NSApp->terminate(nullptr);
-        return;
-    }
-    std::istringstream lines(std::string(bytes, static_cast<std::size_t>(size)));
-    for (std::string line; std::getline(lines, line);) {
-        if (line == "window")
-            asker.ask(nullptr);
-        else if (line == "sheet")
-            asker.ask(&owner);
-        else
-            report(line);
-    }
+    if (line == "window")
+        asker.ask(nullptr);
+    else if (line == "sheet")
+        asker.ask(&owner);
+    else
+        report(line);
 }
 
 int run()
@@ -110,12 +91,9 @@ int run()
     auto const other = windowWithButton("other", { 700, 600, 300, 200 });
     auto const owner = windowWithButton("owner", { 60, 560, 560, 300 });
     auto const asker = make<Asker>();
-    Ref<RunLoopDescriptor> source;
-    source = make<RunLoopDescriptor>(STDIN_FILENO, short { POLLIN }, [&](short) { readCommands(*source, *asker, *owner); });
-    NSRunLoop::currentRunLoop().addDescriptor(*source, NSRunLoopCommonModes);
+    auto const source = obeyLines([&](std::string const& line) { obey(line, *asker, *owner); });
     application.setExitHandler([] {});
-    report("ready");
-    application.run();
+    runReporting();
     source->invalidate();
     return 0;
 }

@@ -2,6 +2,8 @@
 // keyboard. The windows stand where the arguments say and 200 points to the right of there. What the buttons show is reported on
 // standard output, one line each.
 
+#include <tests/desktop/programs/support/program.h>
+
 #include <plix/controls/PLIXChiseledTextPopUpButton.h>
 #include <plix/platform/appkit/NSApplication.h>
 #include <plix/platform/appkit/NSMenu.h>
@@ -9,17 +11,10 @@
 #include <plix/platform/appkit/NSWindow.h>
 #include <plix/platform/graphics/NSImage.h>
 
-#include <cstdlib>
-#include <iostream>
 #include <string>
 
 namespace plix {
 namespace {
-
-void report(std::string const& line)
-{
-    std::cout << line << std::endl;
-}
 
 class Reporter : public PLIXChiseledTextPopUpButton {
 public:
@@ -91,16 +86,14 @@ Shown show(std::string const& name, Point place, Ref<Watcher> const& watcher)
 
 int run(Point place)
 {
-    auto& application = NSApplication::sharedApplication();
+    NSApplication::sharedApplication();
     auto const watcher = make<Watcher>();
     auto const second = show("second", { place.x + 200, place.y }, watcher);
     auto const first = show("first", place, watcher);
     first.window->setDelegate(watcher);
     second.window->orderFront(nullptr);
     first.window->makeKeyAndOrderFront(nullptr);
-    report("ready");
-    application.run();
-    return 0;
+    return runReporting();
 }
 
 }
@@ -108,7 +101,5 @@ int run(Point place)
 
 int main(int count, char** arguments)
 {
-    if (count < 3)
-        return 2;
-    return plix::run({ std::strtof(arguments[1], nullptr), std::strtof(arguments[2], nullptr) });
+    return plix::run(plix::placeFromArguments(count, arguments));
 }

@@ -1,25 +1,19 @@
 // An application that asks for a range of dates again and again, and reports on standard output where the panel's parts are, in the
 // display's pixels, and what was answered, one line each.
 
+#include <tests/desktop/programs/support/program.h>
+
 #include <plix/platform/appkit/NSApplication.h>
 #include <plix/platform/appkit/NSButton.h>
-#include <plix/platform/appkit/NSScreen.h>
 #include <plix/platform/appkit/NSView.h>
 #include <plix/platform/foundation/NSNotification.h>
 #include <plix/platform/foundation/NSTimer.h>
 #include <plix/windows/TQDateRangePanel.h>
 
-#include <iostream>
-#include <sstream>
 #include <string>
 
 namespace plix {
 namespace {
-
-void report(std::string const& line)
-{
-    std::cout << line << std::endl;
-}
 
 std::string written(NSCalendarDate const& date)
 {
@@ -50,12 +44,7 @@ private:
     {
         if (!view)
             return report(name + " missing");
-        auto const inBase = view->convertRectToView(view->bounds(), nullptr);
-        auto const origin = m_panel->convertBaseToScreen(inBase.origin());
-        std::ostringstream out;
-        out << name << ' ' << origin.x << ' ' << NSScreen::mainScreen().frame().height - origin.y - inBase.height << ' '
-            << inBase.width << ' ' << inBase.height;
-        report(out.str());
+        report(name + ' ' + textOf(onDisplay(*view)));
     }
 
     Ref<TQDateRangePanel> m_panel;
@@ -67,12 +56,10 @@ PLIX_DESCRIBE(Asker)
 
 int run()
 {
-    auto& application = NSApplication::sharedApplication();
+    NSApplication::sharedApplication();
     auto const asker = make<Asker>();
     auto const timer = NSTimer::scheduledTimerWithTimeInterval(0, *asker, &Asker::ask, {}, true);
-    report("ready");
-    application.run();
-    return 0;
+    return runReporting();
 }
 
 }

@@ -1,6 +1,8 @@
 // A window with two text fields, one below the other. It is named by its first argument and stands where the next two say. What is
 // typed is reported on standard output, one line each.
 
+#include <tests/desktop/programs/support/program.h>
+
 #include <plix/inspector/inspector.h>
 #include <plix/platform/appkit/NSApplication.h>
 #include <plix/platform/appkit/NSTextField.h>
@@ -8,16 +10,10 @@
 #include <plix/platform/foundation/NSNotification.h>
 
 #include <cstdlib>
-#include <iostream>
 #include <string>
 
 namespace plix {
 namespace {
-
-void report(std::string const& line)
-{
-    std::cout << line << std::endl;
-}
 
 class Watcher : public NSObject {
     PLIX_CLASS(Watcher, NSObject);
@@ -41,7 +37,7 @@ PLIX_DESCRIBE(Watcher)
 
 int run(std::string const& title, float x, float y)
 {
-    auto& application = NSApplication::sharedApplication();
+    NSApplication::sharedApplication();
     installInspector();
     auto const watcher = make<Watcher>();
     auto const window = make<NSWindow>(Rect { x, y, 300, 100 }, NSTitledWindowMask, NSBackingStoreBuffered, false);
@@ -56,9 +52,7 @@ int run(std::string const& title, float x, float y)
         window->contentView()->addSubview(*field);
     }
     window->makeKeyAndOrderFront(nullptr);
-    report("ready");
-    application.run();
-    return 0;
+    return runReporting();
 }
 
 }

@@ -2,24 +2,18 @@
 // arguments say. Active text is green on black, inactive red, the shadow blue. What the labels are told is reported on standard
 // output, one line each.
 
+#include <tests/desktop/programs/support/program.h>
+
 #include <plix/controls/PLIXChiseledTextField.h>
 #include <plix/platform/appkit/NSApplication.h>
 #include <plix/platform/appkit/NSWindow.h>
 #include <plix/platform/graphics/NSColor.h>
 #include <plix/platform/graphics/NSFont.h>
-#include <plix/platform/graphics/NSGraphics.h>
 
-#include <cstdlib>
-#include <iostream>
 #include <string>
 
 namespace plix {
 namespace {
-
-void report(std::string const& line)
-{
-    std::cout << line << std::endl;
-}
 
 class Reporter : public PLIXChiseledTextField {
 public:
@@ -38,17 +32,6 @@ public:
     std::string name;
 };
 
-class Ground : public NSView {
-public:
-    using NSView::init;
-    bool isOpaque() const override { return true; }
-    void drawRect(Rect dirty) override
-    {
-        NSColor::blackColor()->set();
-        NSRectFill(dirty);
-    }
-};
-
 class OwnWindow : public NSWindow {
 public:
     using NSWindow::init;
@@ -58,7 +41,7 @@ template <typename Window> Ref<NSWindow> show(std::string const& name, Point pla
 {
     auto window = make<Window>(Rect { place.x, place.y, 180, 100 }, NSTitledWindowMask, NSBackingStoreBuffered, false);
     window->setTitle(name);
-    auto const ground = make<Ground>(Rect { 0, 0, 180, 100 });
+    auto const ground = make<ColouredView>(Rect { 0, 0, 180, 100 }, NSColor::blackColor());
     auto const label = make<Reporter>(Rect { 0, 0, 180, 100 });
     label->name = name;
     label->setActiveColor(NSColor::greenColor());
@@ -76,16 +59,14 @@ template <typename Window> Ref<NSWindow> show(std::string const& name, Point pla
 
 int run(Point place)
 {
-    auto& application = NSApplication::sharedApplication();
+    NSApplication::sharedApplication();
     auto const second = show<NSWindow>("second", { place.x + 200, place.y });
     auto const own = show<OwnWindow>("own", { place.x + 400, place.y });
     auto const first = show<NSWindow>("first", place);
     second->orderFront(nullptr);
     own->orderFront(nullptr);
     first->makeKeyAndOrderFront(nullptr);
-    report("ready");
-    application.run();
-    return 0;
+    return runReporting();
 }
 
 }
@@ -93,7 +74,5 @@ int run(Point place)
 
 int main(int count, char** arguments)
 {
-    if (count < 3)
-        return 2;
-    return plix::run({ std::strtof(arguments[1], nullptr), std::strtof(arguments[2], nullptr) });
+    return plix::run(plix::placeFromArguments(count, arguments));
 }

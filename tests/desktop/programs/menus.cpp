@@ -1,34 +1,21 @@
 // A window with a pop-up button, a pull-down button, a combo box and a context menu. It stands where its arguments say. What is
 // chosen, and where menus open on the screen (from its upper left corner), is reported on standard output, one line each.
 
+#include <tests/desktop/programs/support/program.h>
+
 #include <plix/platform/appkit/MenuTracker.h>
 #include <plix/platform/appkit/NSApplication.h>
 #include <plix/platform/appkit/NSComboBox.h>
 #include <plix/platform/appkit/NSMenu.h>
 #include <plix/platform/appkit/NSMenuItem.h>
 #include <plix/platform/appkit/NSPopUpButton.h>
-#include <plix/platform/appkit/NSScreen.h>
 #include <plix/platform/appkit/NSWindow.h>
 #include <plix/platform/foundation/NSNotification.h>
 
-#include <cstdlib>
-#include <iostream>
 #include <string>
 
 namespace plix {
 namespace {
-
-void report(std::string const& line)
-{
-    std::cout << line << std::endl;
-}
-
-std::string onScreen(Rect rect)
-{
-    float const top = NSScreen::mainScreen().frame().maxY() - rect.maxY();
-    return std::to_string(static_cast<int>(rect.x)) + ' ' + std::to_string(static_cast<int>(top)) + ' '
-        + std::to_string(static_cast<int>(rect.width)) + ' ' + std::to_string(static_cast<int>(rect.height));
-}
 
 class Watcher : public NSObject {
     PLIX_CLASS(Watcher, NSObject);
@@ -41,7 +28,7 @@ public:
     void willHighlightItem(NSMenu& menu, NSMenuItem* item)
     {
         if (auto const* window = MenuTracker::windowOfMenu(menu))
-            report("lit " + (item ? item->title() : std::string("-")) + " in " + onScreen(window->frame()));
+            report("lit " + (item ? item->title() : std::string("-")) + " in " + textOf(onDisplay(window->frame())));
     }
 };
 
@@ -49,11 +36,11 @@ PLIX_DESCRIBE(Watcher)
 {
 }
 
-int run(float x, float y)
+int run(Point place)
 {
-    auto& application = NSApplication::sharedApplication();
+    NSApplication::sharedApplication();
     auto const watcher = make<Watcher>();
-    auto const window = make<NSWindow>(Rect { x, y, 300, 160 }, NSTitledWindowMask, NSBackingStoreBuffered, false);
+    auto const window = make<NSWindow>(Rect { place.x, place.y, 300, 160 }, NSTitledWindowMask, NSBackingStoreBuffered, false);
     window->setTitle("menus");
     window->setDelegate(watcher);
     auto const chosen = [](NSObject* sender) { report("chosen " + static_cast<NSControl*>(sender)->stringValue()); };
@@ -78,9 +65,7 @@ int run(float x, float y)
     window->contentView()->setMenu(context);
     window->makeKeyAndOrderFront(nullptr);
     window->makeFirstResponder(popUp.get());
-    report("ready");
-    application.run();
-    return 0;
+    return runReporting();
 }
 
 }
@@ -88,7 +73,5 @@ int run(float x, float y)
 
 int main(int count, char** arguments)
 {
-    if (count < 3)
-        return 2;
-    return plix::run(std::strtof(arguments[1], nullptr), std::strtof(arguments[2], nullptr));
+    return plix::run(plix::placeFromArguments(count, arguments));
 }

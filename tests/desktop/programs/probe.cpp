@@ -1,6 +1,8 @@
 // A program over the bare doors of the host: does what it is told by lines on standard input and reports what it is told in turn,
 // one line each, on standard output. Names of windows are words.
 
+#include <tests/desktop/programs/support/program.h>
+
 #include <plix/platform/base/clock.h>
 #include <plix/platform/foundation/event_source.h>
 #include <plix/platform/host/Clipboard.h>
@@ -10,7 +12,6 @@
 #include <cstdlib>
 #include <fstream>
 #include <functional>
-#include <iostream>
 #include <map>
 #include <sstream>
 #include <string>
@@ -24,11 +25,6 @@ using namespace plix;
 
 bool s_isRunning = true;
 
-void report(std::string const& line)
-{
-    std::cout << line << std::endl;
-}
-
 std::string escaped(std::string_view text)
 {
     std::ostringstream out;
@@ -38,13 +34,6 @@ std::string escaped(std::string_view text)
         else
             out << byte;
     }
-    return out.str();
-}
-
-std::string textOf(Rect rect)
-{
-    std::ostringstream out;
-    out << rect.x << ' ' << rect.y << ' ' << rect.width << ' ' << rect.height;
     return out.str();
 }
 
@@ -225,13 +214,6 @@ Rect readRect(std::istream& words)
     return rect;
 }
 
-std::string rest(std::istream& words)
-{
-    std::string text;
-    std::getline(words >> std::ws, text);
-    return text;
-}
-
 void reportPaste()
 {
     auto const text = host().clipboard().text();
@@ -318,23 +300,6 @@ void obey(std::string const& line)
         found->second(words);
 }
 
-/// Takes what has arrived on standard input; at its end the program ends.
-void readCommands(std::string& unfinished)
-{
-    char bytes[4096];
-    auto const size = read(STDIN_FILENO, bytes, sizeof bytes);
-    if (size <= 0) {
-        s_isRunning = false;
-        return;
-    }
-    unfinished.append(bytes, static_cast<std::size_t>(size));
-    for (auto end = unfinished.find('\n'); end != unfinished.npos && s_isRunning; end = unfinished.find('\n')) {
-        auto const line = unfinished.substr(0, end);
-        unfinished.erase(0, end + 1);
-        obey(line);
-    }
-}
-
 }
 
 int main()
@@ -342,7 +307,7 @@ int main()
     ScreenWatcher watcher;
     host().display().setClient(&watcher);
     report("ready " + std::string(host().name()));
-    std::string unfinished;
+    LineReader reader;
     while (s_isRunning) {
         while (host().events().deliverPending()) { }
         if (!s_isRunning)
@@ -350,7 +315,7 @@ int main()
         pollfd input { STDIN_FILENO, POLLIN, 0 };
         host().events().wait({ &input, 1 }, {});
         if (input.revents != 0)
-            readCommands(unfinished);
+            s_isRunning = reader.read(obey) && s_isRunning;
     }
     s_windows.clear();
     installHost(nullptr);

@@ -1,6 +1,8 @@
 // A window with a field that speaks digits, points and commas. What is in it is reported on standard output, and when the program
 // begins and ends to speak. An l in the field has a long text spoken, an s stops that, a q ends the program.
 
+#include <tests/desktop/programs/support/program.h>
+
 #include <plix/platform/appkit/NSApplication.h>
 #include <plix/platform/appkit/NSCell.h>
 #include <plix/platform/appkit/NSSpeechSynthesizer.h>
@@ -10,16 +12,10 @@
 #include <plix/speech/PLIXSpeakingTextField.h>
 #include <plix/speech/PLIXSpeechSynthesizer.h>
 
-#include <iostream>
 #include <string>
 
 namespace plix {
 namespace {
-
-void report(std::string const& line)
-{
-    std::cout << line << std::endl;
-}
 
 constexpr char const* longText
     = "This is a long text that goes on and on, for quite a while, with many words and many more of them, "
@@ -60,7 +56,7 @@ PLIX_DESCRIBE(Watcher)
 
 int run()
 {
-    auto& application = NSApplication::sharedApplication();
+    NSApplication::sharedApplication();
     auto const watcher = make<Watcher>();
     auto const window = make<NSWindow>(Rect { 100, 724, 400, 100 }, NSTitledWindowMask, NSBackingStoreBuffered, false);
     window->setTitle("speech");
@@ -75,9 +71,7 @@ int run()
     constexpr NSTimeInterval secondsBetweenLooks = 0.02;
     NSTimer::scheduledTimerWithTimeInterval(secondsBetweenLooks, *watcher, &Watcher::look, nullptr, true);
     window->makeKeyAndOrderFront(nullptr);
-    report("ready");
-    application.run();
-    return 0;
+    return runReporting();
 }
 
 }

@@ -2,49 +2,19 @@
 // dividers of 10 points. The red pane may collapse, at a double click too, and keeps 60 points else. Each new layout is reported on
 // standard output, with the panes' widths.
 
+#include <tests/desktop/programs/support/program.h>
+
 #include <plix/controls/TQSplitView.h>
 #include <plix/platform/appkit/NSApplication.h>
 #include <plix/platform/appkit/NSCursor.h>
 #include <plix/platform/appkit/NSWindow.h>
 #include <plix/platform/foundation/NSNotification.h>
 #include <plix/platform/graphics/NSColor.h>
-#include <plix/platform/graphics/NSGraphics.h>
 
-#include <iostream>
 #include <string>
 
 namespace plix {
 namespace {
-
-void report(std::string const& line)
-{
-    std::cout << line << std::endl;
-}
-
-class Pane : public NSView {
-    PLIX_CLASS(Pane, NSView);
-
-public:
-    using NSView::init;
-    bool init(Rect frame, Ref<NSColor> color)
-    {
-        m_color = std::move(color);
-        return Base::init(frame);
-    }
-    bool isOpaque() const override { return true; }
-    void drawRect(Rect rect) override
-    {
-        m_color->set();
-        NSRectFill(rect);
-    }
-
-private:
-    Ref<NSColor> m_color;
-};
-
-PLIX_DESCRIBE(Pane)
-{
-}
 
 class Watcher : public NSObject {
     PLIX_CLASS(Watcher, NSObject);
@@ -70,7 +40,7 @@ PLIX_DESCRIBE(Watcher)
 
 int run()
 {
-    auto& application = NSApplication::sharedApplication();
+    NSApplication::sharedApplication();
     auto const watcher = make<Watcher>();
     auto const window
         = make<NSWindow>(Rect { 100, 724, 400, 200 }, NSTitledWindowMask | NSResizableWindowMask, NSBackingStoreBuffered, false);
@@ -80,17 +50,15 @@ int run()
     split->setVertical(true);
     split->setDividerThickness(10);
     split->setAutoresizingMask(NSViewWidthSizable | NSViewHeightSizable);
-    split->addSubview(*make<Pane>(Rect { 0, 0, 160, 200 }, NSColor::redColor()));
-    split->addSubview(*make<Pane>(Rect { 170, 0, 100, 200 }, NSColor::greenColor()));
-    split->addSubview(*make<Pane>(Rect { 280, 0, 120, 200 }, NSColor::blueColor()));
+    split->addSubview(*make<ColouredView>(Rect { 0, 0, 160, 200 }, NSColor::redColor()));
+    split->addSubview(*make<ColouredView>(Rect { 170, 0, 100, 200 }, NSColor::greenColor()));
+    split->addSubview(*make<ColouredView>(Rect { 280, 0, 120, 200 }, NSColor::blueColor()));
     split->setPosition(160, 0);
     split->setPosition(270, 1);
     split->setDelegate(watcher);
     window->contentView()->addSubview(*split);
     window->makeKeyAndOrderFront(nullptr);
-    report("ready");
-    application.run();
-    return 0;
+    return runReporting();
 }
 
 }

@@ -2,12 +2,13 @@
 // rows and the divider of its first column are on the screen (from its upper left corner), and what a person does to it, is
 // reported on standard output, one line each.
 
+#include <tests/desktop/programs/support/program.h>
+
 #include <plix/platform/appkit/NSApplication.h>
 #include <plix/platform/appkit/NSClipView.h>
 #include <plix/platform/appkit/NSDraggingInfo.h>
 #include <plix/platform/appkit/NSOutlineView.h>
 #include <plix/platform/appkit/NSPasteboard.h>
-#include <plix/platform/appkit/NSScreen.h>
 #include <plix/platform/appkit/NSScrollView.h>
 #include <plix/platform/appkit/NSTableColumn.h>
 #include <plix/platform/appkit/NSTableHeaderView.h>
@@ -16,23 +17,16 @@
 #include <plix/platform/foundation/NSNotificationCenter.h>
 #include <plix/tables/PLIXTableView.h>
 
-#include <iostream>
 #include <string>
 #include <vector>
 
 namespace plix {
 namespace {
 
-void report(std::string const& line)
-{
-    std::cout << line << std::endl;
-}
-
 void reportPlace(std::string const& what, NSView const& view, Point point)
 {
-    auto const place = view.window()->convertBaseToScreen(view.convertPointToView(point, nullptr));
-    report(what + " at " + std::to_string(static_cast<int>(place.x)) + ' '
-        + std::to_string(static_cast<int>(NSScreen::mainScreen().frame().maxY() - place.y)));
+    auto const place = onDisplay(view, point);
+    report(what + " at " + std::to_string(static_cast<int>(place.x)) + ' ' + std::to_string(static_cast<int>(place.y)));
 }
 
 constexpr char const* rowType = "desktop test rows";
@@ -176,7 +170,7 @@ public:
 
 int run(bool showsOutline)
 {
-    auto& application = NSApplication::sharedApplication();
+    NSApplication::sharedApplication();
     auto const keys = make<Keys>();
     auto const window = make<NSWindow>(Rect { 300, 400, 400, 300 }, NSTitledWindowMask, NSBackingStoreBuffered, false);
     window->setTitle("tables");
@@ -220,9 +214,7 @@ int run(bool showsOutline)
         },
         NSViewBoundsDidChangeNotification, scroll->contentView());
     scroll->contentView()->setPostsBoundsChangedNotifications(true);
-    report("ready");
-    application.run();
-    return 0;
+    return runReporting();
 }
 
 }

@@ -3,59 +3,21 @@
 // at (100, 100) of the display, or further down by the number given. Reports on standard output, one line each: where the tabs'
 // middles are in the display's pixels, which tab is shown now with the content's rectangle, and in which field is typed what.
 
+#include <tests/desktop/programs/support/program.h>
+
 #include <plix/controls/PLIXTabView.h>
 #include <plix/controls/PLIXTabViewItem.h>
 #include <plix/platform/appkit/NSApplication.h>
-#include <plix/platform/appkit/NSScreen.h>
 #include <plix/platform/appkit/NSWindow.h>
 #include <plix/platform/foundation/NSNotification.h>
 #include <plix/platform/graphics/NSColor.h>
-#include <plix/platform/graphics/NSGraphics.h>
 
 #include <cstdlib>
-#include <iostream>
 #include <sstream>
 #include <string>
 
 namespace plix {
 namespace {
-
-void report(std::string const& line)
-{
-    std::cout << line << std::endl;
-}
-
-class Coloured : public NSView {
-    PLIX_CLASS(Coloured, NSView);
-
-public:
-    using NSView::init;
-    bool init(Rect frame, Ref<NSColor> color)
-    {
-        m_color = std::move(color);
-        return Base::init(frame);
-    }
-    bool isOpaque() const override { return true; }
-    void drawRect(Rect rect) override
-    {
-        m_color->set();
-        NSRectFill(rect);
-    }
-
-private:
-    Ref<NSColor> m_color;
-};
-
-PLIX_DESCRIBE(Coloured)
-{
-}
-
-/// In the display's pixels, y downwards.
-Rect onDisplay(NSWindow const& window, Rect inBase)
-{
-    auto const origin = window.convertBaseToScreen(inBase.origin());
-    return { origin.x, NSScreen::mainScreen().frame().height - origin.y - inBase.height, inBase.width, inBase.height };
-}
 
 class Watcher : public NSObject {
     PLIX_CLASS(Watcher, NSObject);
@@ -63,14 +25,8 @@ class Watcher : public NSObject {
 public:
     void reallyDidSelectTabViewItem(NSTabView& tabs, NSTabViewItem* item)
     {
-        auto const* window = tabs.window();
-        if (!window)
-            return;
-        auto const* content = window->contentView();
-        auto const place = onDisplay(*window, content->convertRectToView(content->bounds(), nullptr));
-        std::ostringstream out;
-        out << "shown " << item->label() << " at " << place.x << ' ' << place.y << ' ' << place.width << ' ' << place.height;
-        report(out.str());
+        if (auto const* window = tabs.window())
+            report("shown " + item->label() + " at " + textOf(onDisplay(*window->contentView())));
     }
     void windowDidBecomeKey(NSNotification const&) { report("key"); }
 };
@@ -92,29 +48,28 @@ void addTab(PLIXTabView& tabs, char const* label, Ref<NSView> const& inside)
 
 int run(float down)
 {
-    auto& application = NSApplication::sharedApplication();
+    NSApplication::sharedApplication();
     auto const watcher = make<Watcher>();
     auto const window = make<NSWindow>(
         Rect { 100, 1024 - 100 - 121 - down, 400, 121 }, NSTitledWindowMask | NSResizableWindowMask, NSBackingStoreBuffered, false);
     window->setTitle("tabs");
     window->setDelegate(watcher);
-    window->setContentView(make<Coloured>(window->contentView()->bounds(), NSColor::greenColor()));
+    window->setContentView(make<ColouredView>(window->contentView()->bounds(), NSColor::greenColor()));
     auto const tabs = make<PLIXTabView>(window->contentView()->bounds());
-    addTab(*tabs, "low", make<Coloured>(Rect { 20, 20, 40, 40 }, NSColor::redColor()));
-    addTab(*tabs, "high", make<Coloured>(Rect { 60, 0, 40, 300 }, NSColor::blueColor()));
-    addTab(*tabs, "wide", make<Coloured>(Rect { 0, 0, 500, 100 }, NSColor::magentaColor()));
+    addTab(*tabs, "low", make<ColouredView>(Rect { 20, 20, 40, 40 }, NSColor::redColor()));
+    addTab(*tabs, "high", make<ColouredView>(Rect { 60, 0, 40, 300 }, NSColor::blueColor()));
+    addTab(*tabs, "wide", make<ColouredView>(Rect { 0, 0, 500, 100 }, NSColor::magentaColor()));
     tabs->setDelegate(watcher);
     window->contentView()->addSubview(*tabs);
     window->makeKeyAndOrderFront(nullptr);
     for (auto const& item : tabs->tabViewItems()) {
-        auto const place = onDisplay(*window, tabs->convertRectToView(tabs->rectForTabViewItem(*item), nullptr));
+        auto const place = tabs->rectForTabViewItem(*item);
+        auto const middle = onDisplay(*tabs, { place.midX(), place.midY() });
         std::ostringstream out;
-        out << "tab " << item->label() << ' ' << place.midX() << ' ' << place.midY();
+        out << "tab " << item->label() << ' ' << middle.x << ' ' << middle.y;
         report(out.str());
     }
-    report("ready");
-    application.run();
-    return 0;
+    return runReporting();
 }
 
 }

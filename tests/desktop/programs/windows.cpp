@@ -1,6 +1,8 @@
 // An application of the platform's own windows, that shows lists and does what it is told by lines on standard input. It reports
 // what reaches the windows and their views, one line each, on standard output.
 
+#include <tests/desktop/programs/support/program.h>
+
 #include <plix/platform/appkit/NSApplication.h>
 #include <plix/platform/appkit/NSEvent.h>
 #include <plix/platform/appkit/NSPasteboard.h>
@@ -8,35 +10,18 @@
 #include <plix/platform/appkit/NSWindow.h>
 #include <plix/platform/appkit/view_geometry.h>
 #include <plix/platform/foundation/NSNotification.h>
-#include <plix/platform/foundation/NSRunLoop.h>
 #include <plix/platform/foundation/RunLoopDescriptor.h>
 #include <plix/platform/graphics/NSColor.h>
 #include <plix/platform/graphics/NSGraphics.h>
 
 #include <algorithm>
 #include <functional>
-#include <iostream>
 #include <map>
 #include <sstream>
 #include <string>
 
-#include <poll.h>
-#include <unistd.h>
-
 namespace plix {
 namespace {
-
-void report(std::string const& line)
-{
-    std::cout << line << std::endl;
-}
-
-std::string textOf(Rect rect)
-{
-    std::ostringstream out;
-    out << rect.x << ' ' << rect.y << ' ' << rect.width << ' ' << rect.height;
-    return out.str();
-}
 
 constexpr float s_rowHeight = 20;
 constexpr int s_rows = 100;
@@ -120,22 +105,6 @@ private:
 };
 
 PLIX_DESCRIBE(RowsView)
-{
-}
-
-class BlueView : public NSView {
-    PLIX_CLASS(BlueView, NSView);
-
-public:
-    using NSView::init;
-    void drawRect(Rect dirty) override
-    {
-        NSColor::colorWithDeviceRed(0, 0, 1, 1)->set();
-        NSRectFill(dirty);
-    }
-};
-
-PLIX_DESCRIBE(BlueView)
 {
 }
 
@@ -255,7 +224,7 @@ void beginSheet(NSWindow& window, std::istream& words)
     s_sheet = make<NSWindow>(content, NSTitledWindowMask, NSBackingStoreBuffered, true);
     s_sheet->setBackgroundColor(NSColor::colorWithDeviceRed(1, 0, 0, 1));
     s_sheet->setTitle("sheet");
-    auto const lower = make<BlueView>(Rect { 0, 0, content.width, content.height / 2 });
+    auto const lower = make<ColouredView>(Rect { 0, 0, content.width, content.height / 2 }, NSColor::blueColor());
     s_sheet->contentView()->addSubview(*lower);
     report("sheet begins");
     NSApp->beginSheet(*s_sheet, window);
@@ -277,13 +246,6 @@ Command onWindow(std::function<void(NSWindow&, std::istream&)> action)
         if (auto* const window = windowNamed(name))
             action(*window, words);
     };
-}
-
-std::string rest(std::istream& words)
-{
-    std::string text;
-    std::getline(words >> std::ws, text);
-    return text;
 }
 
 void copy(std::istream& words)
@@ -340,29 +302,16 @@ std::map<std::string, Command> const& commands()
     return s_commands;
 }
 
-std::string s_unfinished;
-
-void readCommands(RunLoopDescriptor& source)
+void obey(std::string const& line)
 {
-    char bytes[4096];
-    auto const size = read(STDIN_FILENO, bytes, sizeof bytes);
-    if (size <= 0) {
-        source.invalidate();
-        NSApp->terminate(nullptr);
-        return;
-    }
-    s_unfinished.append(bytes, static_cast<std::size_t>(size));
-    for (auto end = s_unfinished.find('\n'); end != s_unfinished.npos; end = s_unfinished.find('\n')) {
-        std::istringstream words(s_unfinished.substr(0, end));
-        s_unfinished.erase(0, end + 1);
-        std::string verb;
-        words >> verb;
-        auto const found = commands().find(verb);
-        if (found == commands().end())
-            report("unknown command " + verb);
-        else
-            found->second(words);
-    }
+    std::istringstream words(line);
+    std::string verb;
+    words >> verb;
+    auto const found = commands().find(verb);
+    if (found == commands().end())
+        report("unknown command " + verb);
+    else
+        found->second(words);
 }
 
 int run()
@@ -370,12 +319,9 @@ int run()
     auto& application = NSApplication::sharedApplication();
     auto const overseer = make<Overseer>();
     application.setDelegate(overseer);
-    Ref<RunLoopDescriptor> source;
-    source = make<RunLoopDescriptor>(STDIN_FILENO, short { POLLIN }, [&source](short) { readCommands(*source); });
-    NSRunLoop::currentRunLoop().addDescriptor(*source, NSRunLoopCommonModes);
+    auto const source = obeyLines(obey);
     application.setExitHandler([] {});
-    report("ready");
-    application.run();
+    runReporting();
     source->invalidate();
     s_sheet = nullptr;
     s_windows.clear();
