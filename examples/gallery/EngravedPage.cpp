@@ -72,6 +72,17 @@ EngravedGround& EngravedPage::addBand(std::string_view caption, float level, flo
     return *band;
 }
 
+void EngravedPage::addSystems(void (*addStrip)(EngravedPage&, std::string_view caption, float level))
+{
+    constexpr std::pair<char const*, std::uint32_t> systems[] { { "10.4", 0x1049 }, { "10.5", 0x1050 } };
+    for (auto const& [name, version] : systems) {
+        SystemColors const colors(version);
+        addStrip(*this, std::string(name) + ", plain", plainGround);
+        addStrip(*this, std::string(name) + ", textured", texturedGround);
+        skip(12);
+    }
+}
+
 void EngravedPage::sizeToBands()
 {
     setFrameSize({ width(), m_y + margin });

@@ -51,6 +51,8 @@ public:
     void addColumnNames(std::span<char const* const>);
     /// What the strip shows goes on it.
     EngravedGround& addBand(std::string_view caption, float level, float height = bandHeight);
+    /// What each version of the system has, on both grounds: a strip each, with that system's colours while it is made.
+    void addSystems(void (*addStrip)(EngravedPage&, std::string_view caption, float level));
     void skip(float distance) { m_y += distance; }
     /// After the last.
     void sizeToBands();

@@ -58,9 +58,8 @@ void center(PLIXChiseledTextPopUpButton& button, float x)
         { std::floor(x + (columnWidth - size.width) / 2), std::floor((EngravedPage::bandHeight - size.height) / 2) });
 }
 
-void addStates(EngravedPage& page, std::string_view caption, float level, std::uint32_t version)
+void addStates(EngravedPage& page, std::string_view caption, float level)
 {
-    SystemColors const colors(version);
     auto& band = page.addBand(caption, level);
     float x = 0;
     for (auto const& [state, name] : states) {
@@ -138,12 +137,7 @@ Ref<NSView> makeChiseledPage()
     for (auto const& state : states)
         names.push_back(state.second);
     page->addColumnNames(names);
-    addStates(*page, "10.4, plain", plainGround, 0x1049);
-    addStates(*page, "10.4, textured", texturedGround, 0x1049);
-    page->skip(12);
-    addStates(*page, "10.5, plain", plainGround, 0x1050);
-    addStates(*page, "10.5, textured", texturedGround, 0x1050);
-    page->skip(12);
+    page->addSystems(addStates);
     addTitles(*page);
     addSizes(*page);
     page->skip(20);

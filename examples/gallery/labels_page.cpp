@@ -64,9 +64,8 @@ Ref<NSFont> fontOf(long column)
     return column < columns / 2 ? NSFont::systemFontOfSize(13) : NSFont::boldSystemFontOfSize(11);
 }
 
-void addStates(EngravedPage& page, std::string_view caption, float level, std::uint32_t version)
+void addStates(EngravedPage& page, std::string_view caption, float level)
 {
-    SystemColors const colors(version);
     auto& band = page.addBand(caption, level);
     for (long column = 0; column < columns; ++column) {
         auto const label = sample("Engraved", fontOf(column));
@@ -171,12 +170,7 @@ Ref<NSView> makeLabelsPage()
     auto page = make<EngravedPage>(columns, columnWidth);
     page->addHeading("Engraved labels");
     page->addColumnNames(columnNames);
-    addStates(*page, "10.4, plain", plainGround, 0x1049);
-    addStates(*page, "10.4, textured", texturedGround, 0x1049);
-    page->skip(12);
-    addStates(*page, "10.5, plain", plainGround, 0x1050);
-    addStates(*page, "10.5, textured", texturedGround, 0x1050);
-    page->skip(12);
+    page->addSystems(addStates);
     addOwnColors(*page);
     addImages(*page);
     page->skip(12);

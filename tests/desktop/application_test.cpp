@@ -1,23 +1,11 @@
-#include <tests/desktop/support/DesktopTest.h>
+#include <tests/desktop/support/RowsWindowTest.h>
 
 #include <csignal>
 
 namespace plix::desktop {
 namespace {
 
-/// One window of rows, each 20 points high, whose content covers (100, 100) to (500, 400) of the screen.
-class RealWindow : public DesktopTest {
-protected:
-    void SetUp() override
-    {
-        moveMouse(1200, 900);
-        app.say("window list 100 624 400 300");
-        app.say("front list");
-        app.expect("key list");
-        app.catchUp();
-    }
-    Application& app { start("windows") };
-};
+using RealWindow = RowsWindowTest;
 
 TEST_F(RealWindow, AClickSelects)
 {

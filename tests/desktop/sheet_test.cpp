@@ -1,4 +1,4 @@
-#include <tests/desktop/support/DesktopTest.h>
+#include <tests/desktop/support/RowsWindowTest.h>
 
 #include <gmock/gmock.h>
 
@@ -15,18 +15,13 @@ using testing::SizeIs;
 constexpr std::uint32_t red = 0xFF0000;
 constexpr std::uint32_t blue = 0x0000FF;
 
-/// A window whose content covers (100, 100) to (500, 400) of the screen, and a sheet of 200 by 120 that takes a second to slide.
-class RealSheet : public DesktopTest {
+/// A sheet of 200 by 120 that takes a second to slide.
+class RealSheet : public RowsWindowTest {
 protected:
-    void SetUp() override
+    RealSheet()
+        : RowsWindowTest({ "-NSWindowResizeTime", "1" })
     {
-        moveMouse(1200, 900);
-        app.say("window list 100 624 400 300");
-        app.say("front list");
-        app.expect("key list");
-        app.catchUp();
     }
-
     /// Looks at the screen until the program has said that it is done; the different heights that were seen, in order.
     std::vector<long> heightsUntil(std::string const& done)
     {
@@ -45,7 +40,6 @@ protected:
     }
 
     std::vector<std::uint32_t> lowestPart;
-    Application& app { start("windows", {}, { "-NSWindowResizeTime", "1" }) };
 };
 
 TEST_F(RealSheet, SlidesOutWithItsLowerEdgeAheadAndBackAgain)

@@ -111,16 +111,10 @@ TEST_F(GalleryTest, TheSpeechPageSpeaksItsListAndWhatIsTyped)
             typing = field;
     }
     auto& speech = machine().headlessSpeech();
-    auto const texts = [&] {
-        std::vector<std::string> all;
-        for (auto const& utterance : speech.utterances())
-            all.push_back(utterance.text);
-        return all;
-    };
     ASSERT_TRUE(buttons.contains("Speak") && buttons.contains("Stop") && typing);
     clickCenter(*buttons["Speak"]);
     pass(20);
-    EXPECT_THAT(texts(), testing::ElementsAre("One string.", "Another string.", "The last one."));
+    EXPECT_THAT(speech.texts(), testing::ElementsAre("One string.", "Another string.", "The last one."));
     clickCenter(*buttons["Speak"]);
     pass(0.5);
     clickCenter(*buttons["Stop"]);
@@ -129,7 +123,7 @@ TEST_F(GalleryTest, TheSpeechPageSpeaksItsListAndWhatIsTyped)
     window->makeFirstResponder(typing);
     type("a7");
     pass(2);
-    EXPECT_THAT(texts(), testing::ElementsAre("7"));
+    EXPECT_THAT(speech.texts(), testing::ElementsAre("7"));
     plix::sharedSpeechSynthesizer = nullptr;
 }
 

@@ -50,13 +50,7 @@ protected:
     }
     bool speaksOnChannel() const { return GetParam() < 0x1030; }
     HeadlessSpeech& speech() { return machine().headlessSpeech(); }
-    std::vector<std::string> spoken()
-    {
-        std::vector<std::string> texts;
-        for (auto const& utterance : speech().utterances())
-            texts.push_back(utterance.text);
-        return texts;
-    }
+    std::vector<std::string> spoken() { return speech().texts(); }
     void paste(std::string_view text)
     {
         setClipboard(text);

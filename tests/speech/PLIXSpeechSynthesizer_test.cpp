@@ -42,13 +42,7 @@ protected:
 
     bool speaksOnChannel() const { return GetParam() < 0x1030; }
     HeadlessSpeech& speech() { return machine().headlessSpeech(); }
-    std::vector<std::string> spoken()
-    {
-        std::vector<std::string> texts;
-        for (auto const& utterance : speech().utterances())
-            texts.push_back(utterance.text);
-        return texts;
-    }
+    std::vector<std::string> spoken() { return speech().texts(); }
     /// The silences between the end of each and the start of the next.
     std::vector<double> gaps()
     {

@@ -1,10 +1,8 @@
-#include <tests/support/PulseServer.h>
-#include <tests/support/SoundHost.h>
+#include <tests/support/SoundServiceTest.h>
 #include <tests/support/sound_files.h>
 
 #include <plix/platform/base/NSData.h>
 #include <plix/platform/foundation/NSRunLoop.h>
-#include <plix/platform/host/desktop/SoundDecoder.h>
 #include <plix/system/media_exporters.h>
 #include <plix/system/sounds.h>
 
@@ -19,22 +17,7 @@ namespace {
 
 constexpr double whole = 0.5 / std::numbers::sqrt2;
 
-class SoundServicesTest : public testing::Test {
-protected:
-    void SetUp() override
-    {
-        if (!PulseServer::isInstalled())
-            GTEST_SKIP() << "no sound server is installed";
-        if (SoundDecoder::fileTypes().empty())
-            GTEST_SKIP() << "no sound files are read";
-        server = std::make_unique<PulseServer>();
-        machine = std::make_unique<SoundHost>();
-    }
-
-    TestFolder folder;
-    std::unique_ptr<PulseServer> server;
-    std::unique_ptr<SoundHost> machine;
-};
+using SoundServicesTest = SoundServiceTest;
 
 TEST_F(SoundServicesTest, TheSystemsVolumeIsThatOfTheDefaultOutput)
 {

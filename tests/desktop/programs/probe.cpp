@@ -188,8 +188,6 @@ long contextSwitches()
     return -1;
 }
 
-using Command = std::function<void(std::istream&)>;
-
 Command onWindow(std::function<void(ProbeWindow&, std::istream&)> action)
 {
     return [action](std::istream& words) {
@@ -235,9 +233,9 @@ void setCursor(std::istream& words)
     host().display().setCursor(static_cast<CursorShape>(shape));
 }
 
-std::map<std::string, Command> const& commands()
+Commands const& commands()
 {
-    static std::map<std::string, Command> const s_commands {
+    static Commands const s_commands {
         { "window", makeWindow },
         { "show", onHostWindow(&HostWindow::show) },
         { "hide", onHostWindow(&HostWindow::hide) },
@@ -288,18 +286,6 @@ std::map<std::string, Command> const& commands()
     return s_commands;
 }
 
-void obey(std::string const& line)
-{
-    std::istringstream words(line);
-    std::string verb;
-    words >> verb;
-    auto const found = commands().find(verb);
-    if (found == commands().end())
-        report("unknown command " + verb);
-    else
-        found->second(words);
-}
-
 }
 
 int main()
@@ -308,6 +294,7 @@ int main()
     host().display().setClient(&watcher);
     report("ready " + std::string(host().name()));
     LineReader reader;
+    auto const obeyed = [](std::string const& line) { obey(line, commands()); };
     while (s_isRunning) {
         while (host().events().deliverPending()) { }
         if (!s_isRunning)
@@ -315,7 +302,7 @@ int main()
         pollfd input { STDIN_FILENO, POLLIN, 0 };
         host().events().wait({ &input, 1 }, {});
         if (input.revents != 0)
-            s_isRunning = reader.read(obey) && s_isRunning;
+            s_isRunning = reader.read(obeyed) && s_isRunning;
     }
     s_windows.clear();
     installHost(nullptr);

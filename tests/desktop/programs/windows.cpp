@@ -212,8 +212,6 @@ void trackPopup(NSWindow& popup)
     report("popup closed");
 }
 
-using Command = std::function<void(std::istream&)>;
-
 Ref<NSWindow> s_sheet;
 
 /// A red sheet of a size, blue in its lower half.
@@ -273,10 +271,10 @@ void describeWindow(NSWindow& window, std::istream&)
         + textOf(window.frame()) + " scale " + std::to_string(window.backingScaleFactor()));
 }
 
-std::map<std::string, Command> const& commands()
+Commands const& commands()
 {
     constexpr unsigned usual = NSTitledWindowMask | NSClosableWindowMask | NSMiniaturizableWindowMask | NSResizableWindowMask;
-    static std::map<std::string, Command> const s_commands {
+    static Commands const s_commands {
         { "window", [](std::istream& words) { makeWindow(words, usual); } },
         { "textured", [](std::istream& words) { makeWindow(words, usual | NSTexturedBackgroundWindowMask); } },
         { "borderless", [](std::istream& words) { makeWindow(words, NSBorderlessWindowMask); } },
@@ -302,24 +300,12 @@ std::map<std::string, Command> const& commands()
     return s_commands;
 }
 
-void obey(std::string const& line)
-{
-    std::istringstream words(line);
-    std::string verb;
-    words >> verb;
-    auto const found = commands().find(verb);
-    if (found == commands().end())
-        report("unknown command " + verb);
-    else
-        found->second(words);
-}
-
 int run()
 {
     auto& application = NSApplication::sharedApplication();
     auto const overseer = make<Overseer>();
     application.setDelegate(overseer);
-    auto const source = obeyLines(obey);
+    auto const source = obeyLines([](std::string const& line) { obey(line, commands()); });
     application.setExitHandler([] {});
     runReporting();
     source->invalidate();

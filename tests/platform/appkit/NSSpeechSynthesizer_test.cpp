@@ -25,13 +25,7 @@ public:
 class NSSpeechSynthesizerTest : public HeadlessTest {
 protected:
     HeadlessSpeech& speech() { return machine().headlessSpeech(); }
-    std::vector<std::string> spoken()
-    {
-        std::vector<std::string> texts;
-        for (auto const& utterance : speech().utterances())
-            texts.push_back(utterance.text);
-        return texts;
-    }
+    std::vector<std::string> spoken() { return speech().texts(); }
 };
 
 TEST_F(NSSpeechSynthesizerTest, SpeaksAndTellsItsDelegate)

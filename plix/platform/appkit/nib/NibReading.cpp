@@ -41,6 +41,15 @@ std::string_view NibReading::word(std::string_view attribute) const
     return written ? std::string_view(*written) : std::string_view {};
 }
 
+CFXMLTree const* NibReading::childUnlessNil(std::string_view child, std::string_view key)
+{
+    auto const* element = childWithKey(child);
+    if (!element || !element->isElement("nil"))
+        return element;
+    set(key, ObjectValue());
+    return nullptr;
+}
+
 CFXMLTree const* NibReading::childWithKey(std::string_view key)
 {
     for (auto const& child : m_element->children()) {
@@ -325,13 +334,9 @@ void NibReading::font(std::string_view child, std::string_view key)
 
 void NibReading::color(std::string_view child, std::string_view key)
 {
-    auto const* element = childWithKey(child);
+    auto const* element = childUnlessNil(child, key);
     if (!element)
         return;
-    if (element->isElement("nil")) {
-        set(key, ObjectValue());
-        return;
-    }
     if (auto const color = nibColor(*element))
         set(key, color);
     else if (auto const* name = element->node().attribute("name"))
@@ -378,13 +383,9 @@ void NibReading::attributedText(std::string_view child, std::string_view key)
 
 void NibReading::object(std::string_view child, std::string_view key, std::string_view role)
 {
-    auto const* element = childWithKey(child);
+    auto const* element = childUnlessNil(child, key);
     if (!element)
         return;
-    if (element->isElement("nil")) {
-        set(key, ObjectValue());
-        return;
-    }
     if (auto const* made = m_parser->object(*element, role, keyFor(child)))
         set(key, NibValue { made });
 }

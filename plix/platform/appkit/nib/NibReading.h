@@ -87,6 +87,8 @@ public:
 
 private:
     CFXMLTree const* childWithKey(std::string_view key);
+    /// Likewise; an element `nil` sets nil and is none.
+    CFXMLTree const* childUnlessNil(std::string_view child, std::string_view key);
     CFXMLTree const* childNamed(std::string_view name);
     template <typename Value>
     std::optional<Value> plain(std::string_view attribute, std::optional<Value> (*read)(std::string_view));

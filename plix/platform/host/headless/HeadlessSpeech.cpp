@@ -31,6 +31,14 @@ HeadlessSpeech::~HeadlessSpeech()
     *m_self = nullptr;
 }
 
+std::vector<std::string> HeadlessSpeech::texts() const
+{
+    std::vector<std::string> texts;
+    for (auto const& utterance : m_utterances)
+        texts.push_back(utterance.text);
+    return texts;
+}
+
 void HeadlessSpeech::forgetUtterances()
 {
     for (auto& [number, line] : m_lines)

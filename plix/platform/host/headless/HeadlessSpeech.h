@@ -30,6 +30,8 @@ public:
 
     /// All that was started, in order.
     std::vector<Utterance> const& utterances() const { return m_utterances; }
+    /// What they said.
+    std::vector<std::string> texts() const;
     void forgetUtterances();
     /// How long a text takes; 0.06 s for each UTF-16 unit at first. Below 0: until it is ended by hand.
     void setDuration(std::function<NSTimeInterval(std::string const& text)>);

@@ -75,6 +75,18 @@ PLIX_DESCRIBE(ColouredView)
 {
 }
 
+void obey(std::string const& line, Commands const& commands)
+{
+    std::istringstream words(line);
+    std::string verb;
+    words >> verb;
+    auto const found = commands.find(verb);
+    if (found == commands.end())
+        report("unknown command " + verb);
+    else
+        found->second(words);
+}
+
 bool LineReader::read(std::function<void(std::string const& line)> const& obey)
 {
     char bytes[4096];

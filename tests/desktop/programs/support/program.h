@@ -6,6 +6,7 @@
 
 #include <functional>
 #include <istream>
+#include <map>
 #include <string>
 
 namespace plix {
@@ -41,6 +42,11 @@ public:
 private:
     Ref<NSColor> m_color;
 };
+
+using Command = std::function<void(std::istream& words)>;
+using Commands = std::map<std::string, Command>;
+/// Carries out the command whose name is the line's first word, with the words that follow.
+void obey(std::string const& line, Commands const&);
 
 /// Lines that arrive on standard input in pieces.
 class LineReader {

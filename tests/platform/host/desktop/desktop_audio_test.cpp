@@ -1,11 +1,9 @@
-#include <tests/support/PulseServer.h>
-#include <tests/support/SoundHost.h>
+#include <tests/support/SoundServiceTest.h>
 #include <tests/support/sound_files.h>
 
 #include <plix/platform/base/clock.h>
 #include <plix/platform/foundation/NSRunLoop.h>
 #include <plix/platform/foundation/NSTimer.h>
-#include <plix/platform/host/desktop/SoundDecoder.h>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -33,17 +31,8 @@ bool runUntil(std::function<bool()> const& condition, double seconds = 20)
     return holds;
 }
 
-class DesktopAudioTest : public testing::Test {
+class DesktopAudioTest : public SoundServiceTest {
 protected:
-    void SetUp() override
-    {
-        if (!PulseServer::isInstalled())
-            GTEST_SKIP() << "no sound server is installed";
-        if (SoundDecoder::fileTypes().empty())
-            GTEST_SKIP() << "no sound files are read";
-        server = std::make_unique<PulseServer>();
-        machine = std::make_unique<SoundHost>();
-    }
     DesktopAudio& audio() { return machine->audio(); }
     std::unique_ptr<HostSound> open(std::string const& path)
     {
@@ -72,9 +61,6 @@ protected:
         return loudnessWithin(recorder.samples());
     }
 
-    TestFolder folder;
-    std::unique_ptr<PulseServer> server;
-    std::unique_ptr<SoundHost> machine;
     std::vector<bool> ends;
 };
 
