@@ -12,8 +12,8 @@ namespace plix {
 /// name(); setName() gives it. What has a name is held.
 template <typename T> class NamedObjects {
 public:
-    /// The object that has the name; else what `find(name)` answers, which gets the name. Null for the empty name, and where nothing is
-    /// found.
+    /// The object that has the name; else what `find(name)` answers, which gets the name. Null for the empty name, and where
+    /// nothing is found.
     template <typename Find> Ref<T> named(std::string_view name, Find const& find)
     {
         if (name.empty())
@@ -25,8 +25,8 @@ public:
             found->setName(name);
         return found;
     }
-    /// Puts another name in the place of the object's present one; the empty name for none. False, and nothing changes, where another
-    /// object has it.
+    /// Puts another name in the place of the object's present one; the empty name for none. False, and nothing changes, where
+    /// another object has it.
     bool rename(T& object, std::string& present, std::string_view name)
     {
         if (name == present)
