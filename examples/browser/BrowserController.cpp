@@ -11,6 +11,7 @@
 
 #include <plix/app/PLIXApplication.h>
 #include <plix/controls/TQSplitView.h>
+#include <plix/format/size_and_duration.h>
 #include <plix/platform/appkit/NSButton.h>
 #include <plix/platform/appkit/NSEvent.h>
 #include <plix/platform/appkit/NSPanel.h>
@@ -26,6 +27,7 @@
 #include <plix/platform/foundation/NSTimer.h>
 #include <plix/platform/graphics/NSColor.h>
 #include <plix/platform/graphics/NSFont.h>
+#include <plix/speech/PLIXSpeechSynthesizer.h>
 #include <plix/tables/PLIXOutlineView.h>
 #include <plix/tables/PLIXTableView.h>
 
@@ -58,6 +60,12 @@ Ref<NSTextField> makeLabel(Rect frame, Ref<NSFont> const& font, NSTextAlignment 
     label->setAlignment(alignment);
     label->setAutoresizingMask(autoresizing);
     return label;
+}
+
+/// One by its name, more by their count.
+std::string shownNames(std::vector<std::string> const& paths)
+{
+    return paths.size() == 1 ? "“" + shownName(paths[0]) + "”" : std::to_string(paths.size()) + " items";
 }
 
 std::string clockTime(double secondsSince1970)
@@ -218,14 +226,9 @@ void BrowserController::connect()
             },
         .paste = [whileAlive](auto const& paths) { whileAlive([&](auto& controller) { controller.copy(paths); }); },
         .info = [whileAlive] { whileAlive([](auto& controller) { controller.showInfo(); }); },
+        .total = [whileAlive](auto const& names) { whileAlive([&](auto& controller) { controller.count(names); }); },
         .preferences = [whileAlive] { whileAlive([](auto& controller) { controller.showPreferences(); }); },
-        .select =
-            [whileAlive] {
-                whileAlive([](auto& controller) {
-                    controller.showFailure({});
-                    controller.updateInfo();
-                });
-            },
+        .select = [whileAlive] { whileAlive([](auto& controller) { controller.noteSelection(); }); },
         .leave = [whileAlive] { whileAlive([](auto& controller) { controller.openParent(); }); },
     });
     m_tree->setActions({
@@ -295,6 +298,7 @@ void BrowserController::open(std::string absolutePath, std::string nameToSelect)
 {
     m_nameToSelect = std::move(nameToSelect);
     m_failure.clear();
+    m_notice.clear();
     m_files->setEntries(nullptr, {});
     m_listing.open(std::move(absolutePath));
     m_tree->showPath(m_listing.path());
@@ -361,8 +365,7 @@ void BrowserController::askToDelete(std::vector<std::string> const& names)
 {
     Ref<BrowserController> const protector(this);
     auto const folder = listing().path();
-    auto const what = names.size() == 1 ? "“" + shownName(names[0]) + "”" : std::to_string(names.size()) + " items";
-    if (!ask(*m_window, "Delete " + what + "?", "This can’t be undone.", "Delete"))
+    if (!ask(*m_window, "Delete " + shownNames(names) + "?", "This can’t be undone.", "Delete"))
         return;
     std::string failure;
     for (auto const& name : names) {
@@ -391,9 +394,8 @@ void BrowserController::move(std::vector<std::string> const& paths, std::string 
 void BrowserController::copy(std::vector<std::string> const& paths)
 {
     auto const folder = m_listing.path();
-    auto const what = paths.size() == 1 ? "“" + shownName(paths[0]) + "”" : std::to_string(paths.size()) + " items";
     auto work = [paths, folder, files = make<NSFileManager>()](JobReport& report) { copyPaths(paths, folder, *files, report); };
-    m_jobs.push_back(make<JobController>("Copying " + what + " to “" + shownName(folder) + "”", std::move(work),
+    m_jobs.push_back(make<JobController>("Copying " + shownNames(paths) + " to “" + shownName(folder) + "”", std::move(work),
         [weakly = Weak<BrowserController>(*this), folder](JobReport const& report) {
             if (auto const controller = weakly.ref())
                 controller->showCopies(folder, report);
@@ -402,7 +404,7 @@ void BrowserController::copy(std::vector<std::string> const& paths)
 
 void BrowserController::showCopies(std::string const& folder, JobReport const& report)
 {
-    std::erase_if(m_jobs, [](auto const& job) { return !job->isRunning(); });
+    forgetEndedJobs();
     if (m_preferences.playsSound && !report.results().empty())
         playSound(m_preferences.sound);
     m_tree->folderChanged(folder);
@@ -411,6 +413,38 @@ void BrowserController::showCopies(std::string const& folder, JobReport const& r
     auto const made = report.results();
     open(folder, made.empty() ? "" : made.front().substr(made.front().rfind('/') + 1));
     showFailure(report.failure());
+}
+
+void BrowserController::count(std::vector<std::string> const& names)
+{
+    auto const what = shownNames(names);
+    std::vector<std::string> paths;
+    for (auto const& name : names)
+        paths.push_back(pathInFolder(m_listing.path(), name));
+    m_jobs.push_back(make<JobController>(
+        "Counting " + what, [paths](JobReport& report) { countPaths(paths, report); },
+        [weakly = Weak<BrowserController>(*this), folder = m_listing.path(), what](JobReport const& report) {
+            if (auto const controller = weakly.ref())
+                controller->showTotal(folder, what, report);
+        }));
+}
+
+void BrowserController::showTotal(std::string const& folder, std::string const& what, JobReport const& report)
+{
+    forgetEndedJobs();
+    if (m_listing.path() != folder)
+        return;
+    auto const total = report.progress();
+    m_notice = report.isCanceled() ? "Counting " + what + " was canceled."
+                                   : what + ": " + countText(total.items) + ", " + StringForFileSize(total.bytes);
+    m_failure.clear();
+    showStatus();
+    speak(m_notice);
+}
+
+void BrowserController::forgetEndedJobs()
+{
+    std::erase_if(m_jobs, [](auto const& job) { return !job->isRunning(); });
 }
 
 // Without the window, the progress of copies is what keeps the application there until they are made.
@@ -474,8 +508,26 @@ void BrowserController::updateInfo()
 
 // MARK: the status bar
 
+void BrowserController::noteSelection()
+{
+    showFailure({});
+    updateInfo();
+    if (auto const* entry = m_files->selectedEntry())
+        speak(entry->shownName);
+}
+
+// What is said last is what counts: nobody waits for the names that an arrow key passed by.
+void BrowserController::speak(std::string const& text)
+{
+    if (!m_preferences.speaks)
+        return;
+    PLIXSpeechSynthesizer::classStopSpeaking();
+    PLIXSpeechSynthesizer::classSpeakString(text);
+}
+
 void BrowserController::showFailure(std::string line)
 {
+    m_notice.clear();
     m_failure = std::move(line);
     showStatus();
 }
@@ -487,6 +539,8 @@ void BrowserController::showStatus()
         m_statusLabel->setStringValue("Reading … " + countText(m_listing.entriesRead()));
     else if (!failure.empty())
         m_statusLabel->setStringValue(failure);
+    else if (!m_notice.empty())
+        m_statusLabel->setStringValue(m_notice);
     else
         m_statusLabel->setStringValue(m_filter || m_files->shownEntries() < m_listing.entries().size()
                 ? std::to_string(m_files->shownEntries()) + " of " + countText(m_listing.entries().size())

@@ -57,7 +57,7 @@ public:
     /// Null until it was first shown.
     PreferencesWindow* preferencesWindow() const { return m_preferencesWindow.get(); }
     void showPreferences();
-    /// What is being copied, the latest last.
+    /// What is being copied or counted, the latest last.
     std::vector<plix::Ref<JobController>> const& jobs() const { return m_jobs; }
     /// What the status bar says at its left and right end.
     std::string const& status() const;
@@ -89,15 +89,21 @@ private:
     void move(std::vector<std::string> const& paths, std::string const& folder);
     void copy(std::vector<std::string> const& paths);
     void showCopies(std::string const& folder, JobReport const&);
+    void count(std::vector<std::string> const& names);
+    void showTotal(std::string const& folder, std::string const& what, JobReport const&);
+    void forgetEndedJobs();
     void closeOthers();
     void showInfo();
     void updateInfo();
+    void noteSelection();
+    void speak(std::string const&);
     void noteUserInput();
     void showInputStatus();
 
     FolderListing m_listing;
     std::string m_nameToSelect;
     std::string m_failure; ///< of what was tried last in this folder
+    std::string m_notice; ///< what was found out about what is selected
     long m_inputCount { 0 };
     plix::Ref<plix::NSWindow> m_window;
     plix::Ref<FilesTable> m_files;

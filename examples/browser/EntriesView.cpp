@@ -28,6 +28,8 @@ void EntriesView::keyDown(NSEvent& event)
         m_commands.leave();
     else if (key == U'i' && (modifiers & NSControlKeyMask) != 0)
         m_commands.info();
+    else if (key == U't' && (modifiers & NSControlKeyMask) != 0)
+        m_commands.total();
     else if (key == U'c' && (modifiers & NSControlKeyMask) != 0)
         copy(nullptr); // its character is that of the Enter key
     else

@@ -16,6 +16,7 @@ public:
     struct Commands {
         std::function<void()> leave; ///< Alt and the up arrow, also where the folder is empty
         std::function<void()> info; ///< Control and I
+        std::function<void()> total; ///< Control and T
         std::function<void()> copy;
         std::function<void()> paste;
         std::function<void()> preferences; ///< Control and comma, wherever in the window the keyboard is

@@ -117,6 +117,7 @@ bool FilesTable::init()
     view->setCommands({
         .leave = whileAlive([](FilesTable& files) { files.leave(); }),
         .info = whileAlive([](FilesTable& files) { files.showInfo(); }),
+        .total = whileAlive([](FilesTable& files) { files.showTotal(); }),
         .copy = whileAlive([](FilesTable& files) { files.copySelected(); }),
         .paste = whileAlive([](FilesTable& files) { files.paste(); }),
         .preferences = whileAlive([](FilesTable& files) { files.showPreferences(); }),
@@ -175,6 +176,7 @@ Ref<NSMenu> FilesTable::makeMenu()
     };
     add(*menu, "Open", [](FilesTable& files) { files.openSelected(); });
     add(*menu, "Info", [](FilesTable& files) { files.showInfo(); });
+    add(*menu, "Total Size", [](FilesTable& files) { files.showTotal(); });
     menu->addItem(*NSMenuItem::separatorItem());
     add(*menu, "Copy", [](FilesTable& files) { files.copySelected(); });
     add(*menu, "Paste", [](FilesTable& files) { files.paste(); });
@@ -338,6 +340,15 @@ void FilesTable::showInfo()
 {
     if (m_actions.info)
         m_actions.info();
+}
+
+void FilesTable::showTotal()
+{
+    auto const names = selectedNames();
+    if (names.empty())
+        NSBeep();
+    else if (m_actions.total)
+        m_actions.total(names);
 }
 
 void FilesTable::showPreferences()

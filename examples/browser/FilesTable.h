@@ -44,6 +44,8 @@ public:
         /// Paths that were copied, to go into the shown folder.
         std::function<void(std::vector<std::string> const& paths)> paste;
         std::function<void()> info;
+        /// How much there is in what is selected.
+        std::function<void(std::vector<std::string> const& names)> total;
         std::function<void()> preferences;
         std::function<void()> select;
         std::function<void()> leave;
@@ -100,6 +102,7 @@ private:
     void openSelected();
     void leave();
     void showInfo();
+    void showTotal();
     void showPreferences();
     bool isShown(FolderEntry const&) const;
     void copySelected();

@@ -13,6 +13,7 @@ constexpr char const* hiddenFilesKey = "BrowserShowsHiddenFiles";
 constexpr char const* exactSizesKey = "BrowserShowsExactSizes";
 constexpr char const* playsSoundKey = "BrowserPlaysSound";
 constexpr char const* soundKey = "BrowserSound";
+constexpr char const* speaksKey = "BrowserSpeaks";
 
 }
 
@@ -28,6 +29,7 @@ Preferences Preferences::load()
     flag(hiddenFilesKey, read.showsHiddenFiles);
     flag(exactSizesKey, read.showsExactSizes);
     flag(playsSoundKey, read.playsSound);
+    flag(speaksKey, read.speaks);
     if (auto const value = defaults.objectForKey(soundKey); !value.isNil())
         read.sound = value.description();
     return read;
@@ -41,6 +43,7 @@ void Preferences::save() const
     defaults.setObject(showsExactSizes, exactSizesKey);
     defaults.setObject(playsSound, playsSoundKey);
     defaults.setObject(sound, soundKey);
+    defaults.setObject(speaks, speaksKey);
 }
 
 }

@@ -11,6 +11,7 @@ struct Preferences {
     bool showsExactSizes { false };
     bool playsSound { false }; ///< when files were copied
     std::string sound; ///< its path; empty for the beep
+    bool speaks { false }; ///< names that are selected, and what came of work
 
     /// From the user's defaults.
     static Preferences load();

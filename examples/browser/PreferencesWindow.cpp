@@ -59,7 +59,8 @@ bool PreferencesWindow::init(Preferences preferences, Ref<NSTableView> const& ta
     m_stripes = makeSwitch("Shade every second row", &PreferencesWindow::takeSwitches);
     m_hiddenFiles = makeSwitch("Show hidden files", &PreferencesWindow::takeSwitches);
     m_exactSizes = makeSwitch("Show sizes to the byte", &PreferencesWindow::takeSwitches);
-    addTab("General", { m_stripes, m_hiddenFiles, m_exactSizes });
+    m_speaks = makeSwitch("Speak the names of what is selected", &PreferencesWindow::takeSwitches);
+    addTab("General", { m_stripes, m_hiddenFiles, m_exactSizes, m_speaks });
     std::vector<Ref<NSView>> rows;
     // The first column stays.
     for (std::size_t i = 1; i < table->tableColumns().size(); ++i) {
@@ -128,6 +129,7 @@ void PreferencesWindow::showValues()
     setOn(*m_hiddenFiles, m_preferences.showsHiddenFiles);
     setOn(*m_exactSizes, m_preferences.showsExactSizes);
     setOn(*m_playsSound, m_preferences.playsSound);
+    setOn(*m_speaks, m_preferences.speaks);
     for (auto const& button : m_columns) {
         auto const& columns = m_table->tableColumns();
         auto const shown = std::ranges::find_if(
@@ -145,6 +147,7 @@ void PreferencesWindow::takeSwitches()
     m_preferences.showsHiddenFiles = isOn(*m_hiddenFiles);
     m_preferences.showsExactSizes = isOn(*m_exactSizes);
     m_preferences.playsSound = isOn(*m_playsSound);
+    m_preferences.speaks = isOn(*m_speaks);
     m_sounds->setEnabled(m_preferences.playsSound);
     m_changed(m_preferences);
 }

@@ -46,6 +46,7 @@ public:
     std::vector<plix::Ref<plix::NSButton>> const& columns() const { return m_columns; }
     plix::NSButton& playsSound() const { return *m_playsSound; }
     plix::NSPopUpButton& sounds() const { return *m_sounds; }
+    plix::NSButton& speaks() const { return *m_speaks; }
 
 private:
     plix::Ref<plix::NSButton> makeSwitch(std::string_view title, void (PreferencesWindow::*action)());
@@ -67,6 +68,7 @@ private:
     std::vector<plix::Ref<plix::NSButton>> m_columns;
     plix::Ref<plix::NSButton> m_playsSound;
     plix::Ref<plix::NSPopUpButton> m_sounds;
+    plix::Ref<plix::NSButton> m_speaks;
     std::vector<std::string> m_soundPaths; ///< of the items behind the first
 };
 

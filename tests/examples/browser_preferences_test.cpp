@@ -14,10 +14,14 @@
 #include <plix/platform/foundation/NSRunLoop.h>
 #include <plix/platform/foundation/NSUserDefaults.h>
 #include <plix/platform/host/headless/HeadlessAudio.h>
+#include <plix/platform/host/headless/HeadlessSpeech.h>
+#include <plix/speech/PLIXSpeechSynthesizer.h>
 #include <plix/tables/PLIXTableView.h>
 
 #include <tests/support/HeadlessTest.h>
 #include <tests/support/TestFolder.h>
+
+#include <gmock/gmock.h>
 
 #include <fstream>
 
@@ -39,8 +43,8 @@ protected:
     void TearDown() override
     {
         controller->window().close();
-        for (auto const* key :
-            { "BrowserShowsStripes", "BrowserShowsHiddenFiles", "BrowserShowsExactSizes", "BrowserPlaysSound", "BrowserSound" })
+        for (auto const* key : { "BrowserShowsStripes", "BrowserShowsHiddenFiles", "BrowserShowsExactSizes", "BrowserPlaysSound",
+                 "BrowserSound", "BrowserSpeaks" })
             NSUserDefaults::standardUserDefaults().removeObjectForKey(key);
     }
     void show()
@@ -198,18 +202,40 @@ TEST_F(BrowserPreferences, ACopyIsHeardWhereThatIsWanted)
     EXPECT_EQ(audio.beepCount(), 1);
 }
 
+TEST_F(BrowserPreferences, NamesAreSpokenWhereThatIsWanted)
+{
+    auto& speech = machine().headlessSpeech();
+    files().selectName("notes.txt");
+    EXPECT_THAT(speech.texts(), testing::IsEmpty());
+    auto const& window = open();
+    clickCenter(window.speaks());
+    EXPECT_TRUE(controller->preferences().speaks);
+    controller->window().makeKeyAndOrderFront(nullptr);
+    files().selectName(".secret");
+    files().selectName("notes.txt");
+    key(U't', NSControlKeyMask);
+    EXPECT_TRUE(NSRunLoop::currentRunLoop().runUntil([this] { return controller->jobs().empty(); }));
+    EXPECT_THAT(speech.texts(), testing::ElementsAre(".secret", "notes.txt", "“notes.txt”: 1 item, 1.2KB"));
+    // What is said cuts short what was said before.
+    EXPECT_EQ(speech.utterances()[0].how, SpeechEnd::Stopped);
+    EXPECT_FALSE(speech.utterances()[2].end.has_value());
+    PLIXSpeechSynthesizer::classStopSpeaking();
+}
+
 TEST_F(BrowserPreferences, AreKeptForTheNextTime)
 {
     controller->rememberLayout();
     auto const& window = open();
     clickCenter(window.stripes());
     clickCenter(window.exactSizes());
+    clickCenter(window.speaks());
     controller->window().close();
     show();
     EXPECT_EQ(controller->preferences(), Preferences {});
     controller->rememberLayout();
     EXPECT_FALSE(controller->preferences().showsStripes);
     EXPECT_TRUE(controller->preferences().showsExactSizes);
+    EXPECT_TRUE(controller->preferences().speaks);
     EXPECT_TRUE(controller->preferences().showsHiddenFiles);
     EXPECT_FALSE(table().usesAlternatingRowBackgroundColors());
     EXPECT_EQ(open().stripes().state(), NSOffState);

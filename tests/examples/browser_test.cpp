@@ -9,6 +9,8 @@
 #include <plix/app/PLIXApplication.h>
 #include <plix/platform/appkit/NSButton.h>
 #include <plix/platform/appkit/NSClipView.h>
+#include <plix/platform/appkit/NSMenu.h>
+#include <plix/platform/appkit/NSMenuItem.h>
 #include <plix/platform/appkit/NSPanel.h>
 #include <plix/platform/appkit/NSPasteboard.h>
 #include <plix/platform/appkit/NSPopUpButton.h>
@@ -16,9 +18,11 @@
 #include <plix/platform/appkit/NSScroller.h>
 #include <plix/platform/appkit/NSTableColumn.h>
 #include <plix/platform/appkit/NSTableHeaderView.h>
+#include <plix/platform/appkit/NSTextField.h>
 #include <plix/platform/foundation/NSRunLoop.h>
 #include <plix/tables/PLIXOutlineView.h>
 #include <plix/tables/PLIXTableView.h>
+#include <plix/windows/PLIXProgressWindow.h>
 
 #include <plix/platform/host/headless/HeadlessAudio.h>
 
@@ -560,6 +564,50 @@ TEST_F(BrowserTest, CountsWhatIsInTheSelectedFolder)
     files().selectName("alpha");
     info.panel().close();
     EXPECT_FALSE(info.isCounting());
+}
+
+TEST_F(BrowserTest, CountsWhatIsSelectedWhenAsked)
+{
+    writeFile("alpha/more", std::string(2000, 'x'));
+    show();
+    person().key('t', NSControlKeyMask);
+    pump();
+    EXPECT_EQ(controller->jobs().size(), 1U);
+    waitForJobs();
+    // The folder itself, too.
+    EXPECT_EQ(controller->status(), "“alpha”: 3 items, 2.0KB");
+    person().key(NSDownArrowFunctionKey, NSShiftKeyMask);
+    pump();
+    EXPECT_EQ(controller->status(), "63 items");
+    table().menu()->itemWithTitle("Total Size")->sendAction();
+    waitForJobs();
+    EXPECT_EQ(controller->status(), "2 items: 4 items, 2.0KB");
+}
+
+TEST_F(BrowserTest, ALongCountShowsItsProgressAndIsCanceled)
+{
+    show();
+    table().menu()->itemWithTitle("Total Size")->sendAction();
+    auto const job = controller->jobs().back();
+    job->showWindow();
+    ASSERT_TRUE(job->window());
+    EXPECT_EQ(job->window()->titleField()->stringValue(), "Counting “alpha”");
+    // However fast it is, its end has not been told yet.
+    job->window()->cancelButton()->performClick(nullptr);
+    waitForJobs();
+    EXPECT_EQ(job->window(), nullptr);
+    EXPECT_EQ(controller->status(), "Counting “alpha” was canceled.");
+}
+
+TEST_F(BrowserTest, BeepsWhereThereIsNothingToCount)
+{
+    makeFolder("beta/none");
+    show(folder / "beta/none");
+    long const before = machine().headlessAudio().beepCount();
+    person().key('t', NSControlKeyMask);
+    pump();
+    EXPECT_EQ(machine().headlessAudio().beepCount(), before + 1);
+    EXPECT_TRUE(controller->jobs().empty());
 }
 
 TEST_F(BrowserTest, ShowsTheFirstLinesOfTables)
