@@ -62,6 +62,13 @@ void Form::addHeading(std::string_view text)
     m_y += 32;
 }
 
+void Form::addView(Ref<NSView> const& view)
+{
+    view->setFrameOrigin({ 20, m_y });
+    addSubview(*view);
+    m_y += view->frame().height + 10;
+}
+
 void Form::sizeToRows()
 {
     setFrameSize({ frame().width, m_y + (m_status ? 36 : 10) });

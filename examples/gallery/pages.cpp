@@ -2,7 +2,10 @@
 #include "PictureView.h"
 #include "boxes_page.h"
 #include "buttons_page.h"
+#include "buttons_pages.h"
+#include "cells_pages.h"
 #include "chiseled_page.h"
+#include "combo_pages.h"
 #include "combos_page.h"
 #include "dates_page.h"
 #include "image_views_page.h"
@@ -13,6 +16,7 @@
 #include "tables_page.h"
 #include "tabs_page.h"
 #include "text_page.h"
+#include "text_pages.h"
 #include "windows_page.h"
 
 #include <examples/support/example_options.h>
@@ -61,7 +65,8 @@ constexpr Page sheetPages[] {
 std::vector<Page> gathered()
 {
     std::vector<Page> all;
-    for (std::span<Page const> const family : { std::span<Page const>(sheetPages) })
+    for (std::span<Page const> const family :
+        { std::span<Page const>(sheetPages), buttonsPages(), cellsPages(), comboPages(), textPages() })
         all.insert(all.end(), family.begin(), family.end());
     auto const rank = [](Page const& page) {
         return std::find(std::begin(sections), std::end(sections), std::string_view(page.section)) - std::begin(sections);

@@ -54,6 +54,9 @@ PLIX_DESCRIBE(PLIXImageView)
 {
 }
 
+PLIXImageView::PLIXImageView() = default;
+PLIXImageView::~PLIXImageView() = default;
+
 bool PLIXImageView::init()
 {
     return PLIXImageView::init(Rect {});

@@ -17,6 +17,8 @@ class PLIX_EXPORT PLIXImageView : public NSImageView {
     PLIX_CLASS(PLIXImageView, NSImageView);
 
 public:
+    PLIXImageView();
+    ~PLIXImageView() override;
     bool init();
     bool init(Rect frame);
     /// What is of the default image is not archived.
