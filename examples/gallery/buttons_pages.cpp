@@ -283,11 +283,11 @@ Ref<NSView> makePLIXPopUpButtonPage()
 Ref<NSView> makePLIXChiseledTextPopUpButtonPage()
 {
     auto const form = Form::page();
-    auto const popUp = [&](std::string_view title, float size, long anchor) {
+    auto const popUp = [&](std::string_view title, float size) {
         auto const made = make<PLIXChiseledTextPopUpButton>(Rect { 0, 0, 100, 20 });
         made->setFont(NSFont::boldSystemFontOfSize(size));
         made->SetSizeHeightToFit(true);
-        made->SetFrameAnchorMask(anchor);
+        made->SetFrameAnchorMask(0); // the left edge stays
         made->setTitle(title);
         for (auto const* text : { "Today", "Yesterday", "The whole of last week" })
             made->addItemWithTitle(text)->setActionFunction([page = form.get(), button = made.get(), text](NSObject*) {
@@ -296,12 +296,12 @@ Ref<NSView> makePLIXChiseledTextPopUpButtonPage()
             });
         return made;
     };
-    form->addRow("11 points", { popUp("Sort by name", 11, 0) });
-    form->addRow("13 points", { popUp("Today", 13, 0) });
-    form->addRow("16 points", { popUp("A longer title", 16, 0) });
-    auto const disabled = popUp("Disabled", 13, 0);
+    form->addRow("11 points", { onLightGround(popUp("Sort by name", 11), 390) });
+    form->addRow("13 points", { onLightGround(popUp("Today", 13), 390) });
+    form->addRow("16 points", { onLightGround(popUp("A longer title", 16), 390) });
+    auto const disabled = popUp("Disabled", 13);
     disabled->setEnabled(false);
-    form->addRow("Disabled", { disabled });
+    form->addRow("Disabled", { onLightGround(disabled, 390) });
     form->addNote("The engraved title gets a background under the pointer; the button is as wide as its title.");
     form->addStatus("Move the pointer over one, and choose.");
     form->sizeToRows();

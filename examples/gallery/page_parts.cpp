@@ -1,4 +1,5 @@
 #include "page_parts.h"
+#include "EngravedPage.h"
 
 #include <plix/platform/appkit/NSButton.h>
 #include <plix/platform/appkit/NSCell.h>
@@ -179,6 +180,14 @@ Ref<NSView> captioned(std::string_view caption, Ref<NSView> const& view)
     both->addSubview(*view);
     both->addSubview(*label);
     return both;
+}
+
+Ref<NSView> onLightGround(Ref<NSView> const& view, float width)
+{
+    auto ground = make<EngravedGround>(Rect { 0, 0, width, view->frame().height + 12 }, plainGround);
+    view->setFrameOrigin({ 8, 6 });
+    ground->addSubview(*view);
+    return ground;
 }
 
 Ref<NSScrollView> scrolled(Ref<NSView> const& document, Size size)

@@ -78,9 +78,17 @@ std::vector<Page> gathered()
 Ref<NSWindow> windowFor(Page const& page)
 {
     auto const view = page.makeView();
-    auto window = make<NSWindow>(rectWith({}, view->frame().size()), NSBorderlessWindowMask, NSBackingStoreBuffered, false);
+    bool const isSheet = std::string_view(page.section) == statesSection;
+    auto window = make<NSWindow>(
+        rectWith({}, view->frame().size()), isSheet ? NSBorderlessWindowMask : NSTitledWindowMask, NSBackingStoreBuffered, false);
     window->setContentView(view);
-    window->orderFront(nullptr);
+    if (isSheet) {
+        window->orderFront(nullptr);
+    } else {
+        // Looks as while it is used, but for what would show where the keyboard is.
+        window->makeKeyAndOrderFront(nullptr);
+        window->makeFirstResponder(nullptr);
+    }
     return window;
 }
 

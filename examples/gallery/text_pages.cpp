@@ -347,20 +347,21 @@ Ref<NSView> makePLIXChiseledTextFieldPage()
     auto const form = Form::page();
     std::vector<Ref<PLIXChiseledTextField>> labels;
     auto const label = [&](std::string_view text, Ref<NSFont> const& font, float height) {
-        auto const made = make<PLIXChiseledTextField>(Rect { 0, 0, 380, height });
+        auto const made = make<PLIXChiseledTextField>(Rect { 0, 0, 370, height });
         made->setFont(font);
         made->setStringValue(text);
         labels.push_back(made);
-        return made;
+        return onLightGround(made, 390);
     };
     form->addRow("11 points", { label("1,204 items, 12.4 GB available", NSFont::systemFontOfSize(11), 16) });
     form->addRow("13, bold", { label("Playlists", NSFont::boldSystemFontOfSize(13), 18) });
     form->addRow("24", { label("The Well-Tempered Clavier", NSFont::systemFontOfSize(24), 32) });
-    auto const red = label("In colours of its own", NSFont::boldSystemFontOfSize(15), 22);
+    auto const colored = label("In colours of its own", NSFont::boldSystemFontOfSize(15), 22);
+    auto const& red = labels.back();
     red->setActiveColor(NSColor::colorWithCalibratedRed(0.65F, 0.1F, 0.1F, 1));
     red->setShadowActiveColor(NSColor::colorWithCalibratedRed(1, 0.85F, 0.85F, 1));
     red->activate(nullptr);
-    form->addRow("Colours", { red });
+    form->addRow("Colours", { colored });
     auto const enabled = checkBox("Enabled", [labels, page = form.get()](bool isOn) {
         for (auto const& one : labels)
             one->setEnabled(isOn);
