@@ -1,8 +1,8 @@
 #include <plix/controls/PLIXTabViewItem.h>
 
 #include <plix/controls/tab_window_fit.h>
+#include <plix/drawing/focused_image.h>
 #include <plix/platform/appkit/NSView.h>
-#include <plix/platform/graphics/NSGraphicsContext.h>
 #include <plix/platform/graphics/NSImage.h>
 
 namespace plix {
@@ -71,14 +71,7 @@ void PLIXTabViewItem::drawLabel(bool shouldTruncateLabel, Rect rect)
 
 void PLIXTabViewItem::drawImage(Rect destination) const
 {
-    auto const context = NSGraphicsContext::currentContext();
-    if (!context)
-        return;
-    GraphicsState const saved(context);
-    auto const* focus = NSView::focusView();
-    if ((focus ? focus->isFlipped() : context->isFlipped()) != m_image->isFlipped())
-        context->concat(AffineTransform::mirror(destination));
-    m_image->drawInRect(destination, rectWith({}, m_image->size()), NSCompositeSourceOver, 1.0F);
+    drawUpright(*m_image, destination);
 }
 
 }

@@ -1,9 +1,9 @@
 #include <plix/controls/TQComboBoxCell.h>
 
+#include <plix/drawing/focused_image.h>
 #include <plix/drawing/geometry_helpers.h>
 #include <plix/drawing/image_additions.h>
 #include <plix/platform/appkit/NSView.h>
-#include <plix/platform/graphics/NSAffineTransform.h>
 #include <plix/platform/graphics/NSImage.h>
 
 namespace plix {
@@ -53,16 +53,7 @@ void TQComboBoxCell::drawWithFrame(Rect frame, NSView& controlView)
     if (!image)
         return;
     Rect const knob = PLIXNormalizedRect(PLIXRectCenterOnRect(PLIXMakeRectWithSize(image->size()), slice));
-    auto const* focus = NSView::focusView();
-    bool const mirrors = focus && focus->isFlipped() != image->isFlipped();
-    auto const mirror = make<NSAffineTransform>(AffineTransform { 1, 0, 0, -1, 0, 2 * knob.y + knob.height });
-    if (mirrors)
-        mirror->concat();
-    image->drawInRect(knob, rectWith({}, image->size()), NSCompositeSourceOver, 1);
-    if (mirrors) {
-        mirror->invert();
-        mirror->concat();
-    }
+    drawUpright(*image, knob);
 }
 
 }

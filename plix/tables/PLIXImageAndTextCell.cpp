@@ -1,5 +1,6 @@
 #include <plix/tables/PLIXImageAndTextCell.h>
 
+#include <plix/drawing/focused_image.h>
 #include <plix/platform/appkit/NSView.h>
 #include <plix/platform/foundation/NSCoder.h>
 #include <plix/platform/graphics/NSColor.h>
@@ -112,12 +113,7 @@ void PLIXImageAndTextCell::drawImage(Rect box) const
     auto const [source, destination] = cellImagePlacement(m_image->size(), box, m_imageScaling);
     GraphicsState const saved(context);
     context->setImageInterpolation(NSImageInterpolationHigh);
-    auto const* focus = NSView::focusView();
-    if (focus ? focus->isFlipped() : context->isFlipped()) {
-        context->translateBy(0, 2.0 * destination.y + destination.height);
-        context->scaleBy(1, -1);
-    }
-    m_image->drawInRect(destination, source, NSCompositeSourceOver, 1.0F);
+    drawFocusedImage(*m_image, destination, source, isFocusFlipped() ? ImageTurn::mirrored : ImageTurn::none);
 }
 
 void PLIXImageAndTextCell::copyStateTo(NSObject& fresh) const

@@ -1,5 +1,6 @@
 #include <plix/tables/PLIXOutlineView.h>
 
+#include <plix/drawing/focused_image.h>
 #include <plix/drawing/geometry_helpers.h>
 #include <plix/platform/appkit/NSEvent.h>
 #include <plix/platform/appkit/NSScrollView.h>
@@ -12,7 +13,6 @@
 #include <plix/platform/foundation/NSCoder.h>
 #include <plix/platform/foundation/NSNotification.h>
 #include <plix/platform/graphics/NSColor.h>
-#include <plix/platform/graphics/NSGraphicsContext.h>
 #include <plix/platform/graphics/NSImage.h>
 #include <plix/tables/disclosure_plan.h>
 
@@ -298,18 +298,7 @@ Ref<NSImage> PLIXOutlineView::indicatorForItem(NSObject* item)
 
 void PLIXOutlineView::drawIndicator(NSImage const& image, long row) const
 {
-    auto const context = NSGraphicsContext::currentContext();
-    if (!context)
-        return;
-    auto const size = image.size();
-    auto const origin = disclosureOrigin(frameOfCellAtColumn(0, row), size);
-    GraphicsState const saved(context);
-    auto const* focus = focusView();
-    if ((focus ? focus->isFlipped() : context->isFlipped()) != image.isFlipped()) {
-        context->translateBy(0, 2.0 * origin.y + size.height);
-        context->scaleBy(1, -1);
-    }
-    image.drawAtPoint(origin, PLIXMakeRectWithSize(size), NSCompositeSourceOver, 1.0F);
+    drawUpright(image, rectWith(disclosureOrigin(frameOfCellAtColumn(0, row), image.size()), image.size()));
 }
 
 }
