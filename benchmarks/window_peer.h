@@ -6,8 +6,8 @@
 
 namespace plix::bench {
 
-/// Composes a window's pattern of that height from the background's premultiplied pixels, each time anew, and fills an image
-/// surface of the window's new size with it; with plain Cairo, whose surfaces can't change their size.
+/// Composes a window's pattern of that height from the background's premultiplied pixels, each time anew, and fills the window's
+/// pixels with it, with plain Cairo.
 std::function<void(int height)> cairoWindowRepaint(std::vector<std::uint32_t> const& background, int width, int windowWidth);
 
 }

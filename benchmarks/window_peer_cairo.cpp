@@ -2,6 +2,7 @@
 
 #include <cairo.h>
 
+#include <algorithm>
 #include <memory>
 
 namespace plix::bench {
@@ -49,8 +50,13 @@ std::function<void(int height)> cairoWindowRepaint(std::vector<std::uint32_t> co
         cairo_image_surface_create_for_data(
             reinterpret_cast<unsigned char*>(pixels->data()), CAIRO_FORMAT_ARGB32, width, backgroundHeight, width * 4),
         cairo_surface_destroy);
+    // The window's pixels are there, as a window system has them; only the pattern is made anew.
+    auto const windowPixels = std::make_shared<std::vector<std::uint32_t>>();
     return [=](int height) {
-        auto* const window = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, windowWidth, height);
+        windowPixels->resize(
+            std::max(windowPixels->size(), static_cast<std::size_t>(windowWidth) * static_cast<std::size_t>(height)));
+        auto* const window = cairo_image_surface_create_for_data(
+            reinterpret_cast<unsigned char*>(windowPixels->data()), CAIRO_FORMAT_ARGB32, windowWidth, height, windowWidth * 4);
         auto* const pattern = composed(image.get(), width, backgroundHeight, height);
         auto* const cairo = cairo_create(window);
         cairo_set_operator(cairo, CAIRO_OPERATOR_SOURCE);
