@@ -93,5 +93,7 @@ if(PLIX_INSTALLED_EXAMPLES)
     install(TARGETS ${PLIX_INSTALLED_EXAMPLES} RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT examples)
     plix_install_resources(browser COMPONENT examples)
     plix_install_resources(gallery COMPONENT examples)
+    install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples/gallery/ DESTINATION ${CMAKE_INSTALL_DATADIR}/plix-gallery/gallery-sources
+        COMPONENT examples FILES_MATCHING PATTERN "*.cpp")
     install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples/ DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/plix-examples/sources COMPONENT examples)
 endif()

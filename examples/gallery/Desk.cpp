@@ -7,6 +7,11 @@ namespace gallery {
 
 using namespace plix;
 
+bool Desk::looksActive() const
+{
+    return m_isActive && (!superview() || superview()->looksActive());
+}
+
 void Desk::drawRect(Rect dirty)
 {
     NSColor::windowBackgroundColor()->set();

@@ -88,6 +88,12 @@ void EngravedPage::sizeToBands()
     setFrameSize({ width(), m_y + margin });
 }
 
+void forgetLabelColors()
+{
+    for (auto* global : globals)
+        *global = nullptr;
+}
+
 SystemColors::SystemColors(std::uint32_t version)
     : m_version(machineIdentity().systemVersion())
 {

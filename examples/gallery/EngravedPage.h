@@ -70,6 +70,9 @@ private:
     float m_y { margin };
 };
 
+/// Labels made from now on find their default colours anew, for the system's version now.
+void forgetLabelColors();
+
 /// The default colours of labels are those of another system as long as this lives.
 class SystemColors {
 public:

@@ -1,8 +1,8 @@
 #include "Form.h"
 
+#include <plix/platform/appkit/Theme.h>
 #include <plix/platform/graphics/NSColor.h>
 #include <plix/platform/graphics/NSFont.h>
-#include <plix/platform/graphics/NSGraphics.h>
 
 #include <algorithm>
 #include <cmath>
@@ -11,10 +11,10 @@ namespace gallery {
 
 using namespace plix;
 
-void Form::drawRect(Rect dirty)
-{
-    NSColor::windowBackgroundColor()->set();
-    NSRectFill(dirty);
+namespace {
+
+constexpr float lineHeight = 26;
+
 }
 
 Ref<Form> Form::page(float width)
@@ -24,20 +24,22 @@ Ref<Form> Form::page(float width)
 
 void Form::addRow(std::string_view caption, std::vector<Ref<NSView>> const& controls)
 {
-    float highest = 26;
+    float highest = 0;
     for (auto const& control : controls)
         highest = std::max(highest, control->frame().height);
+    // Bezels may reach a point beyond their line.
+    float const height = highest <= lineHeight + 2 ? lineHeight : highest;
     auto const label = NSTextField::labelWithString(caption);
     label->setAlignment(NSRightTextAlignment);
     label->setFrame({ 20, m_y + 5, captionWidth, 16 });
     addSubview(*label);
     float x = left;
     for (auto const& control : controls) {
-        control->setFrameOrigin({ x, m_y + std::floor((highest - control->frame().height) / 2) });
+        control->setFrameOrigin({ x, m_y + height / 2 - control->frame().height / 2 });
         addSubview(*control);
         x = control->frame().maxX() + 10;
     }
-    m_y += highest + 10;
+    m_y += height + 10;
 }
 
 void Form::addNote(std::string_view text)
@@ -45,7 +47,7 @@ void Form::addNote(std::string_view text)
     auto const label = NSTextField::labelWithString(text);
     label->cell()->setWraps(true);
     label->setFont(NSFont::systemFontOfSize(11));
-    label->setTextColor(NSColor::disabledControlTextColor());
+    label->setTextColor(Theme::current().color(ThemeRole::secondaryText));
     float const width = bounds().width - 40;
     float const height = std::ceil(label->cell()->cellSizeForBounds({ 0, 0, width, 1000 }).height);
     label->setFrame({ 20, m_y, width, height });

@@ -1,9 +1,10 @@
 #pragma once
 
+#include "Desk.h"
+
 #include <plix/platform/appkit/NSButton.h>
 #include <plix/platform/appkit/NSPopUpButton.h>
 #include <plix/platform/appkit/NSTextField.h>
-#include <plix/platform/appkit/NSView.h>
 
 #include <string>
 #include <string_view>
@@ -12,9 +13,9 @@
 namespace gallery {
 
 /// A page of rows of controls to be tried, each behind a caption, with a line below that says what happens.
-class Form : public plix::NSView {
+class Form : public Desk {
 public:
-    using NSView::init;
+    using Desk::init;
 
     static constexpr float captionWidth = 110;
     /// Where the controls begin.
@@ -56,11 +57,6 @@ public:
         });
         return control;
     }
-
-    // NSView:
-    bool isFlipped() const override { return true; }
-    bool isOpaque() const override { return true; }
-    void drawRect(plix::Rect) override;
 
 private:
     plix::Ref<plix::NSTextField> m_status;

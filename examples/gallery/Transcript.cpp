@@ -1,5 +1,6 @@
 #include "Transcript.h"
 
+#include <plix/platform/appkit/Theme.h>
 #include <plix/platform/graphics/NSColor.h>
 #include <plix/platform/graphics/NSFont.h>
 #include <plix/platform/graphics/NSGraphics.h>
@@ -38,7 +39,7 @@ float extent(std::string_view text, float width, Attributes const& look)
 
 Attributes noteAttributes()
 {
-    return attributes(NSFont::systemFontOfSize(fontSize), NSColor::disabledControlTextColor());
+    return attributes(NSFont::systemFontOfSize(fontSize), Theme::current().color(ThemeRole::secondaryText));
 }
 
 Attributes headingAttributes()

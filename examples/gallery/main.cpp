@@ -1,13 +1,15 @@
-#include "pages.h"
+#include "GalleryController.h"
+#include "page_search.h"
 
 #include <examples/support/example_options.h>
 
 #include <plix/app/PLIXApplication.h>
-#include <plix/platform/appkit/NSView.h>
+#include <plix/platform/appkit/NSMenu.h>
 #include <plix/platform/appkit/NSWindow.h>
 
 #include <iostream>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace {
@@ -19,25 +21,30 @@ public:
     bool applicationShouldTerminateAfterLastWindowClosed(NSApplication&) { return true; }
 };
 
-gallery::Page const* pageNamed(std::string const& name)
-{
-    for (auto const& page : gallery::pages()) {
-        if (page.name == name)
-            return &page;
-    }
-    return nullptr;
-}
+/// What the gallery takes beyond other examples.
+struct GalleryOptions {
+    std::string dumpFolder;
+    bool listsPages { false };
+};
 
-Ref<NSWindow> showPage(gallery::Page const& page)
+/// Takes its own words out.
+GalleryOptions takeOptions(std::vector<char const*>& words)
 {
-    auto const view = page.makeView();
-    auto window = make<NSWindow>(rectWith({}, view->frame().size()),
-        NSTitledWindowMask | NSClosableWindowMask | NSMiniaturizableWindowMask, NSBackingStoreBuffered, false);
-    window->setTitle(page.title);
-    window->setContentView(view);
-    window->center();
-    window->makeKeyAndOrderFront(nullptr);
-    return window;
+    GalleryOptions options;
+    for (std::size_t i = 1; i < words.size();) {
+        std::string_view const word = words[i];
+        bool const isDump = word == "--dump" && i + 1 < words.size();
+        if (isDump)
+            options.dumpFolder = words[i + 1];
+        else if (word == "--list")
+            options.listsPages = true;
+        auto const place = words.begin() + static_cast<std::ptrdiff_t>(i);
+        if (isDump || word == "--list")
+            words.erase(place, place + (isDump ? 2 : 1));
+        else
+            ++i;
+    }
+    return options;
 }
 
 int run(example::Options const& options, std::string const& dumpFolder)
@@ -48,28 +55,41 @@ int run(example::Options const& options, std::string const& dumpFolder)
         return gallery::dump(dumpFolder) ? 0 : 1;
     auto const delegate = make<GalleryDelegate>();
     application->setDelegate(delegate);
-    std::vector<Ref<NSWindow>> windows;
-    for (auto const& page : gallery::pages()) {
-        bool const isAsked = options.arguments.empty() || pageNamed(options.arguments[0]) == &page;
-        if (isAsked)
-            windows.push_back(showPage(page));
-    }
-    if (!options.screenshot.empty())
-        return example::writeWindow(*windows.back(), options.screenshot) ? 0 : 1;
+    auto const controller = make<gallery::GalleryController>();
+    application->setMainMenu(controller->makeMenu());
+    auto& window = controller->window();
+    bool const isForAPicture = !options.screenshot.empty();
+    if (!isForAPicture)
+        controller->remember();
+    if (!options.arguments.empty())
+        controller->showPage(*gallery::pageNamed(gallery::pages(), options.arguments[0]));
+    window.makeKeyAndOrderFront(nullptr);
+    if (isForAPicture)
+        return example::writeWindow(window, options.screenshot) ? 0 : 1;
     if (options.exitsAfterFirstFrame) {
-        windows.back()->displayIfNeeded();
+        window.displayIfNeeded();
         return 0;
     }
     application->run();
     return 0;
 }
 
+void listPages()
+{
+    std::string_view section;
+    for (auto const& page : gallery::pages()) {
+        if (section != page.section)
+            std::cout << (section.empty() ? "" : "\n") << page.section << '\n';
+        section = page.section;
+        std::cout << "  " << page.name << '\n';
+    }
+}
+
 std::string usage()
 {
-    std::string text = "Usage: gallery [OPTIONS] [PAGE]\nShows every page, or one of:";
-    for (auto const& page : gallery::pages())
-        text += std::string(" ") + page.name;
-    return text + "\n  --dump DIR                 draw every page in memory at 1x and 2x into a folder, and end\n"
+    return "Usage: gallery [OPTIONS] [PAGE]\nShows every class, and opens the window on a page of --list.\n"
+           "  --dump DIR                 draw every page in memory at 1x and 2x, light and dark, into a folder, and end\n"
+           "  --list                     print the names of pages by section, and end\n"
         + example::optionsHelp();
 }
 
@@ -78,23 +98,20 @@ std::string usage()
 int main(int argc, char** argv)
 {
     std::vector<char const*> words(argv, argv + argc);
-    std::string dumpFolder;
-    for (std::size_t i = 1; i + 1 < words.size(); ++i) {
-        if (std::string_view(words[i]) == "--dump") {
-            dumpFolder = words[i + 1];
-            words.erase(words.begin() + static_cast<std::ptrdiff_t>(i), words.begin() + static_cast<std::ptrdiff_t>(i) + 2);
-            break;
-        }
-    }
+    auto const own = takeOptions(words);
     auto options = example::parseOptions(static_cast<int>(words.size()), words.data());
-    if (!dumpFolder.empty())
+    if (!own.dumpFolder.empty())
         options.drawsInMemory = true;
-    if (options.problem.empty() && !options.arguments.empty() && !pageNamed(options.arguments[0]))
+    if (options.problem.empty() && !options.arguments.empty() && !gallery::pageNamed(gallery::pages(), options.arguments[0]))
         options.problem = "there is no page " + options.arguments[0];
     if (options.showsHelp || !options.problem.empty()) {
         (options.showsHelp ? std::cout : std::cerr)
             << (options.problem.empty() ? "" : "gallery: " + options.problem + "\n") << usage();
         return options.showsHelp ? 0 : 2;
     }
-    return run(options, dumpFolder);
+    if (own.listsPages) {
+        listPages();
+        return 0;
+    }
+    return run(options, own.dumpFolder);
 }

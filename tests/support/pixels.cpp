@@ -227,10 +227,24 @@ Ref<NSBitmapImageRep> renderBitmap(Size points, float scale, FunctionRef<void()>
     return rep;
 }
 
+/// Whether the environment asks for the reference to be written: of all, or of those that one of its patterns fits.
+static bool isToBeWritten(std::string const& name)
+{
+    char const* const update = std::getenv("PLIX_UPDATE_REFERENCES");
+    if (!update || std::string_view(update) == "1")
+        return update;
+    std::istringstream patterns(update);
+    for (std::string pattern; std::getline(patterns, pattern, ',');) {
+        if (::fnmatch(pattern.c_str(), name.c_str(), 0) == 0)
+            return true;
+    }
+    return false;
+}
+
 testing::AssertionResult matchesReference(Pixels const& pixels, std::string_view name)
 {
     auto const path = referencePath(name);
-    if (char const* update = std::getenv("PLIX_UPDATE_REFERENCES"); update && *update == '1') {
+    if (isToBeWritten(std::string(name))) {
         std::filesystem::create_directories(path.parent_path());
         writePNG(pixels, path.string());
         return testing::AssertionSuccess() << "wrote " << path.string();
@@ -243,7 +257,8 @@ testing::AssertionResult matchesReference(Pixels const& pixels, std::string_view
     };
     if (!reference) {
         writeOutput();
-        return testing::AssertionFailure() << "there is no reference " << path.string() << "; PLIX_UPDATE_REFERENCES=1 writes it";
+        return testing::AssertionFailure() << "there is no reference " << path.string() << "; PLIX_UPDATE_REFERENCES=" << name
+                                           << " writes it";
     }
     Pixels const expected(reference);
     bool const hasSameSize = expected.width() == pixels.width() && expected.height() == pixels.height();

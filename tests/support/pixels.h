@@ -81,7 +81,8 @@ int countDifferences(Pixels const&, Pixels const&, float tolerance = pixelTolera
 Ref<NSBitmapImageRep> renderBitmap(Size points, float scale, FunctionRef<void()> draw, ColorComponents ground = colors::clear);
 
 /// Compares with tests/references/<name>.png. A few pixels may differ a little, since other versions of the libraries round
-/// otherwise. With PLIX_UPDATE_REFERENCES=1 in the environment the reference is written instead. On a difference the rendering and
+/// otherwise. With PLIX_UPDATE_REFERENCES=1 in the environment the reference is written instead, with patterns there
+/// ("gallery/NSButton*,appkit/*") only where one fits the name. On a difference the rendering and
 /// a map of what differs are written to test_output/ in the working folder.
 testing::AssertionResult matchesReference(Pixels const&, std::string_view name);
 

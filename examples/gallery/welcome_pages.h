@@ -1,0 +1,10 @@
+#pragma once
+
+#include "pages.h"
+
+namespace gallery {
+
+/// What the library is.
+std::span<Page const> welcomePages();
+
+}
