@@ -12,8 +12,12 @@ public:
     using NSView::init;
 
     void setLooksActive(bool isActive) { m_isActive = isActive; }
-    /// As long as the page is there: data sources and delegates, which views hold weakly.
-    void keep(plix::Ref<plix::NSObject> const& object) { m_kept.push_back(object); }
+    /// Alive as long as the page: delegates and data sources are held weakly by those that they serve.
+    template <typename T> plix::Ref<T> keep(plix::Ref<T> const& object)
+    {
+        m_kept.emplace_back(object);
+        return object;
+    }
 
     // NSView:
     bool isFlipped() const override { return true; }

@@ -33,12 +33,6 @@ public:
     void addHeading(std::string_view text);
     /// A row of its own, from margin to margin.
     void addView(plix::Ref<plix::NSView> const&);
-    /// Alive as long as the page: delegates and data sources are held weakly by those that they serve.
-    template <typename T> plix::Ref<T> keep(plix::Ref<T> const& object)
-    {
-        m_kept.emplace_back(object);
-        return object;
-    }
     /// As high as its rows, with room for the status line, if there is one. After the last.
     void sizeToRows();
     /// The line below the rows, at the bottom.
@@ -60,7 +54,6 @@ public:
 
 private:
     plix::Ref<plix::NSTextField> m_status;
-    std::vector<plix::Ref<plix::NSObject>> m_kept;
     float m_y { 20 };
 };
 

@@ -48,13 +48,12 @@ Ref<NSWindow> windowFor(Page const& page)
     auto window = make<NSWindow>(
         rectWith({}, view->frame().size()), isSheet ? NSBorderlessWindowMask : NSTitledWindowMask, NSBackingStoreBuffered, false);
     window->setContentView(view);
-    if (isSheet) {
+    if (isSheet)
         window->orderFront(nullptr);
-    } else {
-        // Looks as while it is used, but for what would show where the keyboard is.
+    else
         window->makeKeyAndOrderFront(nullptr);
-        window->makeFirstResponder(nullptr);
-    }
+    // Looks as while it is used, but for what would show where the keyboard is.
+    window->makeFirstResponder(nullptr);
     return window;
 }
 

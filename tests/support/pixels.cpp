@@ -11,6 +11,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
+#include <fnmatch.h>
 #include <fstream>
 #include <iomanip>
 #include <sstream>
