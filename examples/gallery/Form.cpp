@@ -24,18 +24,16 @@ Ref<Form> Form::page(float width)
 
 void Form::addRow(std::string_view caption, std::vector<Ref<NSView>> const& controls)
 {
-    float highest = 0;
+    float height = lineHeight;
     for (auto const& control : controls)
-        highest = std::max(highest, control->frame().height);
-    // Bezels may reach a point beyond their line.
-    float const height = highest <= lineHeight + 2 ? lineHeight : highest;
+        height = std::max(height, control->frame().height);
     auto const label = NSTextField::labelWithString(caption);
     label->setAlignment(NSRightTextAlignment);
     label->setFrame({ 20, m_y + 5, captionWidth, 16 });
     addSubview(*label);
     float x = left;
     for (auto const& control : controls) {
-        control->setFrameOrigin({ x, m_y + height / 2 - control->frame().height / 2 });
+        control->setFrameOrigin({ x, m_y + std::floor((height - control->frame().height) / 2) });
         addSubview(*control);
         x = control->frame().maxX() + 10;
     }
