@@ -417,7 +417,7 @@ void BrowserController::showCopies(std::string const& folder, JobReport const& r
 
 void BrowserController::count(std::vector<std::string> const& names)
 {
-    auto const what = shownNames(names);
+    auto const what = names.size() == 1 ? shownNames(names) : std::to_string(names.size()) + " selected";
     std::vector<std::string> paths;
     for (auto const& name : names)
         paths.push_back(pathInFolder(m_listing.path(), name));
@@ -436,7 +436,7 @@ void BrowserController::showTotal(std::string const& folder, std::string const& 
         return;
     auto const total = report.progress();
     m_notice = report.isCanceled() ? "Counting " + what + " was canceled."
-                                   : what + ": " + countText(total.items) + ", " + StringForFileSize(total.bytes);
+                                   : "In " + what + ": " + countText(total.items) + ", " + StringForFileSize(total.bytes);
     m_failure.clear();
     showStatus();
     speak(m_notice);

@@ -171,25 +171,24 @@ Ref<NSMenu> FilesTable::makeMenu()
     auto menu = make<NSMenu>();
     menu->setAutoenablesItems(false);
     // The menu may be open when the table's window goes.
-    auto const add = [this](NSMenu& to, std::string const& title, auto call) {
-        to.addItemWithTitle(title, {}, "")->setActionFunction([call = whileAlive(call)](NSObject*) { call(); });
+    auto const add = [this](NSMenu& to, std::string const& title, std::string_view key, auto call) {
+        to.addItemWithTitle(title, {}, key)->setActionFunction([call = whileAlive(call)](NSObject*) { call(); });
     };
-    add(*menu, "Open", [](FilesTable& files) { files.openSelected(); });
-    add(*menu, "Info", [](FilesTable& files) { files.showInfo(); });
-    add(*menu, "Total Size", [](FilesTable& files) { files.showTotal(); });
+    add(*menu, "Open", "", [](FilesTable& files) { files.openSelected(); });
+    add(*menu, "Info", "i", [](FilesTable& files) { files.showInfo(); });
+    add(*menu, "Total Size", "t", [](FilesTable& files) { files.showTotal(); });
     menu->addItem(*NSMenuItem::separatorItem());
-    add(*menu, "Copy", [](FilesTable& files) { files.copySelected(); });
-    add(*menu, "Paste", [](FilesTable& files) { files.paste(); });
-    add(*menu, "Delete…", [](FilesTable& files) { files.removeSelected(); });
+    add(*menu, "Copy", "c", [](FilesTable& files) { files.copySelected(); });
+    add(*menu, "Paste", "v", [](FilesTable& files) { files.paste(); });
+    add(*menu, "Delete…", "", [](FilesTable& files) { files.removeSelected(); });
     menu->addItem(*NSMenuItem::separatorItem());
     auto const sorting = make<NSMenu>("Sort By");
     sorting->setAutoenablesItems(false);
     for (auto const& plan : columns)
-        add(*sorting, plan.title, [key = plan.key](FilesTable& files) { files.sortBy(key, false); });
+        add(*sorting, plan.title, "", [key = plan.key](FilesTable& files) { files.sortBy(key, false); });
     menu->addItemWithTitle("Sort By", {}, "")->setSubmenu(sorting);
     menu->addItem(*NSMenuItem::separatorItem());
-    add(*menu, "Preferences…", [](FilesTable& files) { files.showPreferences(); });
-    menu->itemArray().back()->setKeyEquivalent(",");
+    add(*menu, "Preferences…", ",", [](FilesTable& files) { files.showPreferences(); });
     return menu;
 }
 

@@ -215,7 +215,7 @@ TEST_F(BrowserPreferences, NamesAreSpokenWhereThatIsWanted)
     files().selectName("notes.txt");
     key(U't', NSControlKeyMask);
     EXPECT_TRUE(NSRunLoop::currentRunLoop().runUntil([this] { return controller->jobs().empty(); }));
-    EXPECT_THAT(speech.texts(), testing::ElementsAre(".secret", "notes.txt", "“notes.txt”: 1 item, 1.2KB"));
+    EXPECT_THAT(speech.texts(), testing::ElementsAre(".secret", "notes.txt", "In “notes.txt”: 1 item, 1.2KB"));
     // What is said cuts short what was said before.
     EXPECT_EQ(speech.utterances()[0].how, SpeechEnd::Stopped);
     EXPECT_FALSE(speech.utterances()[2].end.has_value());

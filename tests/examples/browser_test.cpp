@@ -575,13 +575,24 @@ TEST_F(BrowserTest, CountsWhatIsSelectedWhenAsked)
     EXPECT_EQ(controller->jobs().size(), 1U);
     waitForJobs();
     // The folder itself, too.
-    EXPECT_EQ(controller->status(), "“alpha”: 3 items, 2.0KB");
+    EXPECT_EQ(controller->status(), "In “alpha”: 3 items, 2.0KB");
     person().key(NSDownArrowFunctionKey, NSShiftKeyMask);
     pump();
     EXPECT_EQ(controller->status(), "63 items");
     table().menu()->itemWithTitle("Total Size")->sendAction();
     waitForJobs();
-    EXPECT_EQ(controller->status(), "2 items: 4 items, 2.0KB");
+    EXPECT_EQ(controller->status(), "In 2 selected: 4 items, 2.0KB");
+}
+
+TEST_F(BrowserTest, TheMenuTellsTheKeys)
+{
+    show();
+    for (auto const& [title, key] : { std::pair { "Info", "i" }, { "Total Size", "t" }, { "Copy", "c" }, { "Paste", "v" } }) {
+        auto const* item = table().menu()->itemWithTitle(title);
+        ASSERT_TRUE(item) << title;
+        EXPECT_EQ(item->keyEquivalent(), key);
+        EXPECT_EQ(item->keyEquivalentModifierMask(), NSCommandKeyMask) << title;
+    }
 }
 
 TEST_F(BrowserTest, ALongCountShowsItsProgressAndIsCanceled)
