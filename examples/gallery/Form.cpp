@@ -91,7 +91,8 @@ void Form::addStatus(std::string_view text)
 
 void Form::setStatus(std::string_view text)
 {
-    m_status->setStringValue(text);
+    if (m_status)
+        m_status->setStringValue(text);
 }
 
 }

@@ -37,6 +37,7 @@ public:
     void sizeToRows();
     /// The line below the rows, at the bottom.
     void addStatus(std::string_view text);
+    /// Nothing before there is a status line.
     void setStatus(std::string_view text);
     /// The control says what it does from now on.
     template <typename Control> plix::Ref<Control> told(plix::Ref<Control> const& control)

@@ -242,4 +242,21 @@ Ref<NSImage> icon(Icon which, float side)
     return image;
 }
 
+Ref<NSImage> sortTriangle(bool isAscending)
+{
+    constexpr float width = 9;
+    constexpr float height = 5;
+    auto image = make<NSImage>(Size { width, height });
+    FocusLock const focus(image);
+    auto const path = NSBezierPath::bezierPath();
+    float const base = isAscending ? 0 : height;
+    path->moveToPoint({ 0, base });
+    path->lineToPoint({ width, base });
+    path->lineToPoint({ width / 2, height - base });
+    path->closePath();
+    NSColor::colorWithCalibratedWhite(0.5F, 1)->set();
+    path->fill();
+    return image;
+}
+
 }

@@ -41,5 +41,7 @@ plix::Ref<plix::NSTableColumn> addColumn(plix::NSTableView&, std::string_view id
 /// Pictures of 16 points, and larger ones when asked.
 enum class Icon { paper, folder, star, note, disc, warning };
 plix::Ref<plix::NSImage> icon(Icon, float side = 16);
+/// For the header of the column that is sorted by: upwards while ascending.
+plix::Ref<plix::NSImage> sortTriangle(bool isAscending);
 
 }

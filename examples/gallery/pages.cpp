@@ -2,7 +2,11 @@
 #include "buttons_pages.h"
 #include "cells_pages.h"
 #include "combo_pages.h"
+#include "menus_pages.h"
+#include "scrolling_pages.h"
 #include "sheet_pages.h"
+#include "tables_pages.h"
+#include "tabs_pages.h"
 #include "text_pages.h"
 #include "welcome_pages.h"
 
@@ -32,7 +36,8 @@ std::vector<Page> gathered()
 {
     std::vector<Page> all;
     for (std::span<Page const> const family :
-        { welcomePages(), buttonsPages(), cellsPages(), comboPages(), textPages(), sheetPages() })
+        { welcomePages(), buttonsPages(), menusPages(), comboPages(), cellsPages(), tabsPages(), scrollingPages(), tablesPages(),
+            textPages(), sheetPages() })
         all.insert(all.end(), family.begin(), family.end());
     auto const rank = [](Page const& page) {
         return std::find(std::begin(sections), std::end(sections), std::string_view(page.section)) - std::begin(sections);

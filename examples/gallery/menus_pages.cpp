@@ -1,0 +1,177 @@
+#include "menus_pages.h"
+#include "Form.h"
+#include "page_parts.h"
+
+#include <plix/platform/appkit/MenuView.h>
+#include <plix/platform/appkit/NSMenu.h>
+#include <plix/platform/appkit/NSMenuItem.h>
+#include <plix/platform/appkit/NSPopUpButton.h>
+#include <plix/platform/appkit/NSTextField.h>
+#include <plix/platform/appkit/Theme.h>
+#include <plix/platform/appkit/event_constants.h>
+#include <plix/platform/graphics/NSAttributedString.h>
+#include <plix/platform/graphics/NSColor.h>
+#include <plix/platform/graphics/NSFont.h>
+#include <plix/platform/graphics/NSImage.h>
+#include <plix/platform/graphics/attribute_names.h>
+
+#include <string>
+#include <utility>
+
+namespace gallery {
+
+using namespace plix;
+
+namespace {
+
+/// What the menu looks like while it is open, with one item under the pointer.
+Ref<NSView> picture(Ref<NSMenu> const& menu, long highlighted)
+{
+    class Frame : public NSView {
+    public:
+        using NSView::init;
+        bool isFlipped() const override { return true; }
+        NSView* hitTest(Point) override { return nullptr; }
+        void drawRect(Rect) override { Theme::current().drawBorder(NSLineBorder, bounds()); }
+    };
+    auto const view = make<MenuView>(menu, Ref<NSFont>(), 0.0F);
+    auto const size = view->layout().size;
+    view->setFrame({ 1, 1, size.width, size.height });
+    view->highlight(highlighted, MenuView::Reveal::no);
+    auto frame = make<Frame>(Rect { 0, 0, size.width + 2, size.height + 2 });
+    frame->addSubview(*view);
+    return frame;
+}
+
+/// Right-click it for the menu; its items' keys work as well.
+class MenuGround : public NSTextField {
+public:
+    using NSTextField::init;
+    bool init(Size size, std::string_view text, Ref<NSMenu> const& menu)
+    {
+        if (!NSTextField::init(rectWith({}, size)))
+            return false;
+        setEditable(false);
+        setAlignment(NSCenterTextAlignment);
+        setStringValue(text);
+        setMenu(menu);
+        return true;
+    }
+    NSMenu* menuForEvent(NSEvent&) override { return menu(); }
+    bool performKeyEquivalent(NSEvent& event) override { return menu()->performKeyEquivalent(event); }
+};
+
+Ref<NSView> makeNSMenuPage()
+{
+    auto const form = Form::page();
+    auto const menu = make<NSMenu>("Format");
+    auto const add = [page = form.get()](NSMenu& to, char const* title, char const* key) {
+        auto item = to.addItemWithTitle(title, {}, key);
+        item->setActionFunction(
+            [page](NSObject* sender) { page->setStatus("Chosen: " + static_cast<NSMenuItem*>(sender)->title()); });
+        return item;
+    };
+    add(*menu, "Bold", "b");
+    add(*menu, "Italic", "i");
+    add(*menu, "Underlined", "U");
+    menu->addItem(*NSMenuItem::separatorItem());
+    auto const sizes = make<NSMenu>("Size");
+    add(*sizes, "Larger", "+");
+    add(*sizes, "Smaller", "-");
+    auto const exact = make<NSMenu>("Exact Size");
+    for (auto const* size : { "9", "12", "18", "24", "36" })
+        add(*exact, size, "");
+    sizes->addItemWithTitle("Exact Size", {}, "")->setSubmenu(exact);
+    menu->addItemWithTitle("Size", {}, "")->setSubmenu(sizes);
+    add(*menu, "Remove Format", "\x7F");
+    menu->setItemsNeedActions(false);
+    form->addRow("Open", { picture(menu, 1), picture(sizes, 2), picture(exact, 3) });
+    form->addRow("Try", { make<MenuGround>(Size { 390, 90 }, "Right-click here, or press Ctrl and B, I or Shift-U", menu) });
+    form->addNote("Submenus open beside their items; arrow keys and typed letters go through a menu; a long one scrolls.");
+    form->addStatus("Nothing was chosen yet.");
+    form->sizeToRows();
+    return form;
+}
+
+Ref<NSView> makeNSMenuItemPage()
+{
+    auto const form = Form::page();
+    auto const menu = make<NSMenu>("Items");
+    menu->setAutoenablesItems(false);
+    auto const add = [&](char const* title, char const* key = "") {
+        auto item = menu->addItemWithTitle(title, {}, key);
+        item->setActionFunction([page = form.get()](NSObject* sender) {
+            auto& chosen = *static_cast<NSMenuItem*>(sender);
+            chosen.setState(chosen.state() == NSOnState ? NSOffState : NSOnState);
+            page->setStatus(chosen.title() + (chosen.state() == NSOnState ? " is checked." : " is not checked."));
+        });
+        return item;
+    };
+    add("Checked")->setState(NSOnState);
+    add("Mixed")->setState(NSMixedState);
+    add("Disabled", "d")->setEnabled(false);
+    menu->addItem(*NSMenuItem::separatorItem());
+    add("With a picture")->setImage(icon(Icon::star));
+    add("Indented")->setIndentationLevel(1);
+    add("Twice indented")->setIndentationLevel(2);
+    add("Hidden")->setHidden(true);
+    auto const styled = add("Styled");
+    styled->setAttributedTitle(make<NSAttributedString>("In a style of its own",
+        Attributes { { NSFontAttributeName, NSFont::boldSystemFontOfSize(13) },
+            { NSForegroundColorAttributeName, NSColor::colorWithCalibratedRed(0.85F, 0.2F, 0.2F, 1) } }));
+    auto const keyed = add("With a key", "k");
+    keyed->setKeyEquivalentModifierMask(NSControlKeyMask | NSAlternateKeyMask);
+    form->addRow("Open", { picture(menu, 4), make<MenuGround>(Size { 160, 80 }, "Right-click here", menu) });
+    form->addStatus("Choosing one checks it.");
+    form->sizeToRows();
+    return form;
+}
+
+/// A target says which of its items can be chosen now, each time before a menu opens.
+Ref<NSView> makeNSMenuValidationPage()
+{
+    class Editor : public NSObject, public NSMenuValidation {
+    public:
+        bool validateMenuItem(NSMenuItem& item) override
+        {
+            bool const isEmpty = field->stringValue().empty();
+            if (item.title() != "Clear")
+                item.setTitle(isEmpty ? "Nothing to Turn Round" : "Turn Round “" + field->stringValue() + "”");
+            return !isEmpty;
+        }
+        void turnRound(NSObject*)
+        {
+            auto const& text = field->stringValue();
+            field->setStringValue(std::string(text.rbegin(), text.rend()));
+        }
+        void clear(NSObject*) { field->setStringValue(""); }
+        Ref<NSTextField> field { textField("stressed", 180) };
+    };
+    auto const form = Form::page();
+    auto const editor = form->keep(make<Editor>());
+    form->addRow("Text", { editor->field });
+    auto const actions = make<NSPopUpButton>(Rect { 0, 0, 180, 26 }, true);
+    actions->addItemsWithTitles({ "Change", "Turn Round", "Clear" });
+    actions->itemAtIndex(1)->setTarget(*editor, &Editor::turnRound);
+    actions->itemAtIndex(2)->setTarget(*editor, &Editor::clear);
+    form->addRow("Menu", { actions, hint("Both are disabled while there is no text.") });
+    form->addNote("A menu that enables its items itself asks each item’s target; the answer may also change the title.");
+    form->sizeToRows();
+    return form;
+}
+
+constexpr char source[] = "menus_pages.cpp";
+constexpr Page familyPages[] {
+    { "NSMenu", "Menu", controlsSection, source, makeNSMenuPage },
+    { "NSMenuItem", "Menu item", controlsSection, source, makeNSMenuItemPage },
+    { "NSMenuValidation", "Enabling menu items", controlsSection, source, makeNSMenuValidationPage },
+};
+
+}
+
+std::span<Page const> menusPages()
+{
+    return familyPages;
+}
+
+}

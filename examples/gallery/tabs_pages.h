@@ -1,0 +1,10 @@
+#pragma once
+
+#include "pages.h"
+
+namespace gallery {
+
+/// Tab views and their items.
+std::span<Page const> tabsPages();
+
+}
