@@ -15,6 +15,7 @@
 #include <plix/platform/graphics/NSImage.h>
 #include <plix/platform/graphics/attribute_names.h>
 
+#include <cmath>
 #include <string>
 #include <utility>
 
@@ -27,38 +28,45 @@ namespace {
 /// What the menu looks like while it is open, with one item under the pointer.
 Ref<NSView> picture(Ref<NSMenu> const& menu, long highlighted)
 {
-    class Frame : public NSView {
+    class Still : public NSView {
     public:
         using NSView::init;
-        bool isFlipped() const override { return true; }
         NSView* hitTest(Point) override { return nullptr; }
-        void drawRect(Rect) override { Theme::current().drawBorder(NSLineBorder, bounds()); }
     };
     auto const view = make<MenuView>(menu, Ref<NSFont>(), 0.0F);
     auto const size = view->layout().size;
-    view->setFrame({ 1, 1, size.width, size.height });
+    view->setFrame(rectWith({}, size));
     view->highlight(highlighted, MenuView::Reveal::no);
-    auto frame = make<Frame>(Rect { 0, 0, size.width + 2, size.height + 2 });
-    frame->addSubview(*view);
-    return frame;
+    auto still = make<Still>(rectWith({}, size));
+    still->addSubview(*view);
+    return still;
 }
 
 /// Right-click it for the menu; its items' keys work as well.
-class MenuGround : public NSTextField {
+class MenuGround : public NSView {
 public:
-    using NSTextField::init;
-    bool init(Size size, std::string_view text, Ref<NSMenu> const& menu)
+    bool init(Size size, std::string text, Ref<NSMenu> const& menu)
     {
-        if (!NSTextField::init(rectWith({}, size)))
+        if (!NSView::init(rectWith({}, size)))
             return false;
-        setEditable(false);
-        setAlignment(NSCenterTextAlignment);
-        setStringValue(text);
+        m_text = std::move(text);
         setMenu(menu);
         return true;
     }
-    NSMenu* menuForEvent(NSEvent&) override { return menu(); }
+    bool isFlipped() const override { return true; }
+    void drawRect(Rect) override
+    {
+        Theme::current().drawFieldBezel(bounds(), FieldShape::square, {}, NSColor::controlBackgroundColor().get());
+        auto const text = make<NSAttributedString>(m_text,
+            Attributes { { NSFontAttributeName, NSFont::systemFontOfSize(13) },
+                { NSForegroundColorAttributeName, NSColor::controlTextColor() } });
+        auto const size = text->size();
+        text->drawAtPoint({ std::floor(bounds().midX() - size.width / 2), std::floor(bounds().midY() - size.height / 2) });
+    }
     bool performKeyEquivalent(NSEvent& event) override { return menu()->performKeyEquivalent(event); }
+
+private:
+    std::string m_text;
 };
 
 Ref<NSView> makeNSMenuPage()
@@ -83,10 +91,10 @@ Ref<NSView> makeNSMenuPage()
         add(*exact, size, "");
     sizes->addItemWithTitle("Exact Size", {}, "")->setSubmenu(exact);
     menu->addItemWithTitle("Size", {}, "")->setSubmenu(sizes);
-    add(*menu, "Remove Format", "\x7F");
+    add(*menu, "Remove Format", "r");
     menu->setItemsNeedActions(false);
-    form->addRow("Open", { picture(menu, 1), picture(sizes, 2), picture(exact, 3) });
-    form->addRow("Try", { make<MenuGround>(Size { 390, 90 }, "Right-click here, or press Ctrl and B, I or Shift-U", menu) });
+    form->addRow("Open", { picture(menu, 4), picture(sizes, 0) });
+    form->addRow("Try", { make<MenuGround>(Size { 390, 90 }, "Right-click here, or press Ctrl-B, Ctrl-I, Ctrl-Shift-U", menu) });
     form->addNote("Submenus open beside their items; arrow keys and typed letters go through a menu; a long one scrolls.");
     form->addStatus("Nothing was chosen yet.");
     form->sizeToRows();
@@ -121,7 +129,7 @@ Ref<NSView> makeNSMenuItemPage()
             { NSForegroundColorAttributeName, NSColor::colorWithCalibratedRed(0.85F, 0.2F, 0.2F, 1) } }));
     auto const keyed = add("With a key", "k");
     keyed->setKeyEquivalentModifierMask(NSControlKeyMask | NSAlternateKeyMask);
-    form->addRow("Open", { picture(menu, 4), make<MenuGround>(Size { 160, 80 }, "Right-click here", menu) });
+    form->addRow("Open", { picture(menu, 4), make<MenuGround>(Size { 140, 80 }, "Right-click here", menu) });
     form->addStatus("Choosing one checks it.");
     form->sizeToRows();
     return form;

@@ -132,7 +132,9 @@ Ref<NSView> makePLIXTabViewPage()
     item->setLabel("In a page it stays as it is");
     item->setView(pane({ 500, 140 }, { "One", "Two", "Three" }));
     tabs->addTabViewItem(*item);
-    form->addView(tabs);
+    auto const place = make<NSView>(tabs->frame()); // it would grow with the page
+    place->addSubview(*tabs);
+    form->addView(place);
     form->addRow("", { pushButton("Open a Window That Fits", [] {
         auto const window
             = make<NSWindow>(Rect { 0, 0, 400, 160 }, NSTitledWindowMask | NSClosableWindowMask, NSBackingStoreBuffered, false);
