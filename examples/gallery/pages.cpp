@@ -35,9 +35,8 @@ constexpr std::string_view sections[] { welcomeSection, controlsSection, tablesS
 std::vector<Page> gathered()
 {
     std::vector<Page> all;
-    for (std::span<Page const> const family :
-        { welcomePages(), buttonsPages(), menusPages(), comboPages(), cellsPages(), tabsPages(), scrollingPages(), tablesPages(),
-            textPages(), sheetPages() })
+    for (std::span<Page const> const family : { welcomePages(), buttonsPages(), menusPages(), comboPages(), cellsPages(),
+             tabsPages(), scrollingPages(), tablesPages(), textPages(), sheetPages() })
         all.insert(all.end(), family.begin(), family.end());
     auto const rank = [](Page const& page) {
         return std::find(std::begin(sections), std::end(sections), std::string_view(page.section)) - std::begin(sections);
