@@ -115,7 +115,7 @@ void GalleryController::makeWindow()
     makePanes();
     layOut();
     m_window->setInitialFirstResponder(&m_list->searchField());
-    m_window->recalculateKeyViewLoop();
+    m_window->setAutorecalculatesKeyViewLoop(true);
 }
 
 void GalleryController::makePanes()
@@ -347,13 +347,8 @@ Ref<NSMenu> GalleryController::makeMenu()
         return text;
     };
     add("Find", "f", NSControlKeyMask, [](auto& self) { self.list().beginSearching(); });
-    for (unsigned const modifier : { NSControlKeyMask, NSAlternateKeyMask }) {
-        bool const isControl = modifier == NSControlKeyMask;
-        add("Page Before", keyOf(isControl ? NSPageUpFunctionKey : NSUpArrowFunctionKey), modifier,
-            [](auto& self) { self.step(-1); });
-        add("Page After", keyOf(isControl ? NSPageDownFunctionKey : NSDownArrowFunctionKey), modifier,
-            [](auto& self) { self.step(1); });
-    }
+    add("Page Before", keyOf(NSPageUpFunctionKey), NSControlKeyMask, [](auto& self) { self.step(-1); });
+    add("Page After", keyOf(NSPageDownFunctionKey), NSControlKeyMask, [](auto& self) { self.step(1); });
     add("Copy Source", "c", NSControlKeyMask | NSShiftKeyMask, [](auto& self) { self.source().copyToPasteboard(); });
     add("Close", "w", NSControlKeyMask, [](auto& self) { self.window().performClose(nullptr); });
     add("Quit", "q", NSControlKeyMask, [](auto&) { NSApp->terminate(nullptr); });

@@ -15,6 +15,7 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <map>
 
@@ -94,7 +95,11 @@ INSTANTIATE_TEST_SUITE_P(Appearances, GalleryRetinaPages, bothAppearances, appea
 TEST_F(GalleryTest, DumpsEveryPageAtBothScalesLightAndDark)
 {
     TestFolder const folder;
-    ASSERT_TRUE(dump(folder / "pictures"));
+    testing::internal::CaptureStdout();
+    bool const isWritten = dump(folder / "pictures");
+    auto const paths = testing::internal::GetCapturedStdout();
+    ASSERT_TRUE(isWritten);
+    EXPECT_EQ(std::ranges::count(paths, '\n'), 4 * std::ssize(pages()));
     for (auto const& page : pages()) {
         for (std::string const look : { "", "_dark" }) {
             auto const path = folder / "pictures/" + page.name + look;

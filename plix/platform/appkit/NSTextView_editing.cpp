@@ -291,8 +291,10 @@ void NSTextView::insertTab(NSObject*)
 {
     if (isFieldEditor())
         endFieldEditing(NSTabTextMovement);
-    else
+    else if (isEditable())
         insertText("\t");
+    else if (Ref<NSWindow> const ownWindow = window())
+        ownWindow->selectNextKeyView(this);
 }
 
 void NSTextView::insertTabIgnoringFieldEditor(NSObject*)

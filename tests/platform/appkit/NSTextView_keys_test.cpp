@@ -263,6 +263,19 @@ TEST_F(NSTextView_, ReadOnlyTextTakesNoKeysButSelectsAndCopies)
     EXPECT_EQ(clipboard(), "fixed text");
 }
 
+TEST_F(NSTextView_, TabLeavesATextThatCannotBeEdited)
+{
+    auto const view = addTextView({ 20, 20, 200, 100 }, "fixed text");
+    view->setEditable(false);
+    window->recalculateKeyViewLoop();
+    key(NSTabCharacter);
+    EXPECT_EQ(window->firstResponder(), &editor());
+    window->makeFirstResponder(view.get());
+    key(NSBackTabCharacter, shift);
+    EXPECT_EQ(window->firstResponder(), &editor());
+    EXPECT_EQ(view->string(), "fixed text");
+}
+
 TEST_F(NSTextView_, KeysThatAreNotBoundGoOn)
 {
     struct Catcher : NSView {
