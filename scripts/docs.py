@@ -164,33 +164,77 @@ class Reference:
                       and (name in SEEN or any(base in SEEN for base in self.bases_of(name))))
 
 
-def pictures():
-    """Which pages of the gallery show a class; a line "Class -" says that it draws nothing of its own."""
+def own_lines():
+    """What pictures.txt says: pages of the gallery for a class, none for "-"."""
     pages = {}
     with open(os.path.join(ROOT, PICTURES), encoding="utf-8") as file:
         for line in file:
             words = line.split("#")[0].split()
             if words:
-                pages[words[0]] = [word for word in words[1:] if word != "-"]
+                pages[words[0]] = words[1:]
     return pages
 
 
 def gallery_pages():
-    with open(os.path.join(ROOT, "examples/gallery/pages.cpp"), encoding="utf-8") as file:
-        return set(re.findall(r'^    \{ "(\w+)", "', file.read(), re.MULTILINE))
+    """The names of all pages of the gallery: those of classes, and of sheets in lower case."""
+    names = set()
+    for path in glob.glob(os.path.join(ROOT, "examples/gallery/*.cpp")):
+        with open(path, encoding="utf-8") as file:
+            names.update(re.findall(r'^    \{ "(\w+)", "[^"]+", \w+Section, ', file.read(), re.MULTILINE))
+    return names
+
+
+def pictures():
+    """Which pages of the gallery show a class: its own, and those that pictures.txt adds."""
+    pages = {name: [name] for name in gallery_pages() if name[0].isupper()}
+    for name, added in own_lines().items():
+        pages[name] = pages.get(name, []) + [page for page in added if page != "-"]
+    return pages
+
+
+def declared_types(headers):
+    for header in headers:
+        for line in sources.lines_of(ROOT, header):
+            found = re.match(r"(class|struct) (?:PLIX_EXPORT )?(\w+)\b[^;]*$", line)
+            if found:
+                yield found[1], found[2]
+
+
+def public_classes():
+    """Classes, and structures with a prefix, of the headers that plix.h names; no delegates and data sources."""
+    named = [header for _, _, header in sources.includes_of(sources.lines_of(ROOT, "plix/plix.h"))]
+    return {name for kind, name in declared_types(named)
+            if (kind == "class" or re.match(r"(NS|PLIX|TQ|CF|CG)[A-Z]", name)) and not re.search(r"(Delegate|DataSource)$", name)}
+
+
+def all_types():
+    return {name for _, name in declared_types(exports.reached_headers(ROOT))}
+
+
+def registered_classes():
+    """What interface files and NSClassFromString() know."""
+    names = set()
+    for path in glob.glob(os.path.join(ROOT, "plix/**/classes.cpp"), recursive=True):
+        with open(path, encoding="utf-8") as file:
+            names.update(re.findall(r"^    (\w+)::staticClass\(\)", file.read(), re.MULTILINE))
+    return names
 
 
 def missing_pictures(reference):
-    known, pages = pictures(), gallery_pages()
+    lines, shown, pages = own_lines(), pictures(), gallery_pages()
     for name in reference.seen_classes():
-        if name not in known:
+        if name not in shown:
             yield f"{PICTURES}: {name} has no picture"
-    for name, shown in known.items():
+    for name, added in lines.items():
         if f"plix::{name}" not in reference.compounds:
             yield f"{PICTURES}: there is no class {name}"
-        for page in shown:
-            if page not in pages:
+        if name in pages and "-" in added:
+            yield f"{PICTURES}: {name} has a page, and is said to have none"
+        for page in added:
+            if page != "-" and page not in pages:
                 yield f"{PICTURES}: the gallery has no page {page}"
+            elif page == name:
+                yield f"{PICTURES}: {name} shows its own page without being told"
 
 
 def named_headers():
@@ -242,7 +286,7 @@ def filtered_header(lines, pages):
         if is_open and (ends or heading):
             result.append("    /// @}")
             is_open = False
-        found = re.match(r"class (?:PLIX_EXPORT )?(\w+)\b[^;]*$", line)
+        found = re.match(r"(?:class|struct) (?:PLIX_EXPORT )?(\w+)\b[^;]*$", line)
         if found:
             result += [f"/// @image html gallery_{page}.png" for page in pages.get(found[1], [])]
         if heading and not line.lstrip().startswith("///") and number + 1 < len(lines) and lines[number + 1].strip():

@@ -88,7 +88,7 @@ Ref<NSBitmapImageRep> render(Page const& page)
     return picture;
 }
 
-bool dump(std::string const& folder)
+bool dump(std::string const& folder, std::span<Page const> dumped)
 {
     auto* machine = dynamic_cast<HeadlessHost*>(&host());
     auto const before = currentAppearance();
@@ -102,7 +102,7 @@ bool dump(std::string const& folder)
                 machine->headlessDisplay().setScreens({ HeadlessDisplay::defaultScreen(static_cast<float>(scale)) });
             std::string const ending
                 = std::string(appearance == Appearance::dark ? "_dark" : "") + (scale == 2 ? "@2x.png" : ".png");
-            for (auto const& page : pages())
+            for (auto const& page : dumped)
                 isWritten = isWritten && write(page, folder + "/" + page.name + ending);
         }
     }

@@ -43,9 +43,9 @@ std::span<Page const> pages();
 
 /// The page drawn in a window of its own size, with that window's pixels a point.
 plix::Ref<plix::NSBitmapImageRep> render(Page const&);
-/// Draws every page at one and at two pixels a point, light and dark, into a folder as NAME.png, NAME@2x.png, NAME_dark.png and
+/// Draws pages at one and at two pixels a point, light and dark, into a folder as NAME.png, NAME@2x.png, NAME_dark.png and
 /// NAME_dark@2x.png, and prints the paths. Needs the host in memory. False, with a line on standard error, where something can't be
 /// written.
-bool dump(std::string const& folder);
+bool dump(std::string const& folder, std::span<Page const> = pages());
 
 }

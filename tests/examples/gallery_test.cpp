@@ -92,15 +92,16 @@ std::string appearanceName(testing::TestParamInfo<Appearance> const& info)
 INSTANTIATE_TEST_SUITE_P(Appearances, GalleryPages, bothAppearances, appearanceName);
 INSTANTIATE_TEST_SUITE_P(Appearances, GalleryRetinaPages, bothAppearances, appearanceName);
 
-TEST_F(GalleryTest, DumpsEveryPageAtBothScalesLightAndDark)
+TEST_F(GalleryTest, DumpsPagesAtBothScalesLightAndDark)
 {
     TestFolder const folder;
     testing::internal::CaptureStdout();
-    bool const isWritten = dump(folder / "pictures");
+    auto const dumped = pages().first(3);
+    bool const isWritten = dump(folder / "pictures", dumped);
     auto const paths = testing::internal::GetCapturedStdout();
     ASSERT_TRUE(isWritten);
-    EXPECT_EQ(std::ranges::count(paths, '\n'), 4 * std::ssize(pages()));
-    for (auto const& page : pages()) {
+    EXPECT_EQ(std::ranges::count(paths, '\n'), 4 * std::ssize(dumped));
+    for (auto const& page : dumped) {
         for (std::string const look : { "", "_dark" }) {
             auto const path = folder / "pictures/" + page.name + look;
             auto const plain = NSBitmapImageRep::imageRepWithContentsOfFile(path + ".png");

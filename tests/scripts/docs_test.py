@@ -46,6 +46,28 @@ class Docs(planted.PlantedTree):
         self.assertGreater(len(shown), 5)
         self.assertEqual(shown - docs.gallery_pages(), set())
 
+    def test_a_class_shows_its_own_page_first(self):
+        shown = docs.pictures()
+        self.assertEqual(shown["NSButton"], ["NSButton", "buttons", "live"])
+        self.assertEqual(shown["NSActionCell"], ["NSActionCell"])
+
+    def test_a_class_with_a_page_is_not_said_to_have_none(self):
+        class Nothing:
+            compounds = {"plix::NSButton": None, "plix::NSThing": None}
+
+            @staticmethod
+            def seen_classes():
+                return ["NSThing", "NSOther"]
+
+        lines = docs.own_lines
+        docs.own_lines = lambda: {"NSButton": ["-"], "NSThing": ["nowhere"], "NSGone": ["buttons"]}
+        try:
+            faults = [fault.partition(": ")[2] for fault in docs.missing_pictures(Nothing)]
+        finally:
+            docs.own_lines = lines
+        self.assertEqual(faults, ["NSOther has no picture", "NSButton has a page, and is said to have none",
+                                  "the gallery has no page nowhere", "there is no class NSGone"])
+
 
 if __name__ == "__main__":
     unittest.main()

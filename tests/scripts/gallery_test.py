@@ -1,0 +1,62 @@
+import unittest
+
+import planted  # finds the scripts
+
+import docs
+
+# Public, and without a page.
+EXCEPTIONS = {
+    "CGFunctionCallbacks": "the function that a CGFunction calls, shown there",
+    "CurrentContext": "a guard, used by those who draw into bitmaps",
+    "DateEntry": "what a plug-in's view for dates is, shown by the panel that loads it",
+    "FocusLock": "a guard around drawing, shown with NSImage",
+    "GraphicsState": "a guard around drawing, shown with NSGraphicsContext",
+    "HookSource": "how delegates are taken, for those who write new views",
+    "Host": "for those who bring a machine of their own; the guide on hosting is about it",
+    "NSFileAttributes": "what NSFileManager answers, shown there",
+    "NSFileCopyHandler": "hooks of NSFileManager",
+    "NSModalSession": "what a modal session is called by NSApplication, shown there",
+    "NSRangeException": "is raised, and has nothing of its own",
+    "NSUnarchiver": "the other half of NSArchiver, shown there",
+    "PLIXProgressWindowNIBLoader": "owns a progress window's interface file while it is loaded, and goes",
+    "Speech": "of the host, below NSSpeechSynthesizer",
+}
+
+# Shrinks until it is empty.
+STILL_TO_WRITE = set("""
+CFXMLNode CFXMLTree CGColorSpace CGFunction CGShading Class MachineIdentity MenuView NSAffineTransform NSApplication
+NSArchiver NSAttributedString NSBezierPath NSBitmapImageRep NSBundle NSCalendarDate NSCharacterSet NSCoder NSColor
+NSCursor NSData NSDate NSDateFormatter NSDocument NSDocumentController NSEvent NSFileManager NSFont NSFontManager
+NSFormatter NSGraphicsContext NSImage NSImageRep NSIndexSet NSLayoutManager NSMutableAttributedString
+NSMutableParagraphStyle NSNib NSNotification NSNotificationCenter NSObject NSPanel NSParagraphStyle NSPasteboard
+NSProcessInfo NSRange NSResponder NSRunLoop NSScanner NSScreen NSShadow NSSound NSSpeechSynthesizer NSTextContainer
+NSTextStorage NSTimeZone NSTimer NSUndoManager NSUserDefaults NSView NSWindow NSWindowController ObjectValue
+PLIXApplication PLIXBitstream PLIXProgressWindow PLIXShading PLIXSpeakingTextField PLIXSpeechSynthesizer PLIXWindow
+Selector TQAlert TQDateRangePanel TQLegacyDatePicker TQTimeIntervalFormatter Theme
+""".split())
+
+
+class Gallery(unittest.TestCase):
+    def test_every_public_class_has_a_page(self):
+        pages = docs.gallery_pages()
+        public = docs.public_classes()
+        self.assertGreater(len(public), 120)
+        self.assertEqual(sorted(public - pages - set(EXCEPTIONS) - STILL_TO_WRITE), [])
+
+    def test_every_registered_class_has_a_page(self):
+        registered = docs.registered_classes()
+        self.assertGreater(len(registered), 70)
+        self.assertEqual(sorted(registered - docs.gallery_pages() - set(EXCEPTIONS) - STILL_TO_WRITE), [])
+
+    def test_exceptions_are_classes_without_a_page(self):
+        pages = docs.gallery_pages()
+        everything = docs.public_classes() | docs.registered_classes()
+        self.assertEqual(sorted(set(EXCEPTIONS) & pages), [])
+        self.assertEqual(sorted((set(EXCEPTIONS) | STILL_TO_WRITE) - everything), [])
+
+    def test_pages_of_classes_are_named_after_one(self):
+        self.assertEqual(sorted(page for page in docs.gallery_pages() if page[0].isupper() and page not in docs.all_types()), [])
+
+
+if __name__ == "__main__":
+    unittest.main()
