@@ -1,6 +1,8 @@
 #include "Transcript.h"
+#include "code_wrapping.h"
 
 #include <plix/platform/appkit/Theme.h>
+#include <plix/platform/base/exceptions.h>
 #include <plix/platform/graphics/NSColor.h>
 #include <plix/platform/graphics/NSFont.h>
 #include <plix/platform/graphics/NSGraphics.h>
@@ -30,6 +32,19 @@ Attributes attributes(Ref<NSFont> const& font, Ref<NSColor> const& color)
 Attributes codeAttributes(Ref<NSColor> const& color)
 {
     return attributes(NSFont::userFixedPitchFontOfSize(fontSize), color);
+}
+
+/// Blue enough to be told apart, dark or light enough to be read.
+Ref<NSColor> resultColor()
+{
+    return NSColor::keyboardFocusIndicatorColor()->blendedColorWithFraction(0.4F, *NSColor::controlTextColor());
+}
+
+/// Code in as many lines as it takes in that width.
+std::string shown(std::string_view code, float width)
+{
+    float const character = NSFont::userFixedPitchFontOfSize(fontSize)->widthOfString("0");
+    return wrappedCode(code, static_cast<long>(width / character));
 }
 
 float extent(std::string_view text, float width, Attributes const& look)
@@ -62,6 +77,15 @@ void Transcript::addHeading(std::string_view text)
 void Transcript::addNote(std::string_view text)
 {
     append(Kind::note, text, {});
+}
+
+long Transcript::evaluate(std::string_view expression, FunctionRef<std::string()> value)
+{
+    try {
+        return add(expression, value());
+    } catch (NSRangeException const&) {
+        return add(expression, "raises NSRangeException");
+    }
 }
 
 long Transcript::add(std::string_view expression, std::string_view result)
@@ -122,8 +146,9 @@ float Transcript::heightOf(Line const& line) const
         return 30;
     if (line.kind == Kind::note)
         return std::max(lineHeight, extent(line.expression, columnWidth(line), noteAttributes()) + 8);
-    float const left = extent(line.expression, columnWidth(line), codeAttributes(color));
-    float const right = extent(line.result, bounds().width - margin - padding - resultLeft(), codeAttributes(color));
+    float const left = extent(shown(line.expression, columnWidth(line)), columnWidth(line), codeAttributes(color));
+    float const width = bounds().width - margin - padding - resultLeft();
+    float const right = extent(shown(line.result, width), width, codeAttributes(color));
     return std::max(lineHeight, std::max(left, right) + 8);
 }
 
@@ -156,12 +181,12 @@ void Transcript::drawLine(Line const& line, bool isTinted) const
         NSColor::controlTextColor()->colorWithAlphaComponent(0.045F)->set();
         NSRectFillUsingOperation({ margin, line.top, bounds().width - 2 * margin, line.height }, NSCompositeSourceOver);
     }
-    drawInRect(line.expression, place, codeAttributes(NSColor::controlTextColor()));
+    drawInRect(shown(line.expression, width), place, codeAttributes(NSColor::controlTextColor()));
     if (line.result.empty())
         return;
     float const left = resultLeft();
-    drawInRect(line.result, { left, place.y, bounds().width - margin - padding - left, line.height },
-        codeAttributes(NSColor::keyboardFocusIndicatorColor()));
+    float const resultWidth = bounds().width - margin - padding - left;
+    drawInRect(shown(line.result, resultWidth), { left, place.y, resultWidth, line.height }, codeAttributes(resultColor()));
 }
 
 void Transcript::drawRect(Rect dirty)

@@ -3,6 +3,7 @@
 #include "value_text.h"
 
 #include <plix/platform/appkit/NSView.h>
+#include <plix/platform/base/FunctionRef.h>
 
 #include <string>
 #include <string_view>
@@ -21,6 +22,8 @@ public:
 
     /// The expression as a programmer writes it, and its value as valueText() writes that. Answers the line's number.
     template <typename T> long show(std::string_view expression, T const& value) { return add(expression, valueText(value)); }
+    /// Likewise with what the function answers, or that it raised NSRangeException; see SHOW.
+    long evaluate(std::string_view expression, plix::FunctionRef<std::string()> value);
     /// A statement that gives nothing.
     void run(std::string_view statement) { add(statement, {}); }
     void addHeading(std::string_view text);
@@ -67,3 +70,11 @@ private:
 };
 
 }
+
+// For a page with a `transcript`: the text that is shown is the text that is compiled.
+/// Adds a line for an expression.
+#define SHOW(...) transcript->evaluate(#__VA_ARGS__, [&] { return ::gallery::valueText(__VA_ARGS__); })
+/// Adds a line for a statement, and executes it; what it declares is there afterwards.
+#define RUN(...)                                                                                                                   \
+    transcript->run(#__VA_ARGS__ ";");                                                                                             \
+    __VA_ARGS__

@@ -1,7 +1,11 @@
 #include "pages.h"
+#include "base_pages.h"
 #include "buttons_pages.h"
 #include "cells_pages.h"
 #include "combo_pages.h"
+#include "files_pages.h"
+#include "foundation_pages.h"
+#include "loop_pages.h"
 #include "menus_pages.h"
 #include "scrolling_pages.h"
 #include "sheet_pages.h"
@@ -35,8 +39,9 @@ constexpr std::string_view sections[] { welcomeSection, controlsSection, tablesS
 std::vector<Page> gathered()
 {
     std::vector<Page> all;
-    for (std::span<Page const> const family : { welcomePages(), buttonsPages(), menusPages(), comboPages(), cellsPages(),
-             tabsPages(), scrollingPages(), tablesPages(), textPages(), sheetPages() })
+    for (std::span<Page const> const family :
+        { welcomePages(), buttonsPages(), menusPages(), comboPages(), cellsPages(), tabsPages(), scrollingPages(), tablesPages(),
+            textPages(), basePages(), foundationPages(), filesPages(), loopPages(), sheetPages() })
         all.insert(all.end(), family.begin(), family.end());
     auto const rank = [](Page const& page) {
         return std::find(std::begin(sections), std::end(sections), std::string_view(page.section)) - std::begin(sections);

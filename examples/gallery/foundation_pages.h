@@ -1,0 +1,10 @@
+#pragma once
+
+#include "pages.h"
+
+namespace gallery {
+
+/// Dates, scanners, characters, comparison and paths.
+std::span<Page const> foundationPages();
+
+}
