@@ -40,13 +40,13 @@ help:
 setup-run:
 	$(SETUP) build library fonts
 setup-test:
-	$(SETUP) build library fonts tests
+	$(SETUP) build library fonts tests toolkits
 setup-check:
-	$(SETUP) build library fonts tests check docs fuzz
+	$(SETUP) build library fonts tests toolkits check docs fuzz
 setup-bench:
-	$(SETUP) build library fonts tests benchmarks
+	$(SETUP) build library fonts tests toolkits benchmarks
 setup-docs:
-	$(SETUP) build library fonts benchmarks docs
+	$(SETUP) build library fonts toolkits benchmarks docs
 setup-release:
 	$(SETUP) build library fonts release
 setup-fuzz:
@@ -75,7 +75,7 @@ test: setup-test
 
 # Only the names go to standard output.
 list-tests:
-	{ $(SETUP) build library fonts tests && $(CONFIGURE) build/dev/build.ninja && $(call BUILD,dev,all); } >&2
+	{ $(SETUP) build library fonts tests toolkits && $(CONFIGURE) build/dev/build.ninja && $(call BUILD,dev,all); } >&2
 	scripts/run-tests.py build/dev --list --filter '$(FILTER)'
 
 check: setup-check check-format lint layers check-docs check-logic check-sanitized

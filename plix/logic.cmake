@@ -66,9 +66,10 @@ list(APPEND PLIX_LOGIC_SOURCES
     platform/graphics/text_lines.cpp
     platform/graphics/text_placement.cpp
     platform/graphics/truncation.cpp
-    platform/host/desktop/ClickCounter.cpp
-    platform/host/desktop/DeliveryQueue.cpp
-    platform/host/desktop/key_translation.cpp
+    platform/host/ClickCounter.cpp
+    platform/host/DeliveryQueue.cpp
+    platform/host/embedding/toolkit_keys.cpp
+    platform/host/key_translation.cpp
     platform/host/desktop/SsipSession.cpp
     platform/host/desktop/screen_space.cpp
     platform/host/media_components.cpp

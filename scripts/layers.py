@@ -2,6 +2,7 @@
 """Reads every #include and fails where one breaks the order of the house:
 
 - a folder of plix/ includes only folders below it;
+- other toolkits' headers stay in the examples that live in their windows;
 - third-party headers stay in their rooms, and no file outside a room reaches one through the room's headers;
 - no header that others may include names a third-party type;
 - plix/plix.h includes the header of every class that has AppKit's prefix or the library's;
@@ -35,6 +36,12 @@ ROOMS = [
     (r"SDL.*|X11/.*|xkbcommon/.*|pulse/.*|gst/.*|sndfile\.h|libspeechd\.h|speech-dispatcher/.*|dbus/.*", DESKTOP),
     (r"glib.*", "platform/graphics"),
     (r"glib.*", DESKTOP),
+]
+
+# Other toolkits' headers, and the one example (and what tests it) that each may be included in.
+TOOLKITS = [
+    (r"Qt\w+/.*|Q[A-Z]\w+", ("examples/embed_qt/", "tests/desktop/embedding/qt")),
+    (r"gtk/.*|gdk/.*", ("examples/embed_gtk/", "tests/desktop/embedding/gtk")),
 ]
 
 PUBLIC_CLASS = re.compile(r"plix/.*/(CF|CG|NS|PLIX|TQ)[A-Za-z]+\.h$")
@@ -156,6 +163,9 @@ class House:
         for number, mark, name in self.includes[path]:
             if mark == "<" and name.startswith("plix/") and name not in self.lines:
                 self.fault(path, number, f"<{name}> does not exist")
+            for pattern, places in TOOLKITS:
+                if re.fullmatch(pattern, name) and not path.startswith(places) and not path.startswith("benchmarks/"):
+                    self.fault(path, number, f"<{name}> belongs in {places[0]} only")
             if path.startswith("examples/") and rooms_of(name):
                 self.fault(path, number, f"an example needs nothing but plix, not <{name}>")
 

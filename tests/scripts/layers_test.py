@@ -101,6 +101,13 @@ class Layers(planted.PlantedTree):
         self.plant("examples/a.cpp", "#include <cairo.h>\n")
         self.assertEqual(len(self.faults()), 1)
 
+    def test_other_toolkits_stay_in_the_examples_that_live_in_them(self):
+        self.plant("examples/embed_qt/a.cpp", "#include <QtWidgets/QWidget>\n")
+        self.plant("examples/embed_gtk/a.cpp", "#include <gtk/gtk.h>\n")
+        self.assertEqual(self.faults(), [])
+        self.plant("examples/embed/a.cpp", "#include <QtWidgets/QWidget>\n#include <gtk/gtk.h>\n")
+        self.assertEqual(len(self.faults()), 2)
+
 
 if __name__ == "__main__":
     unittest.main()

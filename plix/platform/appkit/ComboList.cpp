@@ -349,7 +349,8 @@ void ComboList::dismiss()
 
 void ComboList::viewsLeftWindow()
 {
-    if (s_open && (!s_open->field() || !s_open->field()->window()))
+    auto const* const field = s_open ? s_open->field() : nullptr;
+    if (s_open && (!field || !field->window() || !field->window()->isVisible()))
         s_open->end();
 }
 

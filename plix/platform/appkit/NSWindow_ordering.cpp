@@ -1,3 +1,5 @@
+#include <plix/platform/appkit/ComboList.h>
+#include <plix/platform/appkit/MenuTracker.h>
 #include <plix/platform/appkit/NSApplication_internal.h>
 #include <plix/platform/appkit/NSEvent.h>
 #include <plix/platform/appkit/NSPanel.h>
@@ -159,6 +161,8 @@ void NSWindow::Internals::leaveScreen()
     if (host)
         host->hide();
     NSApp->internals().windowOrderedOut(self);
+    MenuTracker::viewsLeftWindow();
+    ComboList::viewsLeftWindow();
     // Whoever still follows the mouse from a press in the window would wait for a release that never comes.
     if (isFollowed)
         NSApp->postEvent(*NSEvent::mouseEventWithType(NSLeftMouseUp, self.mouseLocationOutsideOfEventStream(), 0, clock().uptime(),

@@ -4,7 +4,7 @@
 #include <plix/platform/host/desktop/CursorShelf.h>
 #include <plix/platform/host/desktop/DesktopWindow.h>
 #include <plix/platform/host/desktop/InputTranslator.h>
-#include <plix/platform/host/desktop/key_translation.h>
+#include <plix/platform/host/key_translation.h>
 
 #include <algorithm>
 #include <cmath>
@@ -296,41 +296,8 @@ void DesktopDisplay::deliver(Delivery const& delivery)
                 window->noteScreensChanged(scaleBefore);
         }
     }
-    auto* const window = windowWithNumber(delivery.window);
-    if (!window)
-        return;
-    auto& client = window->client();
-    switch (delivery.kind) {
-    case Delivery::Kind::input:
-        client.hostWindowEvent(delivery.event);
-        break;
-    case Delivery::Kind::focusGained:
-    case Delivery::Kind::focusLost:
-        client.hostWindowFocusChanged(delivery.kind == Delivery::Kind::focusGained);
-        break;
-    case Delivery::Kind::closeRequested:
-        client.hostWindowCloseRequested();
-        break;
-    case Delivery::Kind::contentRectChanged:
-        client.hostWindowContentRectChanged(window->contentRect());
-        break;
-    case Delivery::Kind::needsRepaint:
-        client.hostWindowNeedsRepaint(delivery.rect);
-        break;
-    case Delivery::Kind::scaleChanged:
-        client.hostWindowScaleChanged(window->backingScale());
-        break;
-    case Delivery::Kind::miniaturizedChanged:
-        client.hostWindowMiniaturizedChanged(window->isMiniaturized());
-        break;
-    case Delivery::Kind::liveResizeBegan:
-    case Delivery::Kind::liveResizeEnded:
-        client.hostWindowLiveResizeChanged(delivery.kind == Delivery::Kind::liveResizeBegan);
-        break;
-    case Delivery::Kind::screensChanged:
-    case Delivery::Kind::quitWanted:
-        break;
-    }
+    if (auto* const window = windowWithNumber(delivery.window))
+        tellClient(window->client(), delivery, *window, window->isMiniaturized());
 }
 
 bool DesktopDisplay::hasFocus(DesktopWindow const& window) const

@@ -1,7 +1,7 @@
 #pragma once
 
+#include <plix/platform/host/DeliveryQueue.h>
 #include <plix/platform/host/Display.h>
-#include <plix/platform/host/desktop/DeliveryQueue.h>
 #include <plix/platform/host/desktop/XSession.h>
 #include <plix/platform/host/desktop/sdl_handles.h>
 

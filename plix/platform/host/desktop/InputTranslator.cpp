@@ -5,7 +5,7 @@
 #include <plix/platform/host/desktop/DesktopDisplay.h>
 #include <plix/platform/host/desktop/DesktopWindow.h>
 #include <plix/platform/host/desktop/KeyboardLayout.h>
-#include <plix/platform/host/desktop/key_translation.h>
+#include <plix/platform/host/key_translation.h>
 
 #include <SDL_syswm.h>
 

@@ -1,7 +1,7 @@
 #pragma once
 
+#include <plix/platform/host/ClickCounter.h>
 #include <plix/platform/host/HostEvent.h>
-#include <plix/platform/host/desktop/ClickCounter.h>
 #include <plix/platform/host/desktop/sdl_handles.h>
 
 #include <optional>

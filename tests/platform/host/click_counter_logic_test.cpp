@@ -1,4 +1,4 @@
-#include <plix/platform/host/desktop/ClickCounter.h>
+#include <plix/platform/host/ClickCounter.h>
 
 #include <gtest/gtest.h>
 

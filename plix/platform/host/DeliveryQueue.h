@@ -1,5 +1,6 @@
 #pragma once
 
+#include <plix/platform/base/export.h>
 #include <plix/platform/host/HostEvent.h>
 
 #include <cstdint>
@@ -31,8 +32,14 @@ struct Delivery {
     Rect rect {};
 };
 
+class HostWindow;
+class HostWindowClient;
+
+/// Tells the client of that window, by what the delivery is; what concerns the whole display is no window's.
+PLIX_EXPORT void tellClient(HostWindowClient&, Delivery const&, HostWindow const&, bool isMiniaturized);
+
 /// What has arrived and is not told yet, in order. Clients are told one at a time, since one that is told may ask for more.
-class DeliveryQueue {
+class PLIX_EXPORT DeliveryQueue {
 public:
     /// Moves of the pointer that nobody has seen replace each other; losing the focus and getting it back at once is nothing.
     void push(Delivery);

@@ -1,4 +1,4 @@
-#include <plix/platform/host/desktop/key_translation.h>
+#include <plix/platform/host/key_translation.h>
 
 #include <plix/platform/base/utf16.h>
 #include <plix/platform/host/HostEvent.h>

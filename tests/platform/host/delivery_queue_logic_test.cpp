@@ -1,4 +1,4 @@
-#include <plix/platform/host/desktop/DeliveryQueue.h>
+#include <plix/platform/host/DeliveryQueue.h>
 
 #include <gtest/gtest.h>
 

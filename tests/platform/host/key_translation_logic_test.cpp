@@ -1,5 +1,5 @@
 #include <plix/platform/host/HostEvent.h>
-#include <plix/platform/host/desktop/key_translation.h>
+#include <plix/platform/host/key_translation.h>
 
 #include <plix/platform/base/utf16.h>
 

@@ -1,4 +1,6 @@
-#include <plix/platform/host/desktop/DeliveryQueue.h>
+#include <plix/platform/host/DeliveryQueue.h>
+
+#include <plix/platform/host/HostWindow.h>
 
 #include <utility>
 
@@ -25,6 +27,41 @@ bool isReturningFocus(Delivery const& a, Delivery const& b)
     return a.kind == Delivery::Kind::focusLost && b.kind == Delivery::Kind::focusGained && a.window == b.window;
 }
 
+}
+
+void tellClient(HostWindowClient& client, Delivery const& delivery, HostWindow const& window, bool isMiniaturized)
+{
+    switch (delivery.kind) {
+    case Delivery::Kind::input:
+        client.hostWindowEvent(delivery.event);
+        break;
+    case Delivery::Kind::focusGained:
+    case Delivery::Kind::focusLost:
+        client.hostWindowFocusChanged(delivery.kind == Delivery::Kind::focusGained);
+        break;
+    case Delivery::Kind::closeRequested:
+        client.hostWindowCloseRequested();
+        break;
+    case Delivery::Kind::contentRectChanged:
+        client.hostWindowContentRectChanged(window.contentRect());
+        break;
+    case Delivery::Kind::needsRepaint:
+        client.hostWindowNeedsRepaint(delivery.rect);
+        break;
+    case Delivery::Kind::scaleChanged:
+        client.hostWindowScaleChanged(window.backingScale());
+        break;
+    case Delivery::Kind::miniaturizedChanged:
+        client.hostWindowMiniaturizedChanged(isMiniaturized);
+        break;
+    case Delivery::Kind::liveResizeBegan:
+    case Delivery::Kind::liveResizeEnded:
+        client.hostWindowLiveResizeChanged(delivery.kind == Delivery::Kind::liveResizeBegan);
+        break;
+    case Delivery::Kind::screensChanged:
+    case Delivery::Kind::quitWanted:
+        break;
+    }
 }
 
 void DeliveryQueue::push(Delivery delivery)

@@ -1,12 +1,14 @@
 #pragma once
 
+#include <plix/platform/base/export.h>
+
 #include <cstdint>
 
 namespace plix {
 
 /// Tells double and triple clicks from single ones: the same button in the same window, soon after the press before and close to
 /// it.
-class ClickCounter {
+class PLIX_EXPORT ClickCounter {
 public:
     struct Press {
         std::uint64_t window { 0 };
