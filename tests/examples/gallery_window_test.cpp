@@ -217,9 +217,9 @@ TEST_F(GalleryWindowTest, TheButtonInTheFieldEmptiesIt)
 
 TEST_F(GalleryWindowTest, SaysThatNothingMatches)
 {
-    search("zebra");
+    search("9 zebras");
     EXPECT_FALSE(list().emptyLabel().isHidden());
-    EXPECT_EQ(list().emptyLabel().stringValue(), "No page matches \u201Czebra\u201D.");
+    EXPECT_EQ(list().emptyLabel().stringValue(), "No page matches \u201C9 zebras\u201D.");
     EXPECT_EQ(count(), "0 of " + std::to_string(pages().size()) + " pages");
     EXPECT_EQ(shownName(), "welcome");
     key(NSDownArrowFunctionKey);
