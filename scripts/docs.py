@@ -207,8 +207,9 @@ def public_classes():
             if (kind == "class" or re.match(r"(NS|PLIX|TQ|CF|CG)[A-Z]", name)) and not re.search(r"(Delegate|DataSource)$", name)}
 
 
-def all_types():
-    return {name for _, name in declared_types(exports.reached_headers(ROOT))}
+def public_words():
+    """Every word of the headers that hosts may include."""
+    return {word for header in exports.reached_headers(ROOT) for line in sources.lines_of(ROOT, header) for word in re.findall(r"\w+", line)}
 
 
 def registered_classes():

@@ -243,12 +243,18 @@ void GalleryController::showPage(Page const& page)
         return;
     m_page = &page;
     m_list->selectPage(page);
-    m_window->setTitle(std::string(listedName(page)) + " \u2013 plix gallery");
-    m_header->show(page.title, page.section);
+    m_window->setTitle(std::string(listedName(page)) + " - plix gallery");
+    showHeader();
     m_source->showSource(page.source, functionText(sourceFile(page.source), functionName(page.name)));
     remakePage();
     if (m_remembers)
         NSUserDefaults::standardUserDefaults().setObject(page.name, pageKey);
+}
+
+void GalleryController::showHeader()
+{
+    std::string const name = isClassPage(*m_page) ? std::string(m_page->name) + " \u00B7 " : "";
+    m_header->show(m_page->title, name + m_page->section);
 }
 
 void GalleryController::remakePage()
@@ -278,7 +284,7 @@ void GalleryController::setSettings(GallerySettings const& settings)
     m_switches->setSettings(settings);
     applyProcessSettings();
     remakePage();
-    m_header->show(m_page->title, m_page->section);
+    showHeader();
     m_source->tint();
     m_window->display();
     if (m_remembers)

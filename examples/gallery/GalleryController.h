@@ -67,6 +67,7 @@ private:
     void layOut();
     void layOutPanes();
     void layOutPageAndSource();
+    void showHeader();
     void remakePage();
     void applyProcessSettings();
     void applyPageSettings();

@@ -142,7 +142,7 @@ TEST_F(GalleryWindowTest, OpensOnTheWelcomePageWithAllPagesInTheList)
     EXPECT_EQ(list().selectedPage(), &pages().front());
     EXPECT_EQ(count(), std::to_string(pages().size()) + " pages");
     EXPECT_TRUE(list().emptyLabel().isHidden());
-    EXPECT_EQ(gallery->window().title(), "Welcome to plix \u2013 plix gallery");
+    EXPECT_EQ(gallery->window().title(), "Welcome to plix - plix gallery");
 }
 
 TEST_F(GalleryWindowTest, AClickShowsThatPage)
@@ -151,6 +151,8 @@ TEST_F(GalleryWindowTest, AClickShowsThatPage)
     EXPECT_EQ(shownName(), "buttons");
     EXPECT_EQ(gallery->header().titleLabel().stringValue(), "Buttons");
     EXPECT_EQ(gallery->header().sectionLabel().stringValue(), "All states");
+    show("NSButton");
+    EXPECT_EQ(gallery->header().sectionLabel().stringValue(), "NSButton \u00B7 Controls");
 }
 
 TEST_F(GalleryWindowTest, ASectionIsNoPage)

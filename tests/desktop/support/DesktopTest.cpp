@@ -20,7 +20,9 @@ DesktopTest::~DesktopTest() = default;
 
 std::string DesktopTest::programPath(std::string const& name)
 {
-    return name == "browser" ? PLIX_BROWSER : std::string(PLIX_DESKTOP_PROGRAMS) + "/desktop_" + name;
+    return name == "browser" ? PLIX_BROWSER
+        : name == "gallery"  ? PLIX_GALLERY
+                             : std::string(PLIX_DESKTOP_PROGRAMS) + "/desktop_" + name;
 }
 
 VirtualDisplay& DesktopTest::display()
@@ -52,11 +54,22 @@ Application& DesktopTest::start(
 
 Application& DesktopTest::startBrowser(std::string const& folder, std::vector<std::string> const& environment)
 {
+    return startExample({ programPath("browser"), folder }, environment, std::filesystem::path(folder).filename().string());
+}
+
+Application& DesktopTest::startGallery(std::vector<std::string> const& environment)
+{
+    return startExample({ programPath("gallery") }, environment, "plix gallery");
+}
+
+Application& DesktopTest::startExample(
+    std::vector<std::string> const& command, std::vector<std::string> const& environment, std::string const& title)
+{
     auto all = display().environment();
     all.insert(all.end(), environment.begin(), environment.end());
-    auto& application = m_applications.emplace_back(std::vector { programPath("browser"), folder }, all);
-    auto const hasKeyboard = [this, name = std::filesystem::path(folder).filename().string()] {
-        return tool({ "xdotool", "getactivewindow", "getwindowname" }).find(name) != std::string::npos;
+    auto& application = m_applications.emplace_back(command, all);
+    auto const hasKeyboard = [&] {
+        return tool({ "xdotool", "getactivewindow", "getwindowname" }).find(title) != std::string::npos;
     };
     EXPECT_TRUE(waitUntil(hasKeyboard)) << application.transcript();
     return application;

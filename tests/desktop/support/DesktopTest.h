@@ -38,6 +38,8 @@ protected:
         std::vector<std::string> const& arguments = {});
     /// Starts the browser on a folder and waits until its window, which bears the folder's name, has the keyboard.
     Application& startBrowser(std::string const& folder, std::vector<std::string> const& environment = {});
+    /// Starts the gallery and waits until its window has the keyboard.
+    Application& startGallery(std::vector<std::string> const& environment = {});
     static std::string programPath(std::string const& name);
     std::string tool(std::vector<std::string> const& command, std::string_view input = {})
     {
@@ -68,6 +70,9 @@ protected:
     bool waitForPixel(int x, int y, std::uint32_t colour);
 
 private:
+    Application& startExample(
+        std::vector<std::string> const& command, std::vector<std::string> const& environment, std::string const& title);
+
     std::unique_ptr<VirtualDisplay> m_ownDisplay;
     std::deque<Application> m_applications;
 };
