@@ -28,18 +28,11 @@ namespace {
 /// What the menu looks like while it is open, with one item under the pointer.
 Ref<NSView> picture(Ref<NSMenu> const& menu, long highlighted)
 {
-    class Still : public NSView {
-    public:
-        using NSView::init;
-        NSView* hitTest(Point) override { return nullptr; }
-    };
     auto const view = make<MenuView>(menu, Ref<NSFont>(), 0.0F);
     auto const size = view->layout().size;
     view->setFrame(rectWith({}, size));
     view->highlight(highlighted, MenuView::Reveal::no);
-    auto still = make<Still>(rectWith({}, size));
-    still->addSubview(*view);
-    return still;
+    return still(view);
 }
 
 /// Right-click it for the menu; its items' keys work as well.

@@ -182,6 +182,20 @@ Ref<NSView> captioned(std::string_view caption, Ref<NSView> const& view)
     return both;
 }
 
+Ref<NSView> still(Ref<NSView> const& view)
+{
+    class Still : public NSView {
+    public:
+        using NSView::init;
+        NSView* hitTest(Point) override { return nullptr; }
+        bool performKeyEquivalent(NSEvent&) override { return false; }
+    };
+    auto picture = make<Still>(rectWith({}, view->frame().size()));
+    view->setFrameOrigin({});
+    picture->addSubview(*view);
+    return picture;
+}
+
 Ref<NSView> onLightGround(Ref<NSView> const& view, float width)
 {
     auto ground = make<EngravedGround>(Rect { 0, 0, width, view->frame().height + 12 }, plainGround);

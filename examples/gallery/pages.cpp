@@ -13,6 +13,7 @@
 #include "tabs_pages.h"
 #include "text_pages.h"
 #include "welcome_pages.h"
+#include "windows_pages.h"
 
 #include <examples/support/example_options.h>
 
@@ -41,7 +42,7 @@ std::vector<Page> gathered()
     std::vector<Page> all;
     for (std::span<Page const> const family :
         { welcomePages(), buttonsPages(), menusPages(), comboPages(), cellsPages(), tabsPages(), scrollingPages(), tablesPages(),
-            textPages(), basePages(), foundationPages(), filesPages(), loopPages(), sheetPages() })
+            windowsPages(), textPages(), basePages(), foundationPages(), filesPages(), loopPages(), sheetPages() })
         all.insert(all.end(), family.begin(), family.end());
     auto const rank = [](Page const& page) {
         return std::find(std::begin(sections), std::end(sections), std::string_view(page.section)) - std::begin(sections);
