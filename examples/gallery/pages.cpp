@@ -3,15 +3,18 @@
 #include "buttons_pages.h"
 #include "cells_pages.h"
 #include "combo_pages.h"
+#include "events_pages.h"
 #include "files_pages.h"
 #include "foundation_pages.h"
 #include "loop_pages.h"
 #include "menus_pages.h"
 #include "scrolling_pages.h"
 #include "sheet_pages.h"
+#include "sound_pages.h"
 #include "tables_pages.h"
 #include "tabs_pages.h"
 #include "text_pages.h"
+#include "theme_pages.h"
 #include "welcome_pages.h"
 #include "windows_pages.h"
 
@@ -40,9 +43,9 @@ constexpr std::string_view sections[] { welcomeSection, controlsSection, tablesS
 std::vector<Page> gathered()
 {
     std::vector<Page> all;
-    for (std::span<Page const> const family :
-        { welcomePages(), buttonsPages(), menusPages(), comboPages(), cellsPages(), tabsPages(), scrollingPages(), tablesPages(),
-            windowsPages(), textPages(), basePages(), foundationPages(), filesPages(), loopPages(), sheetPages() })
+    for (std::span<Page const> const family : { welcomePages(), buttonsPages(), menusPages(), comboPages(), cellsPages(),
+             tabsPages(), scrollingPages(), themePages(), tablesPages(), windowsPages(), textPages(), basePages(),
+             foundationPages(), filesPages(), loopPages(), eventsPages(), soundPages(), sheetPages() })
         all.insert(all.end(), family.begin(), family.end());
     auto const rank = [](Page const& page) {
         return std::find(std::begin(sections), std::end(sections), std::string_view(page.section)) - std::begin(sections);
