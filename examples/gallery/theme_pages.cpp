@@ -24,19 +24,54 @@ using namespace plix;
 
 namespace {
 
+/// A grid of parts with their names.
+class Parts : public NSView {
+public:
+    using NSView::init;
+    bool isFlipped() const override { return true; }
+    bool isOpaque() const override { return true; }
+    void drawRect(Rect) override
+    {
+        NSColor::windowBackgroundColor()->set();
+        NSRectFill(bounds());
+        m_count = 0;
+        drawParts();
+    }
+
+protected:
+    /// The place of the next part; its name stands below.
+    Rect part(std::string_view name)
+    {
+        constexpr long columns = 5;
+        Rect const place { 20 + static_cast<float>(m_count % columns) * 106, 20 + static_cast<float>(m_count / columns) * 62, 96,
+            26 };
+        ++m_count;
+        auto const caption = make<NSAttributedString>(name,
+            Attributes { { NSFontAttributeName, NSFont::systemFontOfSize(11) },
+                { NSForegroundColorAttributeName, Theme::current().color(ThemeRole::secondaryText) } });
+        caption->drawAtPoint({ place.x + (place.width - caption->size().width) / 2, place.maxY() + 3 });
+        return place;
+    }
+    Rect square(std::string_view name, float side)
+    {
+        auto const place = part(name);
+        return { std::floor(place.midX() - side / 2), std::floor(place.midY() - side / 2), side, side };
+    }
+
+    virtual void drawParts() = 0;
+
+private:
+    long m_count { 0 };
+};
+
 /// Every part that controls are put together from, drawn straight by the theme: a part, its name below.
 Ref<NSView> makeThemePage()
 {
-    class Parts : public NSView {
+    class ThemeParts : public Parts {
     public:
-        using NSView::init;
-        bool isFlipped() const override { return true; }
-        bool isOpaque() const override { return true; }
-        void drawRect(Rect) override
+        using Parts::init;
+        void drawParts() override
         {
-            NSColor::windowBackgroundColor()->set();
-            NSRectFill(bounds());
-            m_count = 0;
             auto const& theme = Theme::current();
             ButtonLook const plain { .control = {}, .style = NSRoundedBezelStyle };
             ButtonLook const lit { .control = {}, .style = NSRoundedBezelStyle, .isDefault = true };
@@ -75,29 +110,8 @@ Ref<NSView> makeThemePage()
             theme.drawTabOverflow(part("more tabs"), plain);
             theme.drawRowDropHighlight(part("row drop"));
         }
-
-    private:
-        /// The place of the next part; its name stands below.
-        Rect part(std::string_view name)
-        {
-            constexpr long columns = 5;
-            Rect const place { 20 + static_cast<float>(m_count % columns) * 106, 20 + static_cast<float>(m_count / columns) * 62,
-                96, 26 };
-            ++m_count;
-            auto const caption = make<NSAttributedString>(name,
-                Attributes { { NSFontAttributeName, NSFont::systemFontOfSize(11) },
-                    { NSForegroundColorAttributeName, Theme::current().color(ThemeRole::secondaryText) } });
-            caption->drawAtPoint({ place.x + (place.width - caption->size().width) / 2, place.maxY() + 3 });
-            return place;
-        }
-        Rect square(std::string_view name, float side)
-        {
-            auto const place = part(name);
-            return { std::floor(place.midX() - side / 2), std::floor(place.midY() - side / 2), side, side };
-        }
-        long m_count { 0 };
     };
-    return make<Parts>(Rect { 0, 0, 560, 460 });
+    return make<ThemeParts>(Rect { 0, 0, 560, 460 });
 }
 
 constexpr Page familyPages[] {

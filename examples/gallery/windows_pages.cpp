@@ -96,12 +96,9 @@ Ref<NSView> makeNSWindowPage()
               [](NSWindow& window) {
                   window.setMaxSize({ 500, 300 });
               }),
-            open("3 : 2", usual,
-                [](NSWindow& window) {
-                    window.setAspectRatio({ 3, 2 });
-                }),
-            open("Coloured", usual,
-                [](NSWindow& window) { window.setBackgroundColor(NSColor::colorWithCalibratedRed(0.93F, 0.89F, 0.78F, 1)); }) });
+            open("3 : 2", usual, [](NSWindow& window) {
+                window.setAspectRatio({ 3, 2 });
+            }) });
     auto const shown = make<NSWindow>(Rect { 0, 0, 320, 110 }, usual, NSBackingStoreBuffered, false);
     shown->setBackgroundColor(NSColor::colorWithCalibratedRed(0.93F, 0.89F, 0.78F, 1));
     auto const content = textField("Its content is a view", 280);
