@@ -23,7 +23,7 @@ export LSAN_OPTIONS ?= suppressions=$(CURDIR)/scripts/leaks.txt:print_suppressio
 
 help:
 	echo "make run [FOLDER=folder] [ARGS=...]    build in release and run the browser on a folder"
-	echo "make gallery [ARGS='--dump folder']    show every class in every state, or write pictures of that"
+	echo "make gallery [ARGS='--dump folder']    show every class with its source, or write pictures of that"
 	echo "make test [FILTER=NSView.*:Theme.*]    build and run the tests"
 	echo "make list-tests                        print each test's full name"
 	echo "make check                             format, lint, layers, documentation, plix::logic alone, sanitized tests"

@@ -40,6 +40,7 @@ check_contents() {
     hasnt libplix-dev '/desktop/\|libplix\.so\.'
     has plix-examples 'bin/plix-gallery$'
     has plix-examples 'bin/plix-browser$'
+    has plix-examples 'plix-gallery/gallery-sources/tables_pages\.cpp$'
     for library in libcairo2 libpango-1.0-0 libsdl2-2.0-0 libicu72 libtiff6 fonts-inter; do
         needs libplix0.1 "$library"
     done

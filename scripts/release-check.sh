@@ -95,6 +95,7 @@ check_shared() {
     done
     run "$out/dynamic/bin/plix-gallery" --dump "$out/gallery" >/dev/null
     [ -n "$(ls "$out/gallery")" ] || fail "the installed gallery draws nothing"
+    [ -s "$out/dynamic/share/plix-gallery/gallery-sources/tables_pages.cpp" ] || fail "the installed gallery has no sources to show"
 }
 
 check_static() {
