@@ -100,9 +100,6 @@ Ref<NSView> makeNSTableViewPage()
     table->setDataSource(rivers);
     table->setDelegate(rivers);
     table->selectRowIndexes(NSIndexSet::indexSetWithIndex(1), false);
-    table->setDoubleActionFunction([page = form.get()](NSTableView& clicked) {
-        page->setStatus("Double click in row " + std::to_string(clicked.clickedRow() + 1));
-    });
     form->addView(scrolled(table, wide));
     form->addRow("Grid", { checkBox("Lines", [table](bool isOn) {
         table->setGridStyleMask(isOn ? NSTableViewSolidHorizontalGridLineMask | NSTableViewSolidVerticalGridLineMask : 0U);

@@ -19,6 +19,7 @@
 #include <plix/platform/base/NSData.h>
 #include <plix/platform/foundation/NSCalendarDate.h>
 #include <plix/platform/foundation/NSNotification.h>
+#include <plix/platform/foundation/NSRunLoop.h>
 #include <plix/platform/foundation/NSTimer.h>
 #include <plix/platform/graphics/FocusLock.h>
 #include <plix/platform/graphics/NSColor.h>
@@ -229,8 +230,9 @@ Ref<NSView> makeNSModalSessionPage()
         auto const bar = make<NSProgressIndicator>(Rect {});
         auto const panel = countingPanel(*bar);
         panel->center();
-        auto const tick = NSTimer::scheduledTimerWithTimeInterval(
+        auto const tick = NSTimer::timerWithTimeInterval(
             0.05, [](NSTimer&) {}, true);
+        NSRunLoop::currentRunLoop().addTimer(*tick, NSModalPanelRunLoopMode); // each of its turns is a step
         auto const session = NSApp->beginModalSessionForWindow(*panel);
         while (bar->doubleValue() < 100 && NSApp->runModalSession(*session) == NSRunContinuesResponse)
             bar->incrementBy(1);

@@ -152,7 +152,8 @@ void NSImageView::replaceImage(Ref<NSImage> const& image)
 {
     Ref<NSImageView> const protector(this);
     setImage(image);
-    sendAction(action(), target());
+    if (auto* const own = cell())
+        own->sendAction(); // also an action that is a function
 }
 
 void NSImageView::cut(NSObject* sender)

@@ -10,6 +10,8 @@
 #include <tests/support/images.h>
 #include <tests/support/pixels.h>
 
+#include <vector>
+
 namespace plix {
 namespace {
 
@@ -102,6 +104,18 @@ TEST_F(BoxesTest, AnEditableImageViewCutsAndPastes)
     key(NSDeleteCharacter);
     EXPECT_EQ(view->image(), nullptr);
     EXPECT_EQ(target->calls, 3);
+}
+
+TEST_F(BoxesTest, AnImageViewCallsTheFunctionThatIsItsAction)
+{
+    auto const view = add<NSImageView>({ 0, 0, 100, 100 });
+    view->setEditable(true);
+    view->setImage(imageOfColor({ 20, 20 }, colors::red));
+    std::vector<NSObject*> senders;
+    view->setActionFunction([&](NSObject* sender) { senders.push_back(sender); });
+    view->cut(nullptr);
+    view->paste(nullptr);
+    EXPECT_EQ(senders, (std::vector<NSObject*> { view.get(), view.get() }));
 }
 
 TEST_F(BoxesTest, AnImageViewThatIsNotEditableLeavesItsImageAlone)
