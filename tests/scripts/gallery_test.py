@@ -14,23 +14,16 @@ EXCEPTIONS = {
     "Host": "for those who bring a machine of their own; the guide on hosting is about it",
     "NSFileAttributes": "what NSFileManager answers, shown there",
     "NSFileCopyHandler": "hooks of NSFileManager",
-    "NSModalSession": "what a modal session is called by NSApplication, shown there",
     "NSUnarchiver": "the other half of NSArchiver, shown there",
-    "PLIXProgressWindowNIBLoader": "owns a progress window's interface file while it is loaded, and goes",
     "Speech": "of the host, below NSSpeechSynthesizer",
 }
 
 # Shrinks until it is empty.
 STILL_TO_WRITE = set("""
-CFXMLNode CFXMLTree CGColorSpace CGFunction CGShading Class MachineIdentity MenuView NSAffineTransform NSApplication
-NSArchiver NSAttributedString NSBezierPath NSBitmapImageRep NSBundle NSCalendarDate NSCharacterSet NSCoder NSColor
-NSCursor NSData NSDate NSDateFormatter NSDocument NSDocumentController NSEvent NSFileManager NSFont NSFontManager
-NSFormatter NSGraphicsContext NSImage NSImageRep NSIndexSet NSLayoutManager NSMutableAttributedString
-NSMutableParagraphStyle NSNib NSNotification NSNotificationCenter NSObject NSPanel NSParagraphStyle NSPasteboard
-NSProcessInfo NSRange NSResponder NSRunLoop NSScanner NSScreen NSShadow NSSound NSSpeechSynthesizer NSTextContainer
-NSTextStorage NSTimeZone NSTimer NSUndoManager NSUserDefaults NSView NSWindow NSWindowController ObjectValue
-PLIXApplication PLIXBitstream PLIXProgressWindow PLIXShading PLIXSpeakingTextField PLIXSpeechSynthesizer PLIXWindow
-Selector TQAlert TQDateRangePanel TQLegacyDatePicker TQTimeIntervalFormatter Theme
+CGColorSpace CGFunction CGShading MachineIdentity MenuView NSAffineTransform NSAttributedString NSBezierPath
+NSBitmapImageRep NSColor NSFont NSFontManager NSGraphicsContext NSImage NSImageRep NSLayoutManager
+NSMutableAttributedString NSMutableParagraphStyle NSParagraphStyle NSShadow NSTextContainer NSTextStorage PLIXBitstream
+PLIXShading TQTimeIntervalFormatter
 """.split())
 
 
