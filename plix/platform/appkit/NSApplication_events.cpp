@@ -243,8 +243,9 @@ bool NSApplication::sendAction(Selector action, NSObject* target, NSObject* send
 
 NSObject* NSApplication::targetForAction(Selector action) const
 {
-    auto const alongChain = [action](NSWindow const* window) -> NSObject* {
-        if (!window)
+    // Nor does an action reach what a modal window or a sheet keeps input from.
+    auto const alongChain = [this, action](NSWindow const* window) -> NSObject* {
+        if (!window || m->isBlocked(*window))
             return nullptr;
         for (auto* responder = window->firstResponder(); responder; responder = responder->nextResponder()) {
             if (responder->respondsToSelector(action))

@@ -23,7 +23,12 @@ Ref<NSModalSession> NSApplication::beginModalSessionForWindow(NSWindow& window)
         internals.modalParent = below && below->isVisible() ? below : m->mainWindow.get();
         window.center();
     }
-    window.makeKeyAndOrderFront(nullptr);
+    try {
+        window.makeKeyAndOrderFront(nullptr);
+    } catch (...) {
+        endModalSession(*session);
+        throw;
+    }
     return session;
 }
 

@@ -1,7 +1,12 @@
 #include <plix/platform/appkit/NSMenuItem.h>
 
 #include <plix/platform/appkit/NSApplication.h>
+#include <plix/platform/appkit/NSApplication_internal.h>
+#include <plix/platform/appkit/NSCell.h>
 #include <plix/platform/appkit/NSMenu.h>
+#include <plix/platform/appkit/NSView.h>
+#include <plix/platform/appkit/NSWindow.h>
+#include <plix/platform/appkit/NSWindowController.h>
 #include <plix/platform/appkit/event_constants.h>
 #include <plix/platform/base/utf16.h>
 #include <plix/platform/foundation/NSCoder.h>
@@ -11,6 +16,33 @@
 #include <algorithm>
 
 namespace plix {
+
+namespace {
+
+NSWindow* windowOf(NSObject* target)
+{
+    if (auto const* view = dynamic_cast<NSView*>(target))
+        return view->window();
+    if (auto const* cell = dynamic_cast<NSCell*>(target))
+        return cell->controlView() ? cell->controlView()->window() : nullptr;
+    if (auto* controller = dynamic_cast<NSWindowController*>(target))
+        return controller->isWindowLoaded() ? controller->window() : nullptr;
+    return dynamic_cast<NSWindow*>(target);
+}
+
+// The main menu's keys come from whatever window is key: one that is modal must not reach those behind it through them. Other
+// menus open in a window of their own, which is blocked itself.
+bool isKeptFrom(NSObject* target, NSMenu const* menu)
+{
+    auto const* const window = windowOf(target);
+    if (!window || !menu || !NSApp || !NSApp->internals().isBlocked(*window))
+        return false;
+    while (menu->supermenu())
+        menu = menu->supermenu();
+    return menu == NSApp->mainMenu();
+}
+
+}
 
 PLIX_DESCRIBE(NSMenuItem)
 {
@@ -220,6 +252,8 @@ bool NSMenuItem::sendAction()
 {
     Ref<NSMenuItem> const protector(this);
     Ref<NSObject> const target(m_target.get());
+    if (isKeptFrom(target.get(), m_menu))
+        return false;
     if (m_function) {
         if (m_target.wasSet() && !target)
             return false;
@@ -238,7 +272,7 @@ bool NSMenuItem::isValid()
         return false;
     if (m_submenu)
         return true;
-    if (m_target.wasSet() && !m_target)
+    if ((m_target.wasSet() && !m_target) || isKeptFrom(m_target.get(), m_menu))
         return false;
     if (m_function) {
         auto* validation = dynamic_cast<NSMenuValidation*>(m_target.get());

@@ -1,7 +1,11 @@
 #include <tests/support/MenuTest.h>
 
+#include <plix/platform/appkit/NSModalSession.h>
+#include <plix/platform/appkit/NSPanel.h>
 #include <plix/platform/base/exceptions.h>
 #include <plix/platform/graphics/NSAttributedString.h>
+
+#include <gmock/gmock.h>
 
 namespace plix {
 namespace {
@@ -228,6 +232,118 @@ TEST_F(MenuTest, KeysOfDisabledItemsDoNothing)
     key(U'b', NSControlKeyMask);
     EXPECT_TRUE(receiver->chosen.empty());
     app().setMainMenu(nullptr);
+}
+
+class MenuTargetView final : public NSView {
+    PLIX_CLASS(MenuTargetView, NSView);
+
+public:
+    using NSView::init;
+    void act(NSObject*) { ++count; }
+    bool acceptsFirstResponder() const override { return true; }
+    int count { 0 };
+};
+PLIX_DESCRIBE(MenuTargetView)
+{
+    description.action("act:", &MenuTargetView::act);
+}
+
+/// A window with a view that acts, and a main menu whose keys reach it: a along the chain, t as the target, f by a function.
+class MainMenuTest : public MenuTest {
+protected:
+    void SetUp() override
+    {
+        MenuTest::SetUp();
+        behind = showWindow({ 600, 400, 200, 100 });
+        target = viewThatActs(*behind);
+        menu->addItemWithTitle("Along the chain", Selector("act:"), "a");
+        menu->addItemWithTitle("At the view", Selector("act:"), "t")->setTarget(target);
+        menu->addItemWithTitle("Of the view", {}, "f")->setActionFunction(target, [this](NSObject*) { ++target->count; });
+        menu->itemAtIndex(1)->setKeyEquivalent("b");
+        app().setMainMenu(menu);
+    }
+    void TearDown() override
+    {
+        app().setMainMenu(nullptr);
+        MenuTest::TearDown();
+    }
+    /// Leaves the window behind the main one.
+    static Ref<NSWindow> makeDialog() { return make<NSPanel>(Rect { 0, 0, 200, 100 }, usualStyle, NSBackingStoreBuffered, false); }
+    static Ref<MenuTargetView> viewThatActs(NSWindow& window)
+    {
+        auto const made = make<MenuTargetView>(Rect { 0, 0, 10, 10 });
+        window.contentView()->addSubview(*made);
+        window.makeFirstResponder(made.get());
+        return made;
+    }
+    void pressAll()
+    {
+        for (char32_t const character : { U'a', U't', U'f', U'b' })
+            key(character, NSControlKeyMask);
+    }
+    Ref<NSWindow> behind;
+    Ref<MenuTargetView> target;
+};
+
+TEST_F(MainMenuTest, ItsKeysDoNotReachAWindowBehindAModalOne)
+{
+    for (bool const enablesItself : { true, false }) {
+        menu->setAutoenablesItems(enablesItself);
+        auto const dialog = makeDialog();
+        auto const inDialog = viewThatActs(*dialog);
+        receiver->chosen.clear();
+        target->count = 0;
+        auto const session = app().beginModalSessionForWindow(*dialog);
+        pressAll();
+        EXPECT_EQ(target->count, 0);
+        EXPECT_EQ(inDialog->count, 1) << "the modal window's own responders take it";
+        EXPECT_EQ(receiver->chosen, Strings { "Banana" }) << "what stands in no window works on";
+        EXPECT_EQ(app().targetForAction(Selector("act:")), inDialog.get());
+        dialog->orderOut(nullptr);
+        app().endModalSession(*session);
+        pressAll();
+        EXPECT_EQ(target->count, 3);
+    }
+}
+
+TEST_F(MainMenuTest, ItsKeysDoNotReachAWindowThatHasASheet)
+{
+    menu->setAutoenablesItems(true);
+    auto const sheet = makeDialog();
+    app().beginSheet(*sheet, *behind);
+    pressAll();
+    EXPECT_EQ(target->count, 0);
+    EXPECT_EQ(app().targetForAction(Selector("act:")), nullptr);
+    EXPECT_EQ(receiver->chosen, Strings { "Banana" });
+    app().endSheet(*sheet);
+    sheet->orderOut(nullptr);
+    behind->makeKeyAndOrderFront(nullptr);
+    pressAll();
+    EXPECT_EQ(target->count, 3);
+}
+
+TEST_F(MainMenuTest, ItsItemsForAWindowBehindAModalOneAreDisabled)
+{
+    menu->setAutoenablesItems(true);
+    auto const enabled = [&] {
+        menu->update();
+        std::vector<std::string> titles;
+        for (long i = 1; i < menu->numberOfItems(); ++i) {
+            if (menu->itemAtIndex(i)->isEnabled())
+                titles.push_back(menu->itemAtIndex(i)->keyEquivalent());
+        }
+        return titles;
+    };
+    auto const before = enabled();
+    auto const dialog = makeDialog();
+    auto const session = app().beginModalSessionForWindow(*dialog);
+    auto during = enabled();
+    behind->setLevel(NSPopUpMenuWindowLevel); // above all that is modal
+    EXPECT_EQ(enabled(), before);
+    app().endModalSession(*session);
+    for (auto const* key : { "a", "t", "f" })
+        during.emplace_back(key);
+    EXPECT_THAT(during, testing::UnorderedElementsAreArray(before));
 }
 
 }
