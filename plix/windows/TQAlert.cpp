@@ -32,6 +32,51 @@ long tagOf(NSObject const* sender)
     return item ? item->tag() : 0;
 }
 
+/// What has to be done after the run is done also where that throws.
+long runAndAfter(FunctionRef<long()> run, FunctionRef<void()> after)
+{
+    long result = 0;
+    try {
+        result = run();
+    } catch (...) {
+        after();
+        throw;
+    }
+    after();
+    return result;
+}
+
+// Never taken back, as is meant.
+void growForSheet(NSWindow& window)
+{
+    Ref<NSView> const content(window.contentView());
+    content->setAutoresizesSubviews(false);
+    runAndAfter(
+        [&] {
+            window.setFrame(alertFrameForSheet(window.frame()), true);
+            return 0L;
+        },
+        [&] { content->setAutoresizesSubviews(true); });
+}
+
+long runSheet(NSWindow& window, NSWindow& parent)
+{
+    NSApp->beginSheet(window, parent);
+    // Closed while it slid out.
+    if (!window.isSheet())
+        return NSRunAbortedResponse;
+    auto const session = NSApp->beginModalSessionForWindow(window);
+    return runAndAfter(
+        [&] {
+            long result = NSRunContinuesResponse;
+            while (result == NSRunContinuesResponse)
+                result = NSApp->runModalSession(*session);
+            NSApp->endSheet(window);
+            return result;
+        },
+        [&] { NSApp->endModalSession(*session); });
+}
+
 }
 
 PLIX_DESCRIBE(TQAlert)
@@ -77,40 +122,36 @@ bool TQAlert::isComplete() const
 
 // Running.
 
-int TQAlert::runModal()
+int TQAlert::runOnce(FunctionRef<long()> run)
 {
+    if (m_isRunning)
+        return NSRunAbortedResponse;
     Ref<TQAlert> const protector(this);
     auto const window = m_window;
-    window->center();
-    NSBeep();
-    auto const result = NSApp->runModalForWindow(*window);
-    window->orderOut(nullptr);
-    return static_cast<int>(result);
+    m_isRunning = true;
+    return static_cast<int>(runAndAfter(run, [&] {
+        m_isRunning = false;
+        window->orderOut(nullptr);
+    }));
+}
+
+int TQAlert::runModal()
+{
+    return runOnce([window = m_window] {
+        window->center();
+        NSBeep();
+        return NSApp->runModalForWindow(*window);
+    });
 }
 
 int TQAlert::runAsSheetForWindow(NSWindow& parent)
 {
-    Ref<TQAlert> const protector(this);
     Ref<NSWindow> const parentProtector(parent);
-    auto const window = m_window;
-    NSBeep();
-    Ref<NSView> const content(window->contentView());
-    content->setAutoresizesSubviews(false);
-    // Never taken back, as is meant.
-    window->setFrame(alertFrameForSheet(window->frame()), true);
-    content->setAutoresizesSubviews(true);
-    NSApp->beginSheet(*window, parent);
-    // Closed while it slid out.
-    if (!window->isSheet())
-        return NSRunAbortedResponse;
-    auto const session = NSApp->beginModalSessionForWindow(*window);
-    long result = NSRunContinuesResponse;
-    while (result == NSRunContinuesResponse)
-        result = NSApp->runModalSession(*session);
-    NSApp->endSheet(*window);
-    NSApp->endModalSession(*session);
-    window->orderOut(nullptr);
-    return static_cast<int>(result);
+    return runOnce([&parent, window = m_window] {
+        NSBeep();
+        growForSheet(*window);
+        return runAndAfter([&] { return runSheet(*window, parent); }, [&] { NSApp->endSheet(*window); });
+    });
 }
 
 void TQAlert::button(NSObject* sender)
@@ -161,8 +202,12 @@ void TQAlert::setStatement(std::string_view text)
     // The field has grown upwards already: it stays while the window follows.
     auto const mask = field->autoresizingMask();
     field->setAutoresizingMask(NSViewMaxYMargin);
-    m_window->setFrame(frame, true);
-    field->setAutoresizingMask(mask);
+    runAndAfter(
+        [&] {
+            m_window->setFrame(frame, true);
+            return 0L;
+        },
+        [&] { field->setAutoresizingMask(mask); });
 }
 
 std::string TQAlert::message() const

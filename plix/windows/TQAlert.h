@@ -1,6 +1,7 @@
 #pragma once
 
 #include <plix/platform/base/Class.h>
+#include <plix/platform/base/FunctionRef.h>
 #include <plix/platform/base/export.h>
 #include <plix/platform/graphics/Forward.h>
 
@@ -31,7 +32,8 @@ public:
         std::string_view button1Title, std::string_view button2Title, std::string_view button3Title);
 
     /// Beeps, shows the panel in the middle of the screen and answers the tag of the button that was pressed: 1, 0 or -1 for the
-    /// first, second and third. Other windows wait meanwhile. NSRunAbortedResponse where the panel was closed instead.
+    /// first, second and third. Other windows wait meanwhile. NSRunAbortedResponse where the panel was closed instead, and at once,
+    /// without a beep, while this alert runs already. What an action or an observer throws comes through when the panel is gone.
     virtual int runModal();
     /// The same as a sheet of the window; all other windows wait as well. The panel is 5 points taller after each of these runs.
     /// NSRunAbortedResponse where the window was closed.
@@ -74,6 +76,8 @@ private:
     bool isComplete() const;
     std::array<NSButton*, 3> buttons() const;
     void setButtonTitle(std::size_t index, std::string_view title);
+    /// Runs it unless it runs already, and takes the panel off the screen however that ends.
+    int runOnce(FunctionRef<long()> run);
     /// Answers the window's frame for the text.
     Rect fitField(PLIXChiseledTextField&, std::string_view text);
 
@@ -84,6 +88,7 @@ private:
     Ref<NSButton> m_button1;
     Ref<NSButton> m_button2;
     Ref<NSButton> m_button3;
+    bool m_isRunning { false };
 };
 
 }

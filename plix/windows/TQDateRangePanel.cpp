@@ -191,7 +191,13 @@ void TQDateRangePanel::internationalize()
 
 bool TQDateRangePanel::run()
 {
+    if (m_isRunning)
+        return false;
     Ref<TQDateRangePanel> const protector(this);
+    struct Running {
+        bool& is;
+        ~Running() { is = false; }
+    } const running { m_isRunning = true };
     show(m_fromObject.get(), m_fromDate);
     show(m_toObject.get(), m_toDate);
     center();

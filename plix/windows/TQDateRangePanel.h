@@ -7,10 +7,6 @@
 
 namespace plix {
 
-class NSButton;
-class NSControl;
-class NSTextField;
-
 /// A modal window that asks for a first and a last date and has no way out but OK. The two are not compared.
 ///
 /// From system version 0x1040 on the entries are of the class "PLIXTextDatePicker" of the plug-in bundle "DatePicker", which
@@ -40,7 +36,8 @@ public:
     NSObject* fromObject() const { return m_fromObject.get(); }
     NSObject* toObject() const { return m_toObject.get(); }
 
-    /// Shows the dates and runs the panel until OK; true then.
+    /// Shows the dates and runs the panel until OK; true then. True as well, with the dates unchanged, where another ended the run
+    /// with a code that is not 0, such as abortModal() or closing the panel. False at once while this panel runs already.
     virtual bool run();
     /// Ends an edit in progress, and with it the run; where an entry refuses to end, nothing happens. What is no date becomes the
     /// present one.
@@ -59,6 +56,7 @@ private:
     Ref<NSObject> m_toObject;
     NSCalendarDate m_fromDate;
     NSCalendarDate m_toDate;
+    bool m_isRunning { false };
 };
 
 }

@@ -10,7 +10,9 @@
 #include <plix/platform/appkit/NSScreen.h>
 #include <plix/platform/base/NSLog.h>
 #include <plix/platform/foundation/NSBundle.h>
+#include <plix/platform/foundation/NSNotificationCenter.h>
 #include <plix/platform/foundation/NSUserDefaults.h>
+#include <plix/platform/foundation/file_bytes.h>
 #include <plix/platform/graphics/NSColor.h>
 #include <plix/platform/graphics/NSImage.h>
 #include <plix/platform/host/headless/HeadlessAudio.h>
@@ -120,6 +122,28 @@ TEST_F(TQAlertTest, IsNilWithoutItsInterfaceFile)
     installLogSink(before);
     NSBundle::registerBundle("plix", NSBundle::libraryBundle());
     EXPECT_EQ(lines.size(), 1U);
+    EXPECT_NE(alertWith(), nullptr);
+}
+
+TEST_F(TQAlertTest, IsNilWhereItsInterfaceFileLacksAPart)
+{
+    auto const path = NSBundle::libraryBundle().pathForResource("Alert", "xib");
+    ASSERT_TRUE(path);
+    auto const bytes = readFileBytes(*path, 1U << 20);
+    ASSERT_TRUE(bytes);
+    std::string const whole(bytes->begin(), bytes->end());
+    for (auto const* outlet : { "window", "iconView", "statementField", "messageField", "button1", "button2", "button3" }) {
+        auto text = whole;
+        auto const start = text.find("<outlet property=\"" + std::string(outlet) + '"');
+        ASSERT_NE(start, std::string::npos) << outlet;
+        text.erase(start, text.find("/>", start) + 2 - start);
+        TestFolder const folder;
+        folder.write("Alert.xib", text);
+        auto const lacking = NSBundle::bundleWithPath(folder.path());
+        NSBundle::registerBundle("plix", *lacking);
+        EXPECT_EQ(alertWith(), nullptr) << outlet;
+        NSBundle::registerBundle("plix", NSBundle::libraryBundle());
+    }
     EXPECT_NE(alertWith(), nullptr);
 }
 
@@ -372,6 +396,55 @@ TEST_F(TQAlertTest, MayBeLetGoWhileItRuns)
     EXPECT_FALSE(watched);
 }
 
+TEST_F(TQAlertTest, ASecondRunWhileItRunsIsAbortedAtOnce)
+{
+    auto const parent = showWindow();
+    auto const alert = alertWith();
+    std::vector<int> inner;
+    long during = 0;
+    Rect frame;
+    person().then([&] {
+        during = beeps();
+        frame = alert->window()->frame();
+        inner.push_back(alert->runModal());
+        inner.push_back(alert->runAsSheetForWindow(*parent));
+        EXPECT_EQ(beeps(), during);
+        EXPECT_EQ(alert->window()->frame(), frame);
+        EXPECT_TRUE(alert->window()->isVisible());
+        EXPECT_EQ(app().modalWindow(), alert->window());
+    });
+    answer(NSEscapeCharacter);
+    EXPECT_EQ(alert->runModal(), 0);
+    EXPECT_THAT(inner, ElementsAre(NSRunAbortedResponse, NSRunAbortedResponse));
+    EXPECT_EQ(app().modalWindow(), nullptr);
+    answer(NSCarriageReturnCharacter);
+    EXPECT_EQ(alert->runModal(), 1);
+}
+
+TEST_F(TQAlertTest, IsCentredAlsoWhereItIsOnScreen)
+{
+    // Centred by the alert, not only by the application, which leaves a window alone that is on screen.
+    auto const alert = alertWith();
+    alert->window()->makeKeyAndOrderFront(nullptr);
+    alert->window()->setFrameOrigin({ 3, 40 });
+    answer(NSCarriageReturnCharacter);
+    alert->runModal();
+    Rect const area = NSScreen::mainScreen().visibleFrame();
+    EXPECT_NEAR(alert->window()->frame().midX(), area.midX(), 1);
+    EXPECT_GT(alert->window()->frame().midY(), area.midY() - 1);
+}
+
+TEST_F(TQAlertTest, LeavesTheScreenWhenAnActionThrows)
+{
+    auto const alert = alertWith();
+    person().then([] { throw std::runtime_error("action"); });
+    EXPECT_THROW(alert->runModal(), std::runtime_error);
+    EXPECT_FALSE(alert->window()->isVisible());
+    EXPECT_EQ(app().modalWindow(), nullptr);
+    answer(NSCarriageReturnCharacter);
+    EXPECT_EQ(alert->runModal(), 1);
+}
+
 TEST_F(TQAlertTest, NestsThreeDeepEachAboveTheOneBefore)
 {
     auto const back = showWindow();
@@ -475,6 +548,47 @@ TEST_F(TQAlertSheetTest, EveryOtherWindowWaitsToo)
     clickCenter(*inOther);
     clickCenter(*inParent);
     EXPECT_EQ(presses, 2);
+}
+
+TEST_F(TQAlertSheetTest, ASecondRunWhileItRunsIsAbortedAtOnce)
+{
+    std::vector<int> inner;
+    Rect frame;
+    person().then([&] {
+        frame = alert->window()->frame();
+        inner.push_back(alert->runAsSheetForWindow(*parent));
+        inner.push_back(alert->runModal());
+        EXPECT_EQ(alert->window()->frame(), frame);
+        EXPECT_EQ(parent->attachedSheet(), alert->window());
+    });
+    answer(NSCarriageReturnCharacter);
+    EXPECT_EQ(alert->runAsSheetForWindow(*parent), 1);
+    EXPECT_THAT(inner, ElementsAre(NSRunAbortedResponse, NSRunAbortedResponse));
+    EXPECT_EQ(parent->attachedSheet(), nullptr);
+    EXPECT_EQ(app().modalWindow(), nullptr);
+}
+
+TEST_F(TQAlertSheetTest, IsTakenOffWhenSomethingThrows)
+{
+    for (auto const* name : { "", NSWindowWillBeginSheetNotification, NSWindowDidBecomeKeyNotification,
+             NSWindowDidResizeNotification, NSWindowDidEndSheetNotification }) {
+        auto const token = NSNotificationCenter::defaultCenter().addObserver(
+            [](NSNotification const&) { throw std::runtime_error("observer"); }, name, nullptr);
+        if (std::string_view(name).empty())
+            person().then([] { throw std::runtime_error("action"); });
+        else
+            answer(NSCarriageReturnCharacter);
+        EXPECT_THROW(alert->runAsSheetForWindow(*parent), std::runtime_error) << name;
+        NSNotificationCenter::defaultCenter().removeObserver(*token);
+        pump();
+        EXPECT_FALSE(alert->window()->isVisible()) << name;
+        EXPECT_FALSE(alert->window()->isSheet()) << name;
+        EXPECT_EQ(parent->attachedSheet(), nullptr) << name;
+        EXPECT_EQ(app().modalWindow(), nullptr) << name;
+        EXPECT_TRUE(alert->window()->contentView()->autoresizesSubviews()) << name;
+        answer(NSEscapeCharacter);
+        EXPECT_EQ(alert->runAsSheetForWindow(*parent), 0) << name;
+    }
 }
 
 TEST_F(TQAlertSheetTest, EndsWhenItsWindowIsClosed)

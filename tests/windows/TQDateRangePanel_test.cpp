@@ -299,6 +299,21 @@ TEST_F(DateRangePanelTest, MayRunAgainAndAbove)
     EXPECT_EQ(written(first->fromDate()), "2030-01-01 09:05:30");
 }
 
+TEST_F(DateRangePanelTest, ASecondRunWhileItRunsAnswersFalseAtOnce)
+{
+    makePanel(day(2027, 3, 14), day(2027, 4, 1));
+    std::optional<bool> inner;
+    person().type("5");
+    later([&] { inner = panel->run(); });
+    pressOK();
+    EXPECT_TRUE(panel->run());
+    EXPECT_EQ(inner, false);
+    EXPECT_EQ(written(panel->fromDate()), "2027-05-14 09:05:30");
+    EXPECT_EQ(app().modalWindow(), nullptr);
+    pressOK();
+    EXPECT_TRUE(panel->run());
+}
+
 TEST_F(DateRangePanelTest, RunAnswersWhatItEndedWith)
 {
     struct Row {
