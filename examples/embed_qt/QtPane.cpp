@@ -2,6 +2,7 @@
 #include "QtDisplay.h"
 #include "qt_translation.h"
 
+#include <QtGui/QEnterEvent>
 #include <QtGui/QGuiApplication>
 #include <QtGui/QInputMethod>
 #include <QtGui/QInputMethodEvent>
@@ -110,6 +111,11 @@ void QtPane::mouseMoveEvent(QMouseEvent* event)
 {
     m_display.buttonsHeld(buttonsFrom(event->buttons()));
     m_display.pointerMoved(m_place, pointFromGlobal(event->globalPosition()), modifiersFrom(event->modifiers()));
+}
+
+void QtPane::enterEvent(QEnterEvent* event)
+{
+    m_display.pointerMoved(m_place, pointFromGlobal(event->globalPosition()), modifiersFrom(QGuiApplication::keyboardModifiers()));
 }
 
 void QtPane::leaveEvent(QEvent*)

@@ -180,7 +180,11 @@ void EmbeddingDisplay::pointerMoved(EmbeddedWindow* named, Point onScreen, std::
 void EmbeddingDisplay::pointerLeft(Point onScreen, std::uint32_t modifiers)
 {
     note(onScreen, modifiers);
-    setHovered(popupAt(onScreen));
+    // A menu that came under a pointer at rest lights what is there.
+    if (auto* const popup = popupAt(onScreen))
+        pointerMoved(popup, onScreen, modifiers);
+    else
+        setHovered(nullptr);
 }
 
 void EmbeddingDisplay::buttonPressed(EmbeddedWindow* named, Point onScreen, int button, std::uint32_t modifiers)

@@ -139,6 +139,17 @@ TEST_F(Embedding, ThePopUpInFrontGetsThePointer)
     EXPECT_EQ(menu.last.scrollY, 1.5F);
 }
 
+TEST_F(Embedding, LeavingAWidgetForAMenuMovesThePointerThere)
+{
+    display.pointerMoved(embedded(first), { 120, 110 }, 0);
+    auto const popup = make(menu, HostWindowKind::popup, { 100, 50, 80, 100 });
+    told();
+    display.pointerLeft({ 120, 110 }, 0);
+    EXPECT_THAT(told(), ElementsAre("a exited", "menu entered", "menu moved"));
+    display.pointerLeft({ 500, 500 }, 0);
+    EXPECT_THAT(told(), ElementsAre("menu exited"));
+}
+
 TEST_F(Embedding, ReleasesThatNobodyToldOfAreMadeUpFor)
 {
     display.buttonPressed(embedded(first), { 110, 110 }, 1, 0);
