@@ -1,6 +1,7 @@
 #include "GallerySettings.h"
 
 #include <plix/platform/foundation/NSUserDefaults.h>
+#include <plix/platform/foundation/machine_identity.h>
 #include <plix/tables/row_highlight.h>
 
 namespace gallery {
@@ -25,8 +26,9 @@ GallerySettings GallerySettings::load()
     auto const style = defaults.objectForKey(highlightKey);
     if (style.isNumber() && style.integerValue() >= 0 && style.integerValue() <= PLIXHighlightRounded)
         settings.highlightStyle = static_cast<std::uint32_t>(style.integerValue());
-    if (defaults.integerForKey(versionKey) == 0x1050)
-        settings.systemVersion = 0x1050;
+    int const version = defaults.integerForKey(versionKey);
+    settings.systemVersion
+        = version == 0x1049 || version == 0x1050 ? static_cast<std::uint32_t>(version) : machineIdentity().systemVersion();
     // Without a choice of the user's the command line's counts.
     settings.appearance = defaults.objectForKey(darkKey).isNil() ? currentAppearance()
         : defaults.boolForKey(darkKey)                           ? Appearance::dark

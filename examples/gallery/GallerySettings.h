@@ -19,7 +19,7 @@ struct GallerySettings {
 
     friend bool operator==(GallerySettings const&, GallerySettings const&) = default;
 
-    /// From the user's defaults; what is none of a switch's values is the usual one.
+    /// From the user's defaults; what is none of a switch's values is the usual one, or what the process was started with.
     static GallerySettings load();
     void save() const;
 };

@@ -22,6 +22,12 @@ constexpr FlowSpacing spacing { .margin = 10, .gap = 18, .rowHeight = 24, .rowGa
 constexpr float captionGap = 6;
 constexpr float segmentPadding = 22;
 
+/// The process may have been started as on a system that the switch does not have.
+long segmentOf(std::uint32_t systemVersion)
+{
+    return systemVersion >= 0x1050 ? 1 : 0;
+}
+
 Ref<NSFont> smallFont()
 {
     return NSFont::systemFontOfSize(NSFont::smallSystemFontSize());
@@ -118,7 +124,7 @@ void SwitchBar::setSettings(GallerySettings const& settings)
 {
     m_settings = settings;
     m_highlight->selectItemAtIndex(settings.highlightStyle ? static_cast<long>(*settings.highlightStyle) + 1 : 0);
-    m_version->setSelectedSegment(settings.systemVersion >= 0x1050 ? 1 : 0);
+    m_version->setSelectedSegment(segmentOf(settings.systemVersion));
     m_appearance->setSelectedSegment(settings.appearance == Appearance::dark ? 1 : 0);
     m_scale->setSelectedSegment(settings.scale == 2 ? 1 : 0);
     m_active->setSelectedSegment(settings.looksActive ? 0 : 1);
@@ -130,7 +136,9 @@ void SwitchBar::changed()
     long const style = m_highlight->indexOfSelectedItem() - 1;
     GallerySettings const settings { .highlightStyle
         = style >= 0 ? std::optional(static_cast<std::uint32_t>(style)) : std::optional<std::uint32_t>(),
-        .systemVersion = m_version->selectedSegment() == 1 ? 0x1050U : 0x1049U,
+        .systemVersion = segmentOf(m_settings.systemVersion) == m_version->selectedSegment() ? m_settings.systemVersion
+            : m_version->selectedSegment() == 1                                              ? 0x1050U
+                                                                                             : 0x1049U,
         .appearance = m_appearance->selectedSegment() == 1 ? Appearance::dark : Appearance::light,
         .scale = m_scale->selectedSegment() == 1 ? 2 : 1,
         .looksActive = m_active->selectedSegment() == 0,

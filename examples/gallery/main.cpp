@@ -6,6 +6,7 @@
 #include <plix/app/PLIXApplication.h>
 #include <plix/platform/appkit/NSMenu.h>
 #include <plix/platform/appkit/NSWindow.h>
+#include <plix/platform/graphics/appearance.h>
 
 #include <iostream>
 #include <string>
@@ -61,6 +62,11 @@ int run(example::Options const& options, std::string const& dumpFolder)
     bool const isForAPicture = !options.screenshot.empty();
     if (!isForAPicture)
         controller->remember();
+    if (options.isDark) {
+        auto settings = controller->settings();
+        settings.appearance = Appearance::dark;
+        controller->setSettings(settings);
+    }
     if (!options.arguments.empty())
         controller->showPage(*gallery::pageNamed(gallery::pages(), options.arguments[0]));
     window.makeKeyAndOrderFront(nullptr);

@@ -1,3 +1,4 @@
+#include <examples/gallery/Transcript.h>
 #include <examples/gallery/pages.h>
 #include <examples/gallery/picture_samples.h>
 #include <examples/gallery/speech_page.h>
@@ -155,6 +156,38 @@ TEST_F(GalleryTest, ShowsEverySampleAtTheScaleAround)
     EXPECT_EQ(samples.badged.size(), 9U);
     for (auto const* image : samples.all())
         EXPECT_TRUE(image->isValid());
+}
+
+TEST_F(GalleryTest, ATranscriptIsAsHighAsItsLines)
+{
+    auto const transcript = make<Transcript>();
+    float const empty = transcript->frame().height;
+    long const line = transcript->show("1 + 1", 1 + 1);
+    transcript->run("auto const made = 1;");
+    float const two = transcript->frame().height;
+    EXPECT_GT(two, empty);
+    transcript->update(line, std::string(200, 'x'));
+    EXPECT_GT(transcript->frame().height, two);
+    transcript->update(line, 2);
+    EXPECT_EQ(transcript->frame().height, two);
+    EXPECT_EQ(transcript->expressionAt(line), "1 + 1");
+    EXPECT_EQ(transcript->resultAt(line), "2");
+    transcript->clear();
+    EXPECT_EQ(transcript->frame().height, empty);
+    EXPECT_EQ(transcript->lineCount(), 0);
+}
+
+TEST_F(GalleryTest, ALogKeepsItsLastLinesInRoomForAsMany)
+{
+    auto const log = make<Transcript>();
+    log->setLimit(3);
+    float const height = log->frame().height;
+    for (int i = 1; i <= 5; ++i)
+        log->show("event", i);
+    EXPECT_EQ(log->lineCount(), 3);
+    EXPECT_EQ(log->resultAt(0), "3");
+    EXPECT_EQ(log->resultAt(2), "5");
+    EXPECT_EQ(log->frame().height, height);
 }
 
 }

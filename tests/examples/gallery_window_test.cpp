@@ -464,6 +464,24 @@ TEST_F(GalleryWindowTest, ForgetsWhatIsNothing)
     EXPECT_EQ(list().frame().width, 230);
 }
 
+TEST_F(GalleryWindowTest, StaysOnTheSystemThatItWasStartedOn)
+{
+    close();
+    machineIdentity().setSystemVersion(0x1030);
+    open();
+    gallery->remember();
+    choose(gallery->switches().scaleSwitch(), 1);
+    EXPECT_EQ(machineIdentity().systemVersion(), 0x1030U);
+    choose(gallery->switches().versionSwitch(), 1);
+    EXPECT_EQ(machineIdentity().systemVersion(), 0x1050U);
+    choose(gallery->switches().versionSwitch(), 0);
+    EXPECT_EQ(machineIdentity().systemVersion(), 0x1049U);
+    close();
+    EXPECT_EQ(machineIdentity().systemVersion(), 0x1030U);
+    machineIdentity().setSystemVersion(0x1049);
+    open();
+}
+
 // MARK: the window
 
 TEST_F(GalleryWindowTest, ATinyWindowKeepsItsPanesInside)
