@@ -1,16 +1,23 @@
 #include "pages.h"
 #include "base_pages.h"
+#include "bitstream_pages.h"
 #include "buttons_pages.h"
 #include "cells_pages.h"
 #include "combo_pages.h"
 #include "events_pages.h"
 #include "files_pages.h"
+#include "format_pages.h"
 #include "foundation_pages.h"
+#include "graphics_pages.h"
+#include "host_pages.h"
+#include "image_pages.h"
+#include "layout_pages.h"
 #include "loop_pages.h"
 #include "menus_pages.h"
 #include "scrolling_pages.h"
 #include "sheet_pages.h"
 #include "sound_pages.h"
+#include "system_pages.h"
 #include "tables_pages.h"
 #include "tabs_pages.h"
 #include "text_pages.h"
@@ -45,7 +52,8 @@ std::vector<Page> gathered()
     std::vector<Page> all;
     for (std::span<Page const> const family : { welcomePages(), buttonsPages(), menusPages(), comboPages(), cellsPages(),
              tabsPages(), scrollingPages(), themePages(), tablesPages(), windowsPages(), textPages(), basePages(),
-             foundationPages(), filesPages(), loopPages(), eventsPages(), soundPages(), sheetPages() })
+             foundationPages(), filesPages(), loopPages(), eventsPages(), soundPages(), graphicsPages(), imagePages(),
+             layoutPages(), formatPages(), bitstreamPages(), systemPages(), hostPages(), sheetPages() })
         all.insert(all.end(), family.begin(), family.end());
     auto const rank = [](Page const& page) {
         return std::find(std::begin(sections), std::end(sections), std::string_view(page.section)) - std::begin(sections);

@@ -4,6 +4,8 @@
 #include <plix/platform/appkit/NSButton.h>
 #include <plix/platform/base/utf16.h>
 #include <plix/platform/foundation/NSRunLoop.h>
+#include <plix/platform/host/Clipboard.h>
+#include <plix/platform/host/media_components.h>
 
 #include <tests/support/HeadlessTest.h>
 
@@ -175,6 +177,116 @@ TEST_F(GalleryLivePages, TheProcessIsAsked)
     EXPECT_EQ(result("process.hostName()"), "–");
     press("Ask");
     EXPECT_NE(result("process.hostName()"), "–");
+}
+
+TEST_F(GalleryLivePages, TheClipboardTakesTheTextAndTellsIt)
+{
+    open("Clipboard");
+    press("Set");
+    EXPECT_EQ(machine().clipboard().text(), "A cup of tea");
+    EXPECT_EQ(result("clipboard.text()"), "\"A cup of tea\"");
+    machine().clipboard().setText("milk");
+    press("Ask");
+    EXPECT_EQ(result("clipboard.text()"), "\"milk\"");
+}
+
+TEST_F(GalleryLivePages, TheHostAndItsDisplayAreAsked)
+{
+    open("Host");
+    press("Ask");
+    EXPECT_EQ(result("host().name()"), "\"headless\"");
+    EXPECT_EQ(result("host().audio() != nullptr"), "true");
+    machine().setHasAudio(false);
+    press("Ask");
+    EXPECT_EQ(result("host().audio() != nullptr"), "false");
+    machine().setHasAudio(true);
+}
+
+TEST_F(GalleryLivePages, TheDisplayTellsWhereTheMouseIs)
+{
+    open("Display");
+    press("Ask");
+    EXPECT_EQ(result("display.mouseLocation()"), valueText(display().mouseLocation()));
+    EXPECT_EQ(result("display.screens()[0].backingScale"), "1");
+    long const before = display().beepCount();
+    press("Beep");
+    EXPECT_EQ(display().beepCount(), before + 1);
+}
+
+TEST_F(GalleryLivePages, AWindowOfTheHostIsOpenedAndToldOfClicks)
+{
+    open("HostWindow");
+    auto const windows = display().windows().size();
+    press("Open");
+    EXPECT_EQ(display().windows().size(), windows + 1);
+    person().click({ 260, 260 });
+    pump();
+    EXPECT_EQ(countOf("mouseDown"), 1);
+    press("Close");
+    EXPECT_EQ(display().windows().size(), windows);
+}
+
+TEST_F(GalleryLivePages, ASoundIsPlayedPausedAndHeardToItsEnd)
+{
+    open("HostSound");
+    machine().headlessAudio().setDuration(2);
+    press("Play");
+    EXPECT_EQ(machine().headlessAudio().playingCount(), 1U);
+    EXPECT_EQ(result("sound->isPlaying()"), "true");
+    press("Pause");
+    EXPECT_EQ(result("sound->isPaused()"), "true");
+    press("Resume");
+    pass(3);
+    EXPECT_EQ(result("playedToEnd"), "true");
+    EXPECT_EQ(result("sound->isPlaying()"), "false");
+}
+
+TEST_F(GalleryLivePages, TheAudioIsAsked)
+{
+    machine().headlessAudio().setOutputVolume(StereoVolume { 0.5F, 1 });
+    open("Audio");
+    press("Ask");
+    EXPECT_EQ(result("audio->outputVolume()->left"), "0.5");
+    machine().headlessAudio().setOutputVolume(std::nullopt);
+    press("Ask");
+    EXPECT_EQ(result("audio->outputVolume()->left"), "nil");
+    press("Beep");
+    EXPECT_EQ(machine().headlessAudio().beepCount(), 1);
+}
+
+TEST_F(GalleryLivePages, TheSpeechTellsItsEnd)
+{
+    open("speech_door");
+    press("Speak");
+    EXPECT_EQ(machine().headlessSpeech().texts(), std::vector<std::string> { "Tea is ready." });
+    pass(5);
+    EXPECT_EQ(result("ended"), "finished");
+    press("Speak");
+    press("Stop");
+    pass(1);
+    EXPECT_EQ(result("ended"), "stopped");
+}
+
+TEST_F(GalleryLivePages, TextsAreTruncatedToTheWidth)
+{
+    open("truncation");
+    auto const before = result("In a width of 120");
+    press("Narrower");
+    press("Narrower");
+    EXPECT_THAT(result("In a width of 120"), testing::StartsWith("100: "));
+    EXPECT_LT(result("In a width of 120").size(), before.size() + 5);
+    press("Wider");
+    EXPECT_THAT(result("In a width of 120"), testing::StartsWith("110: "));
+}
+
+TEST_F(GalleryLivePages, TheSystemIsAskedForItsMediaAndSounds)
+{
+    machine().headlessMedia().add(
+        { { movieExportType, fourCharCode("MooV"), fourCharCode("isom"), canMovieExportFiles, 0 }, "Muxer" });
+    open("Media");
+    press("List");
+    EXPECT_EQ(result("availableComponents().size()"), "1");
+    EXPECT_EQ(result("availableComponents().front().at(\"name\")"), "\"Muxer\"");
 }
 
 TEST_F(GalleryLivePages, TranscriptsSayWhatIsRaised)

@@ -170,7 +170,8 @@ void NSLayoutManager::drawLinesOf(NSRange range, Point origin, Part part)
         return;
     auto const layoutPart = part == Part::text ? TextLayout::Part::text : TextLayout::Part::backgrounds;
     long const last = m_layout->lineOfIndex(range.end() - 1) + 1;
-    m_layout->drawLines(m_layout->lineOfIndex(range.location), last, origin, m_layout->usedRect().height, layoutPart);
+    auto const used = m_containers.empty() ? m_layout->usedRect() : usedRectForTextContainer(*m_containers.front());
+    m_layout->drawLines(m_layout->lineOfIndex(range.location), last, origin, used.height, layoutPart);
 }
 
 float NSLayoutManager::defaultLineHeightForFont(NSFont const& font) const

@@ -428,5 +428,23 @@ TEST(NSLayoutManager, DrawsBackgroundsBelowGlyphs)
     EXPECT_FALSE(hasInk(glyphs, { 0, 24, 60, 16 }, colors::white));
 }
 
+TEST(NSLayoutManager, DrawsOnTheUsedRectOfAContainerThatIsTooLow)
+{
+    auto const storage = make<NSTextStorage>("MM\nMM\nMM\nMM", font());
+    auto const manager = make<NSLayoutManager>();
+    auto const container = make<NSTextContainer>(Size { 100, 20 });
+    manager->addTextContainer(container);
+    storage->addLayoutManager(manager);
+    EXPECT_EQ(manager->usedRectForTextContainer(*container).height, 16);
+    auto const glyphs = renderBitmap(
+        { 60, 80 }, 1,
+        [&] {
+            manager->drawGlyphsForGlyphRange(manager->glyphRangeForTextContainer(*container), { 0, 10 });
+        },
+        colors::white);
+    EXPECT_TRUE(hasInk(glyphs, { 0, 54, 60, 16 }, colors::white));
+    EXPECT_FALSE(hasInk(glyphs, { 0, 0, 60, 54 }, colors::white));
+}
+
 }
 }
