@@ -135,7 +135,7 @@ Ref<NSView> makeDateFormatsPage()
 
 // MARK: texts
 
-Ref<NSView> makeCSVPage()
+Ref<NSView> makeCsvPage()
 {
     auto const transcript = make<Transcript>();
     SHOW(CSVLineComponents("Assam,4.50,2"));
@@ -298,7 +298,7 @@ constexpr Page all[] {
     { "file_sizes", "Sizes of files", valuesSection, "format_pages.cpp", makeFileSizesPage },
     { "date_ranges", "Ranges of dates", valuesSection, "format_pages.cpp", makeDateRangesPage },
     { "date_formats", "Short formats of dates", valuesSection, "format_pages.cpp", makeDateFormatsPage },
-    { "CSV", "Comma-separated values", valuesSection, "format_pages.cpp", makeCSVPage },
+    { "csv", "Comma-separated values", valuesSection, "format_pages.cpp", makeCsvPage },
     { "color_text", "Colours as text", valuesSection, "format_pages.cpp", makeColorTextPage },
     { "string_additions", "Extensions and characters", valuesSection, "format_pages.cpp", makeStringAdditionsPage },
     { "truncation", "Truncated texts", valuesSection, "format_pages.cpp", makeTruncationPage },

@@ -53,13 +53,18 @@ Ref<NSView> makeUniqueNamesPage()
     return transcript;
 }
 
-Ref<NSView> makeIdentityPage()
+Ref<NSView> makeMachineIdentityPage()
 {
     auto const transcript = make<Transcript>();
     SHOW(systemVersionFromText("0x1049"));
     SHOW(systemVersionFromText("4169"));
     SHOW(systemVersionFromText("tea"));
     SHOW(PLIXProcessIDString().empty());
+    RUN(auto& identity = machineIdentity());
+    RUN(auto const version = identity.systemVersion());
+    RUN(identity.setSystemVersion(0x1050));
+    SHOW(PLIXSystemVersion() == 0x1050);
+    RUN(identity.setSystemVersion(version));
     transcript->addHeading("What this machine says");
     auto const first = transcript->add("PLIXMACAddressString()", "–");
     transcript->add("PLIXProcessIDString()", "–");
@@ -69,9 +74,9 @@ Ref<NSView> makeIdentityPage()
     page->addControl(pushButton("Ask", [first, transcript = transcript.get()] {
         transcript->update(first, PLIXMACAddressString());
         transcript->update(first + 1, PLIXProcessIDString());
-        std::array<char, 16> version {};
-        std::snprintf(version.data(), version.size(), "0x%04X", PLIXSystemVersion());
-        transcript->setResult(first + 2, version.data());
+        std::array<char, 16> digits {};
+        std::snprintf(digits.data(), digits.size(), "0x%04X", PLIXSystemVersion());
+        transcript->setResult(first + 2, digits.data());
         transcript->update(first + 3, PLIXQuickTimeVersionString());
     }));
     return page;
@@ -96,7 +101,7 @@ Ref<NSView> makeNameComparisonPage()
     return transcript;
 }
 
-Ref<NSView> makeXMLPathPage()
+Ref<NSView> makeXmlPathPage()
 {
     auto const transcript = make<Transcript>();
     RUN(std::string error);
@@ -177,9 +182,9 @@ Ref<NSView> makeSoundNamesPage()
 
 constexpr Page all[] {
     { "unique_names", "Unique names", filesSection, "system_pages.cpp", makeUniqueNamesPage },
-    { "identity", "Who this machine is", filesSection, "system_pages.cpp", makeIdentityPage },
+    { "MachineIdentity", "MachineIdentity", filesSection, "system_pages.cpp", makeMachineIdentityPage },
     { "name_comparison", "Names in order", filesSection, "system_pages.cpp", makeNameComparisonPage },
-    { "XML_path", "Paths through documents", filesSection, "system_pages.cpp", makeXMLPathPage },
+    { "xml_path", "Paths through documents", filesSection, "system_pages.cpp", makeXmlPathPage },
     { "Media", "Media", soundSection, "system_pages.cpp", makeMediaPage },
     { "sound_names", "Sounds of the system", soundSection, "system_pages.cpp", makeSoundNamesPage },
 };
