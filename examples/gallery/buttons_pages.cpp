@@ -84,15 +84,15 @@ Ref<NSView> makeNSButtonCellPage()
         return form->told(made);
     };
     form->addRow("Bezels",
-        { captioned("rounded", button("Open", NSRoundedBezelStyle, { 80, 28 })),
-            captioned("square", button("Open", NSRegularSquareBezelStyle, { 80, 28 })),
-            captioned("round rect", button("Open", NSRoundRectBezelStyle, { 80, 22 })),
-            captioned("recessed", button("Open", NSRecessedBezelStyle, { 80, 22 })) });
+        { captioned("rounded", button("Open", NSRoundedBezelStyle, { 80, 28 }), 28),
+            captioned("square", button("Open", NSRegularSquareBezelStyle, { 80, 28 }), 28),
+            captioned("round rect", button("Open", NSRoundRectBezelStyle, { 80, 22 }), 28),
+            captioned("recessed", button("Open", NSRecessedBezelStyle, { 80, 22 }), 28) });
     form->addRow("",
-        { captioned("circle", button("", NSCircularBezelStyle, { 28, 28 })),
-            captioned("help", button("", NSHelpButtonBezelStyle, { 24, 24 })),
-            captioned("disclosure", button("", NSDisclosureBezelStyle, { 18, 18 })),
-            captioned("round disclosure", button("", NSRoundedDisclosureBezelStyle, { 26, 26 })) });
+        { captioned("circle", button("", NSCircularBezelStyle, { 28, 28 }), 28),
+            captioned("help", button("", NSHelpButtonBezelStyle, { 24, 24 }), 28),
+            captioned("disclosure", button("", NSDisclosureBezelStyle, { 18, 18 }), 28),
+            captioned("round disclosure", button("", NSRoundedDisclosureBezelStyle, { 26, 26 }), 28) });
     std::vector<Ref<NSView>> positions;
     for (auto const& [position, caption] : { std::pair { NSImageLeft, "left" }, { NSImageRight, "right" },
              { NSImageAbove, "above" }, { NSImageBelow, "below" }, { NSImageOnly, "only" } }) {

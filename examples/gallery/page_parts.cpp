@@ -7,6 +7,7 @@
 #include <plix/platform/appkit/NSTableColumn.h>
 #include <plix/platform/appkit/NSTableView.h>
 #include <plix/platform/appkit/NSTextField.h>
+#include <plix/platform/appkit/Theme.h>
 #include <plix/platform/graphics/FocusLock.h>
 #include <plix/platform/graphics/NSAffineTransform.h>
 #include <plix/platform/graphics/NSBezierPath.h>
@@ -155,7 +156,7 @@ Ref<NSTextField> hint(std::string_view text)
 {
     auto label = NSTextField::labelWithString(text);
     label->setFont(NSFont::systemFontOfSize(11));
-    label->setTextColor(NSColor::disabledControlTextColor());
+    label->setTextColor(Theme::current().color(ThemeRole::secondaryText));
     label->sizeToFit();
     return label;
 }
@@ -168,15 +169,16 @@ Ref<NSTextField> textField(std::string_view text, float width)
     return field;
 }
 
-Ref<NSView> captioned(std::string_view caption, Ref<NSView> const& view)
+Ref<NSView> captioned(std::string_view caption, Ref<NSView> const& view, float height)
 {
     auto const label = hint(caption);
     label->setAlignment(NSCenterTextAlignment);
     auto const size = view->frame().size();
     float const width = std::max(size.width, std::ceil(label->frame().width));
-    auto both = make<Captioned>(Rect { 0, 0, width, size.height + 18 });
-    view->setFrameOrigin({ std::floor((width - size.width) / 2), 0 });
-    label->setFrame({ 0, size.height + 3, width, 15 });
+    float const place = std::max(size.height, height);
+    auto both = make<Captioned>(Rect { 0, 0, width, place + 18 });
+    view->setFrameOrigin({ std::floor((width - size.width) / 2), std::floor((place - size.height) / 2) });
+    label->setFrame({ 0, place + 3, width, 15 });
     both->addSubview(*view);
     both->addSubview(*label);
     return both;

@@ -30,8 +30,8 @@ plix::Ref<plix::NSButton> checkBox(std::string_view title, std::function<void(bo
 plix::Ref<plix::NSTextField> hint(std::string_view text);
 /// A field of one line, in which a longer text scrolls.
 plix::Ref<plix::NSTextField> textField(std::string_view text, float width);
-/// The view with a hint below its middle.
-plix::Ref<plix::NSView> captioned(std::string_view caption, plix::Ref<plix::NSView> const&);
+/// The view with a hint below its middle. With a height it stands in the middle of that, for captions on one line.
+plix::Ref<plix::NSView> captioned(std::string_view caption, plix::Ref<plix::NSView> const&, float height = 0);
 /// The view as a picture of itself: it takes neither mouse nor keys.
 plix::Ref<plix::NSView> still(plix::Ref<plix::NSView> const&);
 /// On a strip of a light ground, for which engraved texts are coloured whatever the appearance.

@@ -22,6 +22,7 @@
 #include <plix/platform/graphics/NSFont.h>
 #include <plix/platform/graphics/NSGraphics.h>
 #include <plix/platform/graphics/NSImage.h>
+#include <plix/tables/HighlightGradient.h>
 #include <plix/tables/PLIXImageAndTextCell.h>
 #include <plix/tables/PLIXNSTableHeaderView.h>
 #include <plix/tables/PLIXOutlineView.h>
@@ -543,6 +544,33 @@ Ref<NSView> makeHighlightPainterPage()
     return form;
 }
 
+/// The image that selected rows are filled with, made for a height and kept.
+Ref<NSView> makeHighlightGradientPage()
+{
+    class Rows : public NSView {
+    public:
+        using NSView::init;
+        bool isFlipped() const override { return true; }
+        void drawRect(Rect) override
+        {
+            float y = 0;
+            for (float const height : { 14.0F, 17.0F, 20.0F, 28.0F, 40.0F }) {
+                auto const image = m_gradient.imageForRowHeight(height, HighlightGradient::Orientation::flipped);
+                image->drawInRect({ 0, y, 380, height }, {}, NSCompositeSourceOver, 1);
+                y += height + 12;
+            }
+        }
+
+    private:
+        HighlightGradient m_gradient;
+    };
+    auto const form = Form::page();
+    form->addRow("14 to 40 points", { make<Rows>(Rect { 0, 0, 380, 180 }) });
+    form->addNote("It is in the user’s highlight colour and lighter at the top, 64 points wide, and drawn as wide as the row.");
+    form->sizeToRows();
+    return form;
+}
+
 constexpr char source[] = "tables_pages.cpp";
 constexpr Page familyPages[] {
     { "NSTableView", "Table", tablesSection, source, makeNSTableViewPage },
@@ -557,6 +585,7 @@ constexpr Page familyPages[] {
     { "PLIXNSTableHeaderView", "Header that fits columns", tablesSection, source, makePLIXNSTableHeaderViewPage },
     { "PLIXImageAndTextCell", "Picture and text", tablesSection, source, makePLIXImageAndTextCellPage },
     { "HighlightPainter", "Highlights", tablesSection, source, makeHighlightPainterPage },
+    { "HighlightGradient", "Gradient of selected rows", tablesSection, source, makeHighlightGradientPage },
 };
 
 }

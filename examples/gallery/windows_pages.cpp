@@ -463,6 +463,34 @@ Ref<NSView> makeTQDateRangePanelPage()
     return form;
 }
 
+/// What a plug-in’s view must be besides to serve the panel: here the one that comes with the library.
+Ref<NSView> makeDateEntryPage()
+{
+    auto const form = Form::page();
+    auto const panel = make<TQDateRangePanel>();
+    Ref<NSView> const view(dynamic_cast<NSView*>(panel->fromObject()));
+    auto* const entry = dynamic_cast<DateEntry*>(view.get());
+    if (!entry) {
+        form->addNote("The plug-in “DatePicker” is not beside the program.");
+        form->sizeToRows();
+        return form;
+    }
+    view->removeFromSuperview();
+    view->setFrame({ 0, 0, 132, 22 });
+    entry->setDateValue(NSCalendarDate::dateWithYear(2027, 12, 28, 12, 0, 0));
+    form->addRow("An entry", { view, pushButton("Read", [view, entry, page = form.get()] {
+                                  page->setStatus(NSCalendarDate(entry->dateValue()).descriptionWithCalendarFormat("%Y-%m-%d"));
+                              }) });
+    auto const opens
+        = checkBox("Has a button that opens a calendar", [view, entry](bool isOn) { entry->setShowsDatePickerButton(isOn); });
+    opens->setState(NSOnState);
+    entry->setShowsDatePickerButton(true);
+    form->addRow("", { opens });
+    form->addStatus("Type a date, or open the calendar.");
+    form->sizeToRows();
+    return form;
+}
+
 Ref<NSView> makeTQLegacyDatePickerPage()
 {
     auto const form = Form::page();
@@ -522,6 +550,7 @@ constexpr Page familyPages[] {
     { "PLIXProgressWindowNIBLoader", "Loader of progress windows", windowsSection, source, makePLIXProgressWindowNIBLoaderPage },
     { "TQAlert", "Alert", windowsSection, source, makeTQAlertPage },
     { "TQDateRangePanel", "Range of dates", windowsSection, source, makeTQDateRangePanelPage },
+    { "DateEntry", "Field for a date", windowsSection, source, makeDateEntryPage },
     { "TQLegacyDatePicker", "Month, day and year", windowsSection, source, makeTQLegacyDatePickerPage },
     { "inspector", "Inspector", windowsSection, source, makeInspectorPage },
 };
