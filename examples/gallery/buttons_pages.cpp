@@ -112,7 +112,7 @@ Ref<NSView> makeNSButtonCellPage()
     held->setContinuous(true);
     held->setPeriodicDelay(0.4F, 0.1F);
     held->setActionFunction(
-        [page = form.get(), times = 0](NSObject*) mutable { page->setStatus("Fired " + std::to_string(++times) + " times"); });
+        [page = form.get(), times = 0](NSObject*) mutable { page->setStatus("Times fired: " + std::to_string(++times)); });
     form->addRow("Repeats", { held });
     form->addStatus("A cell draws a button and follows the mouse for it.");
     form->sizeToRows();

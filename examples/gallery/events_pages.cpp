@@ -337,7 +337,7 @@ Ref<NSView> makeNSApplicationPage()
     form->addRow("Windows", { pushButton("Count", [page = form.get()] {
         auto const* const key = NSApp->keyWindow();
         page->setStatus(
-            std::to_string(NSApp->windows().size()) + " windows; the keyboard is in “" + (key ? key->title() : "") + "”.");
+            "Windows: " + std::to_string(NSApp->windows().size()) + "; the keyboard is in “" + (key ? key->title() : "") + "”.");
     }) });
     form->addStatus("NSApp handles events, windows, sheets and the end.");
     form->sizeToRows();

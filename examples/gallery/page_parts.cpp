@@ -184,6 +184,14 @@ Ref<NSView> captioned(std::string_view caption, Ref<NSView> const& view, float h
     return both;
 }
 
+static void refuseKeyboard(NSView& view)
+{
+    if (auto* const control = dynamic_cast<NSControl*>(&view))
+        control->setRefusesFirstResponder(true);
+    for (auto const& subview : view.subviews())
+        refuseKeyboard(*subview);
+}
+
 Ref<NSView> still(Ref<NSView> const& view)
 {
     class Still : public NSView {
@@ -192,6 +200,7 @@ Ref<NSView> still(Ref<NSView> const& view)
         NSView* hitTest(Point) override { return nullptr; }
         bool performKeyEquivalent(NSEvent&) override { return false; }
     };
+    refuseKeyboard(*view);
     auto picture = make<Still>(rectWith({}, view->frame().size()));
     view->setFrameOrigin({});
     picture->addSubview(*view);

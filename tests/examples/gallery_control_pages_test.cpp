@@ -115,6 +115,8 @@ TEST_F(ControlPages, ButtonsSayWhatTheyAre)
     open("NSButton");
     press("Italic");
     EXPECT_TRUE(shows("NSButton: Italic"));
+    press("Brass");
+    EXPECT_EQ(button("Winds").state(), NSOffState);
     key(NSCarriageReturnCharacter);
     EXPECT_TRUE(shows("NSButton: Save"));
 }

@@ -61,6 +61,8 @@ void NSActionCell::sendAction()
         if (m_target.wasSet() && !target)
             return;
         auto const function = m_function; // the call may set another
+        if (Ref<NSControl> const control = m_control.get())
+            control->sendAction({}, target.get()); // nothing is sent, but radio buttons turn others off
         function(view.get());
     } else if (Ref<NSControl> const control = m_control.get()) {
         control->sendAction(m_action, target.get());

@@ -194,6 +194,25 @@ TEST_F(ButtonTest, RadioButtonsOfOneActionTurnEachOtherOff)
     EXPECT_EQ(group[2]->state(), NSOnState);
 }
 
+TEST_F(ButtonTest, RadioButtonsWhoseActionsAreFunctionsTurnEachOtherOffBefore)
+{
+    std::vector<Ref<NSButton>> group;
+    std::vector<int> onWhileCalled;
+    for (int i = 0; i < 3; ++i) {
+        group.push_back(addButton({ 20, 20 + 24.F * static_cast<float>(i), 120, 18 }, "Choice", NSRadioButton));
+        group.back()->setActionFunction([&](NSObject*) {
+            onWhileCalled.push_back(0);
+            for (auto const& one : group)
+                onWhileCalled.back() += one->state() == NSOnState ? 1 : 0;
+        });
+    }
+    clickCenter(*group[0]);
+    clickCenter(*group[2]);
+    EXPECT_EQ(group[0]->state(), NSOffState);
+    EXPECT_EQ(group[2]->state(), NSOnState);
+    EXPECT_EQ(onWhileCalled, (std::vector<int> { 1, 1 }));
+}
+
 TEST_F(ButtonTest, ARadioButtonThatIsOnStaysOn)
 {
     auto const radio = addButton({ 20, 20, 120, 18 }, "Choice", NSRadioButton);
