@@ -19,6 +19,7 @@
 #include <plix/platform/appkit/NSTableHeaderView.h>
 #include <plix/platform/appkit/NSTableView.h>
 #include <plix/platform/appkit/NSTextView.h>
+#include <plix/platform/foundation/NSRunLoop.h>
 
 #include <tests/support/HeadlessTest.h>
 
@@ -39,6 +40,10 @@ protected:
         closeInspector();
         for (auto const& window : app().windows())
             window->close();
+        m_window = nullptr;
+        // What was counting ends with its page.
+        pass(1);
+        EXPECT_FALSE(NSRunLoop::currentRunLoop().nextFireDate(NSDefaultRunLoopMode));
     }
 
     void open(std::string_view name)
@@ -466,7 +471,6 @@ TEST_F(ControlPages, EveryButtonOfEveryPageCanBePressed)
             if (auto* const sheet = window().attachedSheet())
                 app().endSheet(*sheet);
         }
-        window().close();
         TearDown();
     }
     EXPECT_GT(pressed, 100);
