@@ -15,6 +15,7 @@ constexpr double voicesPatience = 30;
 constexpr double beginPatience = 20;
 constexpr double cancelPatience = 3;
 constexpr double secondsBetweenPings = 2;
+constexpr std::size_t mostEarlyEvents = 100;
 
 // The slowest voices say some seven letters a second.
 double endPatience(std::string const& piece)
@@ -37,7 +38,7 @@ SsipSession::SsipSession(Introduction const& introduction, double now)
     queue(Kind::Setting, "SET SELF PRIORITY MESSAGE");
     queue(Kind::Setting, "SET SELF SSML_MODE OFF");
     if (!introduction.voice.empty())
-        queue(Kind::Setting, "SET SELF SYNTHESIS_VOICE " + ssipWord(introduction.voice));
+        queue(Kind::Setting, "SET SELF SYNTHESIS_VOICE " + ssipLine(introduction.voice));
     sendNext(now);
 }
 
@@ -126,6 +127,11 @@ std::optional<std::vector<SsipVoice>> SsipSession::takeVoices()
     return std::exchange(m_voices, std::nullopt);
 }
 
+bool SsipSession::takeVoicesRefusal()
+{
+    return std::exchange(m_hasRefusedVoices, false);
+}
+
 std::string SsipSession::takeOutput()
 {
     return std::exchange(m_output, {});
@@ -162,11 +168,19 @@ void SsipSession::takeReply(SsipReply const& reply, double now)
     } else if (command.kind == Kind::Speak || command.kind == Kind::Data) {
         takeDataReply(command, reply, now);
     } else if (command.kind == Kind::Voices) {
-        m_voices.emplace();
-        for (auto const& line : reply.lines) {
-            if (auto voice = ssipVoice(line))
-                m_voices->push_back(std::move(*voice));
-        }
+        takeVoicesReply(reply);
+    }
+}
+
+void SsipSession::takeVoicesReply(SsipReply const& reply)
+{
+    m_hasRefusedVoices = !reply.isSuccess();
+    if (m_hasRefusedVoices)
+        return;
+    m_voices.emplace();
+    for (auto const& line : reply.lines) {
+        if (auto voice = ssipVoice(line))
+            m_voices->push_back(std::move(*voice));
     }
 }
 
@@ -199,6 +213,8 @@ void SsipSession::takeEvent(Event const& event, double now)
         m_cancelled.erase(event.message);
     if (m_awaited && m_awaited->kind == Kind::Data && isCurrent(*m_awaited))
         m_earlyEvents.push_back(event);
+    if (m_earlyEvents.size() > mostEarlyEvents)
+        fail(Trouble::Silent);
 }
 
 void SsipSession::takeEventOfText(Event const& event, double now)

@@ -39,6 +39,8 @@ public:
     std::optional<bool> takeEnd();
     /// Once, when the list is there.
     std::optional<std::vector<SsipVoice>> takeVoices();
+    /// Once, when the service gave no list.
+    bool takeVoicesRefusal();
 
     void receive(std::string_view bytes, double now);
     std::string takeOutput();
@@ -80,6 +82,7 @@ private:
     void queuePiece();
     void sendNext(double now);
     void takeReply(SsipReply const&, double now);
+    void takeVoicesReply(SsipReply const&);
     void takeDataReply(Command const&, SsipReply const&, double now);
     void takeEvent(Event const&, double now);
     void takeEventOfText(Event const&, double now);
@@ -96,12 +99,13 @@ private:
     double m_nextPing { 0 };
     std::optional<Text> m_text;
     long m_lastText { 0 };
-    /// Events of messages whose number is not known yet.
+    /// Events of messages whose number is not known yet; a few, since only one message waits for its number.
     std::vector<Event> m_earlyEvents;
     /// What was begun and then cancelled, and when that has to be told.
     std::map<std::string, double> m_cancelled;
     std::optional<bool> m_end;
     std::optional<std::vector<SsipVoice>> m_voices;
+    bool m_hasRefusedVoices { false };
     Trouble m_trouble { Trouble::None };
 };
 

@@ -123,6 +123,14 @@ std::string ssipWord(std::string_view text)
     return word.empty() ? "x" : word;
 }
 
+std::string ssipLine(std::string_view text)
+{
+    std::string line(text);
+    std::replace_if(
+        line.begin(), line.end(), [](unsigned char byte) { return std::iscntrl(byte) != 0; }, '_');
+    return line;
+}
+
 std::vector<std::string> speechPieces(std::string_view text, std::size_t mostBytes)
 {
     std::vector<std::string> pieces;

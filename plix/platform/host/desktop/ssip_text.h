@@ -46,6 +46,9 @@ std::string ssipData(std::string_view text);
 /// A word that a command may hold: letters, digits, and "-", "_", ".", "+" as they are, "_" for each other byte; "x" for nothing.
 std::string ssipWord(std::string_view text);
 
+/// What may stand at the end of a command, which goes to the end of its line: as it is, but "_" for each control character.
+std::string ssipLine(std::string_view text);
+
 /// The text cut into pieces of at most that many bytes: behind a line or a sentence where there is one in the last half, else at a
 /// blank, else between two characters. Pieces with nothing to say are left out.
 std::vector<std::string> speechPieces(std::string_view text, std::size_t mostBytes);

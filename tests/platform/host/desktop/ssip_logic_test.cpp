@@ -83,6 +83,17 @@ TEST(SsipText, WordsHoldNothingThatCommandsAreMadeOf)
     EXPECT_EQ(ssipWord(""), "x");
 }
 
+TEST(SsipText, ARestOfALineKeepsAllButWhatEndsIt)
+{
+    EXPECT_EQ(ssipLine("English (America)"), "English (America)");
+    EXPECT_EQ(ssipLine("Fran\xC3\xA7"
+                       "ais \"1\""),
+        "Fran\xC3\xA7"
+        "ais \"1\"");
+    EXPECT_EQ(ssipLine("a\r\nSTOP ALL\t\x7F"), "a__STOP ALL__");
+    EXPECT_EQ(ssipLine(""), "");
+}
+
 TEST(SsipText, CutsPiecesWhereAPauseIsHeard)
 {
     struct Row {
@@ -207,7 +218,7 @@ protected:
 
 TEST(SsipSession, IntroducesItselfStepByStep)
 {
-    SsipSession session({ "me", "a b", "Klaus 2" }, 0);
+    SsipSession session({ "me", "a b", "Klaus (2)" }, 0);
     std::string all;
     for (auto output = session.takeOutput(); !output.empty(); output = session.takeOutput()) {
         all += output;
@@ -215,7 +226,7 @@ TEST(SsipSession, IntroducesItselfStepByStep)
     }
     EXPECT_EQ(all,
         "SET SELF CLIENT_NAME me:a_b:speech\r\nSET SELF NOTIFICATION ALL ON\r\nSET SELF PRIORITY MESSAGE\r\n"
-        "SET SELF SSML_MODE OFF\r\nSET SELF SYNTHESIS_VOICE Klaus_2\r\n");
+        "SET SELF SSML_MODE OFF\r\nSET SELF SYNTHESIS_VOICE Klaus (2)\r\n");
     EXPECT_EQ(session.trouble(), Trouble::None);
     EXPECT_FALSE(session.deadline());
 }
@@ -471,6 +482,28 @@ TEST_F(SsipSessionTest, ListsVoices)
     ASSERT_TRUE(voices);
     ASSERT_EQ(voices->size(), 2U);
     EXPECT_EQ(voices->back().name, "German");
+    EXPECT_FALSE(session.takeVoicesRefusal());
+}
+
+TEST_F(SsipSessionTest, AnErrorIsNoListOfVoices)
+{
+    session.listVoices(now);
+    output();
+    answer("304 ERR CANT LIST VOICES\r\n");
+    EXPECT_FALSE(session.takeVoices());
+    EXPECT_TRUE(session.takeVoicesRefusal());
+    EXPECT_FALSE(session.takeVoicesRefusal());
+}
+
+TEST_F(SsipSessionTest, EventsWithoutEndAreTrouble)
+{
+    session.speak("hello", now);
+    answer("230 OK RECEIVING DATA\r\n");
+    for (int i = 0; i < 100; ++i)
+        event(701, "7");
+    EXPECT_EQ(session.trouble(), Trouble::None);
+    event(701, "7");
+    EXPECT_EQ(session.trouble(), Trouble::Silent);
 }
 
 }
