@@ -11,6 +11,12 @@
 
 namespace plix {
 
+namespace {
+
+constexpr int mostPiecesAtOnce = 4;
+
+}
+
 DispatcherLine::~DispatcherLine()
 {
     close();
@@ -64,7 +70,7 @@ bool DispatcherLine::transfer(short revents, double now)
 bool DispatcherLine::read(double now)
 {
     char bytes[1 << 14];
-    while (true) {
+    for (int pieces = 0; pieces < mostPiecesAtOnce && m_session->trouble() == SsipSession::Trouble::None; ++pieces) {
         auto const size = ::recv(m_descriptor, bytes, sizeof bytes, 0);
         if (size > 0)
             m_session->receive({ bytes, static_cast<std::size_t>(size) }, now);
@@ -73,6 +79,7 @@ bool DispatcherLine::read(double now)
         else if (errno == EAGAIN)
             return true;
     }
+    return true;
 }
 
 bool DispatcherLine::write()

@@ -34,7 +34,7 @@ public:
 
     bool hasOutput() const { return !m_output.empty(); }
     pollfd interest() const;
-    /// Reads and writes what there is. False where the other side is gone.
+    /// Reads and writes some of what there is; a peer that never pauses holds nobody up. False where the other side is gone.
     bool transfer(short revents, double now);
     /// The process that listens; 0 where that is not known, or it belongs to another user.
     pid_t servicePid() const;

@@ -126,12 +126,16 @@ void DispatcherService::removeClosed()
 void DispatcherService::turn(double now)
 {
     m_nextAttempt.reset();
+    m_start.goOn(now);
+    if (anyoneHasWork())
+        askForSound(now);
     for (auto& [number, channel] : m_channels)
         turnChannel(number, *channel, now);
     removeClosed();
     if (!anyoneHasWork()) {
         m_sound.forget();
         m_soundDeadline.reset();
+        m_soundState = Sound::Unknown;
     }
 }
 
@@ -142,17 +146,19 @@ void DispatcherService::turnChannel(std::uint32_t number, Channel& channel, doub
     if (isGood && line.isOnline()) {
         auto& session = line.session();
         auto const due = session.deadline();
-        if (due && now >= *due && session.isWaitingToBegin() && m_options.mark->isHeldByOthers())
+        if (due && now >= *due && session.isWaitingToBegin() && isAnyoneHeardBefore(channel))
             session.waitLonger(now);
         session.tick(now);
         takeNews(number, channel);
         isGood = session.trouble() == SsipSession::Trouble::None;
     }
-    bool const isSoundLost = channel.utterance && m_sound.state() == SoundServerWatch::State::Missing;
+    bool const isSoundLost = channel.utterance && m_soundState == Sound::Missing;
     if (!isGood || (isSoundLost && line.isOnline()))
         lose(number, channel, now);
     if (channel.hasWork() && !line.isOnline())
         bringOnline(number, channel, now);
+    if (!channel.hasWork())
+        channel.deadline.reset();
     if (number == voicesChannel && !channel.hasWork())
         line.close();
     if (line.isOnline()) {
@@ -166,9 +172,10 @@ void DispatcherService::turnChannel(std::uint32_t number, Channel& channel, doub
 void DispatcherService::handOver(Channel& channel, double now)
 {
     auto& session = channel.line.session();
-    if (!channel.utterance) {
+    bool const isNew = channel.utterance && !channel.utterance->isHandedOver;
+    if (!channel.utterance || (isNew && m_soundState != Sound::There)) {
         session.stop(now);
-    } else if (!channel.utterance->isHandedOver) {
+    } else if (isNew) {
         channel.utterance->isHandedOver = true;
         session.speak(channel.utterance->text, now);
     }
@@ -186,6 +193,19 @@ void DispatcherService::takeNews(std::uint32_t number, Channel& channel)
         channel.wantsVoices = false;
         m_news.voices(std::move(voices));
     }
+    if (session.takeVoicesRefusal()) {
+        channel.wantsVoices = false;
+        m_news.voices(std::nullopt);
+    }
+}
+
+bool DispatcherService::isAnyoneHeardBefore(Channel const& channel) const
+{
+    auto const isHeard = [&channel](auto const& entry) {
+        auto const& other = std::as_const(*entry.second);
+        return &other != &channel && other.line.isOnline() && other.line.session().speakingSince();
+    };
+    return std::any_of(m_channels.begin(), m_channels.end(), isHeard) || m_options.mark->isHeldByOthers();
 }
 
 void DispatcherService::lose(std::uint32_t number, Channel& channel, double now)
@@ -211,9 +231,9 @@ void DispatcherService::lose(std::uint32_t number, Channel& channel, double now)
 void DispatcherService::endStuckService(Channel const& channel)
 {
     auto const service = channel.line.servicePid();
-    if (service > 1 && service == m_startedService)
+    if (service > 1 && service == m_start.startedService())
         ::kill(service, SIGKILL);
-    m_startedService = 0;
+    m_start.forgetService();
 }
 
 void DispatcherService::fail(std::uint32_t number, Channel& channel)
@@ -225,31 +245,29 @@ void DispatcherService::fail(std::uint32_t number, Channel& channel)
         m_news.voices(std::nullopt);
 }
 
-DispatcherService::Sound DispatcherService::askForSound(double now)
+void DispatcherService::askForSound(double now)
 {
     if (m_sound.state() == SoundServerWatch::State::Idle) {
         m_sound.ask();
         m_soundDeadline = now + soundPatience;
     }
-    switch (m_sound.state()) {
-    case SoundServerWatch::State::There:
+    auto const state = m_sound.state();
+    bool const isLate = m_soundDeadline && now >= *m_soundDeadline;
+    if (state == SoundServerWatch::State::There)
+        m_soundState = Sound::There;
+    else if (state == SoundServerWatch::State::Missing || isLate)
+        m_soundState = Sound::Missing;
+    if (m_soundState != Sound::Unknown)
         m_soundDeadline.reset();
-        return Sound::There;
-    case SoundServerWatch::State::Missing:
-        return Sound::Missing;
-    default:
-        return m_soundDeadline && now >= *m_soundDeadline ? Sound::Missing : Sound::Unknown;
-    }
 }
 
 void DispatcherService::bringOnline(std::uint32_t number, Channel& channel, double now)
 {
     if (!channel.deadline)
         channel.deadline = now + connectPatience;
-    auto const sound = askForSound(now);
-    if (sound == Sound::Missing || now >= *channel.deadline)
+    if (m_soundState == Sound::Missing || now >= *channel.deadline)
         fail(number, channel);
-    else if (sound == Sound::There)
+    else if (m_soundState == Sound::There)
         connect(number, channel, now);
 }
 
@@ -257,9 +275,7 @@ void DispatcherService::connect(std::uint32_t number, Channel& channel, double n
 {
     auto const attempt = channel.line.connect(m_options.socketPath, { m_options.user, m_options.application, channel.voice }, now);
     if (attempt == DispatcherLine::Attempt::Connected) {
-        if (m_start.look(now) == DispatcherStart::State::Started)
-            m_startedService = channel.line.servicePid();
-        m_start.noteReached();
+        m_start.noteReached(channel.line.servicePid());
         if (channel.wantsVoices)
             channel.line.session().listVoices(now);
         return;
@@ -267,7 +283,7 @@ void DispatcherService::connect(std::uint32_t number, Channel& channel, double n
     if (attempt == DispatcherLine::Attempt::NotThere) {
         if (m_options.start == DispatcherOptions::Start::WhereMissing)
             m_start.begin(m_options.socketPath, now);
-        auto const state = m_start.look(now);
+        auto const state = m_start.state();
         if (state == DispatcherStart::State::Idle || state == DispatcherStart::State::Failed) {
             fail(number, channel);
             return;

@@ -55,6 +55,8 @@ public:
     void stopAll();
     /// Whether the service knows all that was stopped.
     bool isIdle() const;
+    /// When turn() has something to do by itself.
+    std::optional<double> deadline() const;
     /// Sleeps until there is something to go on with, the descriptor can be read, or that time.
     void wait(int wakeDescriptor, double now, std::optional<double> end);
 
@@ -82,7 +84,7 @@ private:
     void turnChannel(std::uint32_t number, Channel&, double now);
     void bringOnline(std::uint32_t number, Channel&, double now);
     enum class Sound { There, Unknown, Missing };
-    Sound askForSound(double now);
+    void askForSound(double now);
     void connect(std::uint32_t number, Channel&, double now);
     void handOver(Channel&, double now);
     void takeNews(std::uint32_t number, Channel&);
@@ -90,15 +92,14 @@ private:
     void fail(std::uint32_t number, Channel&);
     void endStuckService(Channel const&);
     bool anyoneHasWork() const;
-    std::optional<double> deadline() const;
+    bool isAnyoneHeardBefore(Channel const&) const;
 
     DispatcherOptions m_options;
     News m_news;
     std::map<std::uint32_t, std::unique_ptr<Channel>> m_channels;
     SoundServerWatch m_sound;
+    Sound m_soundState { Sound::Unknown };
     DispatcherStart m_start;
-    /// The process that was started from here; it may be ended from here when it hangs.
-    pid_t m_startedService { 0 };
     std::optional<double> m_nextAttempt;
     std::optional<double> m_soundDeadline;
 };

@@ -1,6 +1,7 @@
 #include <plix/platform/host/desktop/DispatcherStart.h>
 
 #include <csignal>
+#include <utility>
 
 #include <cerrno>
 #include <fcntl.h>
@@ -62,7 +63,8 @@ void DispatcherStart::enter(State state, double until)
 
 void DispatcherStart::begin(std::string const& socketPath, double now)
 {
-    if (look(now) != State::Idle)
+    goOn(now);
+    if (m_state != State::Idle)
         return;
     m_starter = socketPath.empty() ? -1 : spawnStarter(socketPath);
     m_nextLook = now + secondsBetweenLooks;
@@ -86,9 +88,24 @@ void DispatcherStart::waitForStarter(double now)
     bool const isGood = ended > 0 ? WIFEXITED(status) && WEXITSTATUS(status) == 0 : ended < 0;
     m_starter = -1;
     enter(isGood ? State::Started : State::Failed, now + (isGood ? listenPatience : secondsBetweenStarts));
+    if (auto const reached = std::exchange(m_reached, std::nullopt)) {
+        m_startedService = isGood ? *reached : 0;
+        m_state = State::Idle;
+    }
 }
 
-DispatcherStart::State DispatcherStart::look(double now)
+void DispatcherStart::noteReached(pid_t service)
+{
+    if (m_state == State::Starting) {
+        m_reached = service;
+        return;
+    }
+    if (m_state == State::Started)
+        m_startedService = service;
+    m_state = State::Idle;
+}
+
+void DispatcherStart::goOn(double now)
 {
     m_nextLook = now + secondsBetweenLooks;
     if (m_state == State::Starting)
@@ -97,14 +114,11 @@ DispatcherStart::State DispatcherStart::look(double now)
         enter(State::Failed, now + secondsBetweenStarts);
     if (m_state == State::Failed && now >= m_until)
         m_state = State::Idle;
-    return m_state;
 }
 
 std::optional<double> DispatcherStart::deadline() const
 {
-    if (m_state == State::Starting || m_state == State::Started)
-        return m_nextLook;
-    return std::nullopt;
+    return m_state == State::Starting ? std::optional(m_nextLook) : std::nullopt;
 }
 
 }

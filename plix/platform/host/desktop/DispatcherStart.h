@@ -24,11 +24,16 @@ public:
 
     /// Nothing while it is starting, or failed a moment ago.
     void begin(std::string const& socketPath, double now);
-    State look(double now);
-    /// When to look again.
+    /// Takes note of what the starter did, and ends one that takes too long.
+    void goOn(double now);
+    State state() const { return m_state; }
+    /// When to go on.
     std::optional<double> deadline() const;
-    /// It could be reached: the next time it is missing it may be started at once.
-    void noteReached() { m_state = State::Idle; }
+    /// The service with that number could be reached: the next time it is missing it may be started at once.
+    void noteReached(pid_t service);
+    /// The service that was started from here; it may be ended from here when it hangs. 0 for none.
+    pid_t startedService() const { return m_startedService; }
+    void forgetService() { m_startedService = 0; }
 
 private:
     void enter(State, double until);
@@ -38,6 +43,9 @@ private:
     pid_t m_starter { -1 };
     double m_until { 0 };
     double m_nextLook { 0 };
+    pid_t m_startedService { 0 };
+    /// What could be reached while its starter had not ended yet.
+    std::optional<pid_t> m_reached;
 };
 
 }

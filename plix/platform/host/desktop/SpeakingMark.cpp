@@ -1,10 +1,8 @@
 #include <plix/platform/host/desktop/SpeakingMark.h>
 
-#include <cerrno>
 #include <utility>
 
 #include <fcntl.h>
-#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -12,10 +10,13 @@ namespace plix {
 
 namespace {
 
-/// Waits where another has the file alone, which it has for a moment only.
-void share(int descriptor)
+/// Of the whole file, and of this one opening of it.
+flock lockOf(short kind)
 {
-    while (::flock(descriptor, LOCK_SH) != 0 && errno == EINTR) { }
+    flock lock {};
+    lock.l_type = kind;
+    lock.l_whence = SEEK_SET;
+    return lock;
 }
 
 }
@@ -40,29 +41,21 @@ bool SpeakingMark::open()
 
 void SpeakingMark::setHeld(bool held)
 {
-    std::lock_guard const lock(m_mutex);
+    std::lock_guard const guard(m_mutex);
     if (m_isHeld == held || !open())
         return;
-    m_isHeld = held;
-    if (held)
-        share(m_descriptor);
-    else
-        ::flock(m_descriptor, LOCK_UN);
+    auto lock = lockOf(held ? F_RDLCK : F_UNLCK);
+    m_isHeld = ::fcntl(m_descriptor, F_OFD_SETLK, &lock) == 0 && held;
 }
 
 bool SpeakingMark::isHeldByOthers()
 {
-    std::lock_guard const lock(m_mutex);
+    std::lock_guard const guard(m_mutex);
     if (!open())
         return false;
-    // Only one that nobody else holds can be had alone.
-    bool const isAlone = ::flock(m_descriptor, LOCK_EX | LOCK_NB) == 0;
-    // What was held is lost also where that failed.
-    if (m_isHeld)
-        share(m_descriptor);
-    else
-        ::flock(m_descriptor, LOCK_UN);
-    return !isAlone;
+    // Who holds it shares it; to have it alone is only asked for, never done, so that who looks disturbs nobody.
+    auto lock = lockOf(F_WRLCK);
+    return ::fcntl(m_descriptor, F_OFD_GETLK, &lock) == 0 && lock.l_type != F_UNLCK;
 }
 
 }

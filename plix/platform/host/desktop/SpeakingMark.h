@@ -6,7 +6,8 @@
 namespace plix {
 
 /// Tells the programs of a user of each other that one is speaking: a lock on a file that each of them may hold, and that the
-/// system takes from a program that ends, however it ends. Without such a file nobody is seen. May be used by any thread.
+/// system takes from a program that ends, however it ends. Without such a file nobody is seen. Never waits. May be used by any
+/// thread.
 class SpeakingMark {
 public:
     /// The file is made where it is missing, when it is first wanted; "" for none.

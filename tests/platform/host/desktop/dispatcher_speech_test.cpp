@@ -3,15 +3,14 @@
 #include <plix/platform/appkit/NSSpeechSynthesizer.h>
 #include <plix/speech/PLIXSpeechSynthesizer.h>
 #include <tests/support/SpeakingHost.h>
+#include <tests/support/StandInService.h>
 
 #include <gmock/gmock.h>
 
 #include <algorithm>
-#include <chrono>
+#include <atomic>
 #include <csignal>
-#include <cstdlib>
-#include <filesystem>
-#include <future>
+#include <thread>
 
 #include <fcntl.h>
 #include <sys/file.h>
@@ -207,6 +206,9 @@ TEST_F(DispatcherSpeechTest, AServiceThatIsRestartedBetweenTwoTextsIsNotNoticed)
 TEST_F(DispatcherSpeechTest, ASoundServerThatIsKilledIsSoonNotSpeakingAndSpeaksWhenItIsBack)
 {
     auto const channel = open();
+    // What watches the sound server does so for each text of a connection.
+    speech().start(channel, "one");
+    EXPECT_TRUE(runUntil([&] { return !speech().isSpeaking(channel); }));
     speech().start(channel, longText);
     runFor(2);
     EXPECT_TRUE(speech().isSpeaking(channel));
@@ -274,29 +276,15 @@ TEST_F(DispatcherSpeechTest, StartsTheServiceWhereNobodyListens)
     EXPECT_TRUE(speaksToTheEnd("hello from a service that was started"));
 }
 
-/// A program named as the service's, first in the path.
-class StandInService {
-public:
-    explicit StandInService(std::string const& script)
-    {
-        auto const path = m_folder.write("speech-dispatcher", script);
-        std::filesystem::permissions(path, std::filesystem::perms::owner_all);
-    }
-    std::string socketPath() const { return m_folder / "socket"; }
-    std::string text(std::string_view name) const { return m_folder.read(name); }
-
-private:
-    TestFolder m_folder;
-    EnvironmentVariable m_path { "PATH", m_folder.path() + ':' + std::getenv("PATH") };
-};
-
-/// Begins to speak and never ends, whatever it is told; writes its number to a file, and gives up by itself after a minute.
+/// Begins to speak and never ends, whatever it is told; writes its number to a file, and gives up by itself after a minute. It
+/// listens before its starter has ended.
 constexpr char const* stuckService = R"(#!/usr/bin/env python3
-import os, signal, socket, sys
+import os, signal, socket, sys, time
 path = sys.argv[-1]
 listener = socket.socket(socket.AF_UNIX)
 if os.fork():
     os.wait()
+    time.sleep(1)
     sys.exit(0)
 if os.fork():
     sys.exit(0)
@@ -422,20 +410,44 @@ TEST(SpeakingMark, IsSeenByOthersAsLongAsItIsHeld)
     EXPECT_TRUE(one.isHeldByOthers());
 }
 
-TEST(SpeakingMark, IsHeldOnceAnotherHasLooked)
+TEST(SpeakingMark, WaitsForNobody)
 {
     TestFolder const folder;
     auto const path = folder.write("mark");
-    // One that looks has the file alone.
-    int const looking = ::open(path.c_str(), O_RDWR | O_CLOEXEC);
-    ASSERT_EQ(::flock(looking, LOCK_EX | LOCK_NB), 0);
+    // Another program has the file alone, and keeps it.
+    int const other = ::open(path.c_str(), O_RDWR | O_CLOEXEC);
+    ASSERT_EQ(::flock(other, LOCK_EX | LOCK_NB), 0);
     SpeakingMark one(path);
     SpeakingMark two(path);
-    auto held = std::async(std::launch::async, [&] { one.setHeld(true); });
-    EXPECT_EQ(held.wait_for(std::chrono::milliseconds(50)), std::future_status::timeout);
-    ::close(looking);
-    held.get();
+    one.setHeld(true);
     EXPECT_TRUE(two.isHeldByOthers());
+    EXPECT_FALSE(one.isHeldByOthers());
+    ::close(other);
+}
+
+TEST(SpeakingMark, WhoLooksIsNotSeenAndHidesNobody)
+{
+    TestFolder const folder;
+    SpeakingMark looking(folder / "mark");
+    SpeakingMark two(folder / "mark");
+    SpeakingMark three(folder / "mark");
+    std::atomic<bool> isOver { false };
+    std::thread eye([&] {
+        while (!isOver)
+            looking.isHeldByOthers();
+    });
+    int falselySeen = 0;
+    int notSeen = 0;
+    for (int i = 0; i < 5000; ++i) {
+        falselySeen += two.isHeldByOthers() ? 1 : 0;
+        three.setHeld(true);
+        notSeen += two.isHeldByOthers() ? 0 : 1;
+        three.setHeld(false);
+    }
+    isOver = true;
+    eye.join();
+    EXPECT_EQ(falselySeen, 0);
+    EXPECT_EQ(notSeen, 0);
 }
 
 TEST(SpeakingMark, WithoutAFileNobodyIsSeen)

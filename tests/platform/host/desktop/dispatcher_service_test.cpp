@@ -1,0 +1,233 @@
+#ifdef PLIX_SPEECH
+
+#include <plix/platform/host/desktop/DispatcherService.h>
+#include <tests/support/ChildProcess.h>
+#include <tests/support/StandInService.h>
+
+#include <gmock/gmock.h>
+
+#include <csignal>
+#include <cstring>
+
+#include <poll.h>
+#include <sys/ioctl.h>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+namespace plix {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+/// A socket of the service's, answered by the test's hand.
+class Listener {
+public:
+    explicit Listener(std::string const& path)
+    {
+        sockaddr_un address {};
+        address.sun_family = AF_UNIX;
+        std::strncpy(address.sun_path, path.c_str(), sizeof address.sun_path - 1);
+        EXPECT_EQ(::bind(m_descriptor, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
+        EXPECT_EQ(::listen(m_descriptor, 8), 0);
+    }
+    ~Listener()
+    {
+        for (auto const& client : m_clients)
+            ::close(client.descriptor);
+        ::close(m_descriptor);
+    }
+    Listener(Listener const&) = delete;
+    Listener& operator=(Listener const&) = delete;
+
+    /// Answers all that was asked: each text gets a number, and nothing begins.
+    void answer()
+    {
+        if (int const client = ::accept4(m_descriptor, nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK); client >= 0)
+            m_clients.push_back({ client, {} });
+        for (auto& client : m_clients)
+            answer(client);
+    }
+    void send(std::size_t client, std::string const& bytes) { write(m_clients.at(client).descriptor, bytes); }
+    std::size_t clientCount() const { return m_clients.size(); }
+    /// The texts that came, in order.
+    std::vector<std::string> const& texts() const { return m_texts; }
+
+private:
+    struct Client {
+        int descriptor;
+        std::string rest;
+        bool isTakingText { false };
+    };
+
+    void answer(Client& client)
+    {
+        char bytes[4096];
+        for (auto size = ::recv(client.descriptor, bytes, sizeof bytes, 0); size > 0;
+             size = ::recv(client.descriptor, bytes, sizeof bytes, 0))
+            client.rest.append(bytes, static_cast<std::size_t>(size));
+        for (auto end = client.rest.find("\r\n"); end != std::string::npos; end = client.rest.find("\r\n")) {
+            auto const line = client.rest.substr(0, end);
+            client.rest.erase(0, end + 2);
+            answer(client, line);
+        }
+    }
+    void answer(Client& client, std::string const& line)
+    {
+        if (client.isTakingText && line != ".") {
+            m_texts.push_back(line);
+        } else if (client.isTakingText) {
+            client.isTakingText = false;
+            auto const number = std::to_string(m_texts.size());
+            write(client.descriptor, "225-" + number + "\r\n225 OK\r\n");
+        } else {
+            client.isTakingText = line == "SPEAK";
+            write(client.descriptor, client.isTakingText ? "230 OK\r\n" : "200 OK\r\n");
+        }
+    }
+    static void write(int descriptor, std::string const& bytes) { ::send(descriptor, bytes.data(), bytes.size(), MSG_NOSIGNAL); }
+
+    int m_descriptor { ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0) };
+    std::vector<Client> m_clients;
+    std::vector<std::string> m_texts;
+};
+
+/// A service whose time the test lets pass, with a real sound server.
+class DispatcherServiceTest : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        if (!PulseServer::isInstalled())
+            GTEST_SKIP() << "no sound server is installed";
+        sound = std::make_unique<PulseServer>();
+    }
+    void make(std::string const& socketPath, DispatcherOptions::Start start)
+    {
+        DispatcherOptions options { "tester", "test", socketPath, start, std::make_shared<SpeakingMark>("") };
+        service = std::make_unique<DispatcherService>(
+            options, DispatcherService::News { [this](std::uint32_t channel, long, bool) { ended.push_back(channel); }, {} });
+    }
+    bool turnUntil(std::function<bool()> const& condition, Listener* listener = nullptr)
+    {
+        return waitUntil([&] {
+            turn(listener);
+            return condition();
+        });
+    }
+    void turn(Listener* listener = nullptr)
+    {
+        if (listener)
+            listener->answer();
+        service->turn(now);
+        service->wait(-1, now, now);
+    }
+
+    double now { 1000 };
+    std::unique_ptr<PulseServer> sound;
+    std::unique_ptr<DispatcherService> service;
+    std::vector<std::uint32_t> ended;
+};
+
+constexpr char const* slowStarter = "#!/bin/sh\necho $$ > \"${0%/*}/pid\"\nexec tail -f /dev/null\n";
+
+TEST_F(DispatcherServiceTest, ATextThatIsStoppedWhileTheServiceStartsLeavesNothingBehind)
+{
+    StandInService const standIn(slowStarter);
+    make(standIn.socketPath(), DispatcherOptions::Start::WhereMissing);
+    service->open(1, "");
+    service->speak(1, 1, "hello");
+    ASSERT_TRUE(turnUntil([&] { return standIn.text("pid").ends_with('\n'); }));
+    service->stop(1);
+    turn();
+    now += 9;
+    turn();
+    ASSERT_TRUE(service->deadline());
+    EXPECT_GT(*service->deadline(), now);
+    // The starter is given up with nobody left who wants it.
+    now += 2;
+    turn();
+    EXPECT_NE(::kill(std::stoi(standIn.text("pid")), 0), 0);
+    EXPECT_FALSE(service->deadline());
+    now += 10;
+    Listener listener(standIn.socketPath());
+    service->speak(1, 2, "again");
+    EXPECT_TRUE(turnUntil([&] { return !listener.texts().empty(); }, &listener));
+    EXPECT_THAT(ended, IsEmpty());
+}
+
+TEST_F(DispatcherServiceTest, ATextBehindAnotherOfThisProgramWaitsForItsTurn)
+{
+    TestFolder const folder;
+    Listener listener(folder / "socket");
+    make(folder / "socket", DispatcherOptions::Start::Never);
+    for (std::uint32_t channel : { 1U, 2U }) {
+        service->open(channel, "");
+        service->speak(channel, channel, "text " + std::to_string(channel));
+        ASSERT_TRUE(turnUntil([&] { return listener.texts().size() == channel; }, &listener));
+    }
+    EXPECT_THAT(listener.texts(), ElementsAre("text 1", "text 2"));
+    std::string const paused = "701-1\r\n701-1\r\n701 BEGIN\r\n704-1\r\n704-1\r\n704 PAUSED\r\n";
+    listener.send(0, paused);
+    for (int second = 0; second < 60; ++second) {
+        turn(&listener);
+        now += 1;
+    }
+    turn(&listener);
+    EXPECT_THAT(ended, IsEmpty());
+    listener.send(0, "705-1\r\n705-1\r\n705 RESUMED\r\n702-1\r\n702-1\r\n702 END\r\n");
+    EXPECT_TRUE(turnUntil([&] { return !ended.empty(); }, &listener));
+    for (int second = 0; second < 45; ++second) {
+        turn(&listener);
+        now += 1;
+    }
+    EXPECT_THAT(ended, ElementsAre(1U, 2U));
+}
+
+TEST(DispatcherLine, APeerThatNeverPausesHoldsNobodyUp)
+{
+    TestFolder const folder;
+    Listener listener(folder / "socket");
+    DispatcherLine line;
+    ASSERT_EQ(line.connect(folder / "socket", { "me", "test", "" }, 0), DispatcherLine::Attempt::Connected);
+    listener.answer();
+    std::string events;
+    while (events.size() < (100U << 10))
+        events += "701-1\r\n701-1\r\n701 BEGIN\r\n";
+    listener.send(0, events);
+    int unread = 0;
+    EXPECT_TRUE(line.transfer(POLLIN, 0));
+    EXPECT_EQ(::ioctl(line.interest().fd, FIONREAD, &unread), 0);
+    EXPECT_GT(unread, 0);
+    EXPECT_TRUE(line.transfer(POLLIN, 0));
+    EXPECT_EQ(::ioctl(line.interest().fd, FIONREAD, &unread), 0);
+    EXPECT_EQ(unread, 0);
+    // One that talks nonsense is not listened to.
+    listener.send(0, std::string(60U << 10, '\n'));
+    EXPECT_TRUE(line.transfer(POLLIN, 0));
+    EXPECT_EQ(line.session().trouble(), SsipSession::Trouble::Silent);
+    EXPECT_EQ(::ioctl(line.interest().fd, FIONREAD, &unread), 0);
+    EXPECT_GT(unread, 0);
+}
+
+TEST(DispatcherStart, AProgramThatFailsIsLeftAloneForAWhile)
+{
+    StandInService const standIn("#!/bin/sh\necho run >> \"${0%/*}/runs\"\nexit 1\n");
+    DispatcherStart start;
+    start.begin(standIn.socketPath(), 100);
+    EXPECT_EQ(start.state(), DispatcherStart::State::Starting);
+    EXPECT_TRUE(waitUntil([&] {
+        start.goOn(101);
+        return start.state() == DispatcherStart::State::Failed;
+    }));
+    start.begin(standIn.socketPath(), 105.9);
+    EXPECT_EQ(start.state(), DispatcherStart::State::Failed);
+    start.begin(standIn.socketPath(), 106.1);
+    EXPECT_EQ(start.state(), DispatcherStart::State::Starting);
+    EXPECT_TRUE(waitUntil([&] { return standIn.text("runs") == "run\nrun\n"; }));
+}
+
+}
+}
+
+#endif
