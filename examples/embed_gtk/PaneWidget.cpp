@@ -174,8 +174,8 @@ void PaneWidget::snapshot(GtkSnapshot* snapshot)
         return;
     notePlace();
     plix::drawEmbeddedWindow(*m_place);
-    auto const bounds = GRAPHENE_RECT_INIT(
-        0, 0, static_cast<float>(gtk_widget_get_width(m_widget)), static_cast<float>(gtk_widget_get_height(m_widget)));
+    graphene_rect_t const bounds { { 0, 0 },
+        { static_cast<float>(gtk_widget_get_width(m_widget)), static_cast<float>(gtk_widget_get_height(m_widget)) } };
     auto* const context = gtk_snapshot_append_cairo(snapshot, &bounds);
     paintPixels(context, m_place->shownPixels());
     cairo_destroy(context);

@@ -74,11 +74,10 @@ void PaneWindow::visibilityChanged()
     }
     auto const* const modal = plix::NSApp ? plix::NSApp->modalWindow() : nullptr;
     gtk_window_set_modal(m_window, modal && modal->hostWindow() == this ? 1 : 0);
-    auto const* const above = parent() ? parent() : m_display.focusedWindow();
-    if (auto const* const pane = dynamic_cast<PaneWindow const*>(above); pane && pane != this) {
-        auto* const root = gtk_widget_get_root(pane->m_pane->widget());
-        gtk_window_set_transient_for(m_window, instanceOf<GtkWindow>(root, GTK_TYPE_WINDOW));
-    }
+    auto* const above = m_display.surfaceFor(parent());
+    auto* const window = instanceOf<GtkWindow>(above ? gtk_native_get_for_surface(above) : nullptr, GTK_TYPE_WINDOW);
+    if (window && window != m_window)
+        gtk_window_set_transient_for(m_window, window);
     gtk_window_present(m_window);
 }
 

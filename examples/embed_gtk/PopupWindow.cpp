@@ -65,16 +65,13 @@ void PopupWindow::visibilityChanged()
         return;
     m_surface = gdk_surface_new_popup(parent, 0);
     m_context = gdk_surface_create_cairo_context(m_surface);
-    auto const render = +[](GdkSurface*, cairo_region_t* region, PopupWindow* self) -> gboolean {
-        self->render(region);
+    auto const render = +[](GdkSurface*, cairo_region_t*, PopupWindow* self) -> gboolean {
+        self->render();
         return 1;
     };
     auto const event = +[](GdkSurface*, GdkEvent* happened, PopupWindow* self) -> gboolean {
         return self->m_display.takePointerEvent(self, happened) ? 1 : 0;
     };
-    // What was asked for before the surface had its size was asked for a part of it.
-    auto const layout = +[](GdkSurface* surface, int, int, PopupWindow*) { gdk_surface_queue_render(surface); };
-    g_signal_connect(m_surface, "layout", reinterpret_cast<GCallback>(layout), this);
     g_signal_connect(m_surface, "render", reinterpret_cast<GCallback>(render), this);
     g_signal_connect(m_surface, "event", reinterpret_cast<GCallback>(event), this);
     present();
@@ -91,12 +88,16 @@ void PopupWindow::present()
     gdk_surface_queue_render(m_surface);
 }
 
-void PopupWindow::render(cairo_region_t const* region)
+void PopupWindow::render()
 {
     placed(contentRect(), scaleOf(m_surface));
     plix::drawEmbeddedWindow(*this);
     auto* const drawing = instanceOf<GdkDrawContext>(m_context, GDK_TYPE_DRAW_CONTEXT);
+    // GDK's own region has what the window system has lost, not what has been drawn.
+    cairo_rectangle_int_t const all { 0, 0, gdk_surface_get_width(m_surface), gdk_surface_get_height(m_surface) };
+    auto* const region = cairo_region_create_rectangle(&all);
     gdk_draw_context_begin_frame(drawing, region);
+    cairo_region_destroy(region);
     if (auto* const context = gdk_cairo_context_cairo_create(m_context)) {
         paintPixels(context, shownPixels());
         cairo_destroy(context);

@@ -28,7 +28,7 @@ protected:
 
 private:
     void present();
-    void render(cairo_region_t const*);
+    void render();
     void dropSurface();
 
     PaneDisplay& m_display;

@@ -177,8 +177,10 @@ char const* nameOf(plix::CursorShape shape)
 long unitsOf(char const* text, int characters)
 {
     long units = 0;
-    for (auto const* at = text; *at != 0 && characters > 0; at = g_utf8_next_char(at), --characters)
+    for (auto const* at = text; *at != 0 && characters > 0; --characters) {
         units += g_utf8_get_char(at) > 0xFFFF ? 2 : 1;
+        at += g_utf8_skip[static_cast<guchar>(*at)];
+    }
     return units;
 }
 

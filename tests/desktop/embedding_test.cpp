@@ -1,3 +1,5 @@
+#if defined(PLIX_EMBED_QT) || defined(PLIX_EMBED_GTK)
+
 #include <tests/desktop/support/DesktopTest.h>
 
 #include <vector>
@@ -152,6 +154,11 @@ TEST_P(EmbeddedTree, ThePopUpIsChosenFromWithKeys)
     open();
     clickOn("popup");
     ASSERT_TRUE(waitForMenu(true));
+    // All of it is there: beside the last item's text there is the menu's ground to the right end.
+    auto const menu = where("menu");
+    auto const last = menu.y + menu.height / 3;
+    auto const ground = colourOnScreen(display().name(), menu.x - menu.width / 2 + 4, last);
+    EXPECT_TRUE(waitForPixel(menu.x + menu.width / 2 - 4, last, ground));
     screenshot("menu");
     press("Down");
     press("Return");
@@ -347,3 +354,5 @@ INSTANTIATE_TEST_SUITE_P(In, EmbeddedTree, testing::ValuesIn(s_toolkits), [](aut
 
 }
 }
+
+#endif

@@ -30,7 +30,7 @@ public:
         , m_commands {
             { "where", [this](std::istream& words) { tellPlace(rest(words)); } },
             { "state", [this](std::istream&) { tellState(); } },
-            { "alert", [this](std::istream&) { runAlert(); } },
+            { "alert", [](std::istream&) { runAlert(); } },
             { "sync", [](std::istream& words) { report("sync " + rest(words)); } },
             { "destroy", [this](std::istream&) { destroySoon(); } },
         }
