@@ -184,9 +184,14 @@ def gallery_pages():
     return names
 
 
+def is_class_page(name):
+    """Topics are in lower case, but for abbreviations: "image_views", "CSV", "XML_path"."""
+    return name[0].isupper() and "_" not in name and not name.isupper()
+
+
 def pictures():
     """Which pages of the gallery show a class: its own, and those that pictures.txt adds."""
-    pages = {name: [name] for name in gallery_pages() if name[0].isupper()}
+    pages = {name: [name] for name in gallery_pages() if is_class_page(name)}
     for name, added in own_lines().items():
         pages[name] = pages.get(name, []) + [page for page in added if page != "-"]
     return pages

@@ -253,7 +253,8 @@ void GalleryController::showPage(Page const& page)
 
 void GalleryController::showHeader()
 {
-    std::string const name = isClassPage(*m_page) ? std::string(m_page->name) + " \u00B7 " : "";
+    std::string const name
+        = isClassPage(*m_page) && m_page->title != std::string_view(m_page->name) ? std::string(m_page->name) + " \u00B7 " : "";
     m_header->show(m_page->title, name + m_page->section);
 }
 

@@ -1,6 +1,7 @@
 #include "menus_pages.h"
 #include "Form.h"
 #include "page_parts.h"
+#include "value_text.h"
 
 #include <plix/platform/appkit/MenuView.h>
 #include <plix/platform/appkit/NSMenu.h>
@@ -161,10 +162,46 @@ Ref<NSView> makeNSMenuValidationPage()
     return form;
 }
 
+Ref<NSView> makeMenuViewPage()
+{
+    auto const menu = make<NSMenu>("Keys");
+    menu->setAutoenablesItems(false);
+    for (char const* note : { "C", "D", "E", "", "F", "G", "A", "B", "", "C major", "A minor", "E minor", "G major" }) {
+        if (*note)
+            menu->addItemWithTitle(note, {}, "");
+        else
+            menu->addItem(*NSMenuItem::separatorItem());
+    }
+    menu->itemAtIndex(2)->setEnabled(false);
+    auto const whole = make<MenuView>(menu, Ref<NSFont>(), 120.0F);
+    whole->setFrameSize(whole->layout().size);
+    auto const part = make<MenuView>(menu, NSFont::menuFontOfSize(11), 160.0F);
+    part->setFrameSize({ part->layout().size.width, 130 });
+    auto const form = Form::page();
+    auto const go = [whole, part, form = form.get()](long step) {
+        long index = part->highlightedIndex();
+        do
+            index += step;
+        while (index >= 0 && index < part->shownMenu().numberOfItems() && !part->canHighlight(index));
+        if (!part->canHighlight(index))
+            return;
+        whole->highlight(index, MenuView::Reveal::no);
+        part->highlight(index, MenuView::Reveal::yes);
+        form->setStatus("Item " + std::to_string(index) + ", scrolled to " + valueText(part->scrolled()));
+    };
+    form->addRow("Open", { still(whole), still(part) });
+    form->addRow("Go", { pushButton("Up", [go] { go(-1); }), pushButton("Down", [go] { go(1); }) });
+    form->addStatus("What is lower than its menu scrolls to what is lit.");
+    go(1);
+    form->sizeToRows();
+    return form;
+}
+
 constexpr char source[] = "menus_pages.cpp";
 constexpr Page familyPages[] {
     { "NSMenu", "Menu", controlsSection, source, makeNSMenuPage },
     { "NSMenuItem", "Menu item", controlsSection, source, makeNSMenuItemPage },
+    { "MenuView", "View of an open menu", controlsSection, source, makeMenuViewPage },
     { "NSMenuValidation", "Enabling menu items", controlsSection, source, makeNSMenuValidationPage },
 };
 

@@ -157,7 +157,9 @@ Page const* pageNamed(std::span<Page const> pages, std::string_view name)
 
 bool isClassPage(Page const& page)
 {
-    return std::isupper(static_cast<unsigned char>(page.name[0])) != 0;
+    std::string_view const name = page.name;
+    auto const isLower = [](unsigned char character) { return std::islower(character) != 0; };
+    return !isLower(static_cast<unsigned char>(name.front())) && name.find('_') == name.npos && std::ranges::any_of(name, isLower);
 }
 
 std::string_view listedName(Page const& page)

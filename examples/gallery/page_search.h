@@ -21,6 +21,7 @@ std::string_view wordsOfPage(std::string_view name);
 Page const* pageNamed(std::span<Page const>, std::string_view name);
 /// What the list says of a page: classes by their names, others by their titles.
 std::string_view listedName(Page const&);
+/// Topics are in lower case, but for abbreviations: "image_views", "CSV", "XML_path".
 bool isClassPage(Page const&);
 
 }

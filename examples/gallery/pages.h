@@ -17,7 +17,7 @@ namespace gallery {
 
 /// One page: a view of its own size that shows a subject in all its states.
 struct Page {
-    char const* name; ///< a class's name, or a topic in lower case; also of the files it is dumped to
+    char const* name; ///< a class's name, or a topic (image_views, CSV); also of the files it is dumped to
     char const* title;
     char const* section; ///< its heading in the list
     char const* source; ///< the file of this folder that makeView is in

@@ -116,11 +116,15 @@ TEST_F(GalleryLivePages, TheTimerCountsUntilItIsStopped)
 
 TEST_F(GalleryLivePages, TheTimerGoesWithItsPage)
 {
+    // Other tests of this process may have left timers.
+    auto const next = [] { return NSRunLoop::currentRunLoop().nextFireDate(NSDefaultRunLoopMode); };
+    auto const before = next();
     open("NSTimer");
     press("Start");
+    EXPECT_NE(next(), before);
     closePage();
     pass(1);
-    EXPECT_FALSE(NSRunLoop::currentRunLoop().nextFireDate(NSDefaultRunLoopMode));
+    EXPECT_EQ(next(), before);
 }
 
 TEST_F(GalleryLivePages, TheRunLoopCallsLater)

@@ -161,6 +161,9 @@ TEST(PageNames, AreThoseOfClassesOrTitles)
 {
     EXPECT_EQ(listedName(samples[2]), "NSButton");
     EXPECT_EQ(listedName(samples[5]), "All states");
+    EXPECT_EQ(listedName({ "CSV", "Separated values", "", "", nullptr }), "Separated values");
+    EXPECT_EQ(listedName({ "XML_path", "Paths", "", "", nullptr }), "Paths");
+    EXPECT_EQ(listedName({ "Ref", "References", "", "", nullptr }), "Ref");
     EXPECT_EQ(pageNamed(samples, "NSScanner"), &samples[4]);
     EXPECT_EQ(pageNamed(samples, "NSScan"), nullptr);
 }
