@@ -40,14 +40,10 @@ bool NSNib::init(std::string_view nibName, NSBundle* bundle)
 {
     m_bundle = bundle ? bundle : &NSBundle::mainBundle();
     m_name = baseName(nibName);
-    auto const path = pathOfNib(nibName, *m_bundle);
-    auto const bytes = path ? readFileBytes(*path, largestFile) : std::nullopt;
-    if (!bytes) {
-        NSLog("interface file \"" + validUTF8(nibName) + "\" could not be read");
-        return false;
-    }
-    m_name = baseName(lastPathComponent(*path));
-    return read(*bytes);
+    if (auto const path = pathOfNib(nibName, *m_bundle))
+        return readFile(*path);
+    NSLog("interface file \"" + validUTF8(nibName) + "\" could not be read");
+    return false;
 }
 
 bool NSNib::init(NSData const& document, NSBundle* bundle)
@@ -55,6 +51,15 @@ bool NSNib::init(NSData const& document, NSBundle* bundle)
     m_bundle = bundle ? bundle : &NSBundle::mainBundle();
     auto const bytes = document.bytes();
     return read({ bytes.begin(), bytes.end() });
+}
+
+bool NSNib::readFile(std::string const& path)
+{
+    m_name = baseName(lastPathComponent(path));
+    auto const bytes = readFileBytes(path, largestFile);
+    if (!bytes)
+        NSLog("interface file \"" + m_name + "\" could not be read");
+    return bytes && read(*bytes);
 }
 
 bool NSNib::read(std::vector<std::uint8_t> const& bytes)
@@ -115,10 +120,12 @@ bool loadNibNamed(std::string_view name, NSObject* owner)
 {
     auto* const own = owner ? &NSBundle::bundleForClass(owner->describedClass()) : &NSBundle::mainBundle();
     for (auto* const bundle : { own, &NSBundle::mainBundle(), &NSBundle::libraryBundle() }) {
-        if (!pathOfNib(name, *bundle))
+        auto const path = pathOfNib(name, *bundle);
+        if (!path)
             continue;
-        auto const nib = make<NSNib>(name, bundle);
-        return nib && nib->instantiateNibWithOwner(owner);
+        auto const nib = make<NSNib>();
+        nib->m_bundle = bundle;
+        return nib->readFile(*path) && nib->instantiateNibWithOwner(owner);
     }
     NSLog("interface file \"" + validUTF8(name) + "\" is not there");
     return false;

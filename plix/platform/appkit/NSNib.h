@@ -20,8 +20,9 @@ struct NibText;
 /// number of times. What is read of one is listed in docs/interface-files.md.
 ///
 /// The objects are made by their classes' initialisers, then connected by what the classes' descriptions say of outlets and
-/// actions, then told awakeFromNib, the owner last; then windows that are visible at launch come on screen. What is not known, or
-/// can't be connected, is named in one logged line and left out. A broken document is refused whole, with one logged line.
+/// actions, then told awakeFromNib, the owner last; then windows that are visible at launch come on screen. An element, word or
+/// class that is not known, and what can't be connected, is named in one logged line and left out; XML attributes and bits of masks
+/// that are not known are passed over. A broken document is refused whole, with one logged line.
 ///
 /// Texts are the user's: where the file's bundle has a table of the file's name, its entry for "<object id>.<attribute>"
 /// ("12.title") stands for the text of the document.
@@ -46,6 +47,8 @@ public:
     bool instantiateNibWithOwner(NSObject* owner, std::vector<Ref<NSObject>>* topLevelObjects);
 
 private:
+    friend PLIX_EXPORT bool loadNibNamed(std::string_view name, NSObject* owner);
+    bool readFile(std::string const& path);
     bool read(std::vector<std::uint8_t> const& bytes);
     std::string localized(NibText const&) const;
     Ref<NSImage> imageNamed(std::string const& name) const;

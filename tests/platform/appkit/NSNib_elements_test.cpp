@@ -51,13 +51,15 @@ public:
     void setCaption(std::string_view value) { caption = value; }
     void setFill(Ref<NSColor> const& value) { fill = value; }
     void setShadowed(bool value) { isShadowed = value; }
+    void setPicture(Ref<NSImage> const& value) { picture = value; }
 
     bool wasReadFromCoder { false };
     bool isShadowed { false };
     int level { 0 };
     double scale { 0 };
     std::string caption;
-    Ref<NSColor> fill;
+    Ref<NSColor> fill { NSColor::redColor() };
+    Ref<NSImage> picture;
 };
 
 PLIX_DESCRIBE(NibCanvas)
@@ -66,6 +68,7 @@ PLIX_DESCRIBE(NibCanvas)
         .property("scale", &NibCanvas::setScale)
         .property("caption", &NibCanvas::setCaption)
         .property("fill", &NibCanvas::setFill)
+        .property("picture", &NibCanvas::setPicture)
         .property("shadowed", &NibCanvas::setShadowed);
 }
 
@@ -615,6 +618,86 @@ TEST_F(NibElements, AttributesThatDoNotFitAreNamed)
         <userDefinedRuntimeAttribute type="string" keyPath="nonesuch" value="x"/></userDefinedRuntimeAttributes></customView>)")));
     for (auto const* name : { "level", "caption", "fill", "nonesuch" })
         EXPECT_EQ(lines("customView 1: its attribute \"" + std::string(name) + "\" could not be set"), 1);
+}
+
+TEST_F(NibElements, AttributesOfTheAuthorInEveryType)
+{
+    struct Row {
+        char const* type;
+        char const* value;
+        char const* expected;
+    };
+    for (auto const& row : {
+             Row { "point", R"(<point key="value" x="1" y="2.5"/>)", "{1, 2.5}" },
+             Row { "size", R"(<size key="value" width="3" height="4"/>)", "{3, 4}" },
+             Row { "rect", R"(<rect key="value" x="1" y="2" width="3" height="4"/>)", "{{1, 2}, {3, 4}}" },
+             Row { "range", R"(<range key="value" location="5" length="6"/>)", "{5, 6}" },
+             Row { "string", R"(<string key="value">long text</string>)", "long text" },
+             Row { "localizedString", R"(<string key="value">words</string>)", "words" },
+         }) {
+        auto const canvas = loadFirst<NibCanvas>(document(R"(<customView id="1" customClass="NibCanvas">
+            <userDefinedRuntimeAttributes><userDefinedRuntimeAttribute keyPath="caption" type=")"
+            + std::string(row.type) + "\">" + row.value
+            + "</userDefinedRuntimeAttribute></userDefinedRuntimeAttributes></customView>"));
+        ASSERT_TRUE(canvas) << row.type;
+        EXPECT_EQ(canvas->caption, row.expected) << row.type;
+    }
+    EXPECT_EQ(log, std::vector<std::string> {});
+}
+
+TEST_F(NibElements, AttributesOfTheAuthorMayBeImagesAndNil)
+{
+    auto const canvas = loadFirst<NibCanvas>(document(R"(<customView id="1" customClass="NibCanvas"><userDefinedRuntimeAttributes>
+        <userDefinedRuntimeAttribute type="image" keyPath="picture" value="windowbackground"/>
+        <userDefinedRuntimeAttribute type="nil" keyPath="fill"/></userDefinedRuntimeAttributes></customView>)"));
+    ASSERT_TRUE(canvas);
+    EXPECT_EQ(canvas->picture, NSImage::imageNamed("windowbackground"));
+    EXPECT_TRUE(canvas->picture);
+    EXPECT_FALSE(canvas->fill);
+    EXPECT_EQ(log, std::vector<std::string> {});
+}
+
+TEST_F(NibElements, AttributesOfTheAuthorThatCannotBeReadAreLeftAsTheyAre)
+{
+    struct Row {
+        char const* attribute;
+        char const* line;
+    };
+    for (auto const& row : {
+             Row { R"(type="gradient" value="x">)", "the type of its attribute \"fill\" is not known" },
+             Row { R"(type="color">)", "its attribute \"fill\" has no value" },
+             Row { R"(type="color"><color key="value" name="nonesuch" catalog="System" colorSpace="catalog"/>)",
+                 "the color \"nonesuch\" is not known" },
+         }) {
+        log.clear();
+        auto const canvas = loadFirst<NibCanvas>(document(
+            R"(<customView id="1" customClass="NibCanvas"><userDefinedRuntimeAttributes><userDefinedRuntimeAttribute keyPath="fill" )"
+            + std::string(row.attribute) + "</userDefinedRuntimeAttribute></userDefinedRuntimeAttributes></customView>"));
+        ASSERT_TRUE(canvas) << row.line;
+        EXPECT_TRUE(canvas->fill) << row.line;
+        EXPECT_EQ(lines(row.line), 1);
+        EXPECT_EQ(log.size(), 1U) << row.line;
+    }
+}
+
+TEST_F(NibElements, XmlAttributesAndBitsOfMasksThatAreNotKnownArePassedOver)
+{
+    auto const view = loadFirst<NSView>(document(R"(<customView id="1" fixedFrame="YES">
+        <autoresizingMask key="autoresizingMask" widthSizable="YES" sticky="YES"/></customView>)"));
+    ASSERT_TRUE(view);
+    EXPECT_EQ(view->autoresizingMask(), unsigned { NSViewWidthSizable });
+    EXPECT_EQ(log, std::vector<std::string> {});
+}
+
+TEST_F(NibElements, WhatTabsAndBoxesDoNotTakeIsNamed)
+{
+    ASSERT_TRUE(loadFirst<NSTabView>(
+        document(R"(<tabView id="1"><tabViewItems><tabViewItem label="A" id="2" toolTip="tip"/></tabViewItems></tabView>)")));
+    EXPECT_EQ(lines("tabViewItem 2: its toolTip is not known"), 1);
+    ASSERT_TRUE(loadFirst<NSBox>(
+        document(R"(<box id="3"><color key="borderColor" red="1" green="0" blue="0" colorSpace="calibratedRGB"/></box>)")));
+    EXPECT_EQ(lines("box 3: its color is not known"), 1);
+    EXPECT_EQ(log.size(), 2U);
 }
 
 // MARK: connections

@@ -131,7 +131,7 @@ Ref<NSObject> NibLoader::object(NibObject const& described)
     if (entry.state == State::made)
         return entry.object;
     if (entry.state == State::beingMade || m_depth == deepestMaking) {
-        refuse(described, "it contains itself");
+        refuse(described, entry.state == State::beingMade ? "it contains itself" : "references lead too deep to it");
         return nullptr;
     }
     entry.state = State::beingMade;

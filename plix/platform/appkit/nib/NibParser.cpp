@@ -17,6 +17,25 @@ namespace {
 constexpr std::string_view ignoredElements[] = { "accessibility", "connections", "constraints", "layoutGuides", "point",
     "userComments", "userDefinedRuntimeAttributes", "viewLayoutGuide" };
 
+/// The types of attributes that an author adds, and what reads their values.
+struct PropertyType {
+    std::string_view name;
+    void (*read)(NibReading&);
+};
+constexpr PropertyType propertyTypes[] = {
+    { "boolean", [](NibReading& reading) { reading.flag("value", "value"); } },
+    { "number", [](NibReading& reading) { reading.numberOf("value", "value"); } },
+    { "string", [](NibReading& reading) { reading.code("value", "value"); } },
+    { "localizedString", [](NibReading& reading) { reading.text("value", "value"); } },
+    { "image", [](NibReading& reading) { reading.image("value", "value"); } },
+    { "color", [](NibReading& reading) { reading.color("value", "value"); } },
+    { "point", [](NibReading& reading) { reading.point("value", "value"); } },
+    { "size", [](NibReading& reading) { reading.size("value", "value"); } },
+    { "rect", [](NibReading& reading) { reading.rect("value", "value"); } },
+    { "range", [](NibReading& reading) { reading.range("value", "value"); } },
+    { "nil", [](NibReading& reading) { reading.set("value", ObjectValue()); } },
+};
+
 constexpr std::size_t mostWarnings = 1000;
 
 std::string attributeOf(CFXMLTree const& element, std::string_view name)
@@ -193,25 +212,17 @@ void NibParser::readProperty(CFXMLTree const& element, NibObject& object)
     scratch.label = object.label;
     NibReading reading(*this, element, scratch, object.id.empty() ? "" : object.id + "." + name);
     auto const type = reading.word("type");
-    if (type == "boolean")
-        reading.flag("value", "value");
-    else if (type == "image")
-        reading.image("value", "value");
-    else if (type == "color")
-        reading.color("value", "value");
-    else if (type == "localizedString")
-        reading.text("value", "value");
-    else if (type == "string")
-        reading.code("value", "value");
-    else if (type == "rect")
-        reading.rect("value", "value");
-    else if (type == "size")
-        reading.size("value", "value");
-    else if (type == "number")
-        reading.numberOf("value", "value");
-    else if (type != "nil")
+    auto const found = std::ranges::find(propertyTypes, type, &PropertyType::name);
+    if (found == std::end(propertyTypes)) {
         warn(object.label, "the type of its attribute \"" + name + "\" is not known");
-    object.properties.push_back({ name, reading.value("value") });
+        return;
+    }
+    auto const linesBefore = m_document.warnings.size();
+    found->read(reading);
+    if (scratch.value("value"))
+        object.properties.push_back({ name, reading.value("value") });
+    else if (m_document.warnings.size() == linesBefore)
+        warn(object.label, "its attribute \"" + name + "\" has no value");
 }
 
 }

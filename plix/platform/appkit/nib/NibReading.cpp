@@ -315,6 +315,23 @@ void NibReading::rect(std::string_view child, std::string_view key)
         set(key, NSStringFromRect(*value));
 }
 
+void NibReading::point(std::string_view child, std::string_view key)
+{
+    static constexpr std::string_view attributes[] = { "x", "y" };
+    if (auto const values = numbers(child, attributes))
+        set(key, NSStringFromPoint({ (*values)[0], (*values)[1] }));
+}
+
+void NibReading::range(std::string_view child, std::string_view key)
+{
+    part(child, [&](NibReading& range) {
+        auto const location = range.integerValue("location");
+        auto const length = range.integerValue("length");
+        if (location && length)
+            set(key, "{" + std::to_string(*location) + ", " + std::to_string(*length) + "}");
+    });
+}
+
 void NibReading::size(std::string_view child, std::string_view key)
 {
     if (auto const value = sizeValue(child))

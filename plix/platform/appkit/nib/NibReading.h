@@ -45,10 +45,13 @@ public:
     /// The same for what is the same in every language.
     void code(std::string_view attribute, std::string_view key);
     void choice(std::string_view attribute, std::string_view key, std::span<NibWord const> words);
-    /// The sum of the words that a child element says YES to.
+    /// The sum of the words that a child element says YES to. Other words are passed over.
     void mask(std::string_view child, std::string_view key, std::span<NibWord const> words);
     void rect(std::string_view child, std::string_view key);
+    void point(std::string_view child, std::string_view key);
     void size(std::string_view child, std::string_view key);
+    /// As the text "{location, length}".
+    void range(std::string_view child, std::string_view key);
     void font(std::string_view child, std::string_view key);
     /// An element `nil` with that key gives nil.
     void color(std::string_view child, std::string_view key);

@@ -148,7 +148,8 @@ void readNibTabView(NibReading& reading)
 void readNibTabViewItem(NibReading& reading)
 {
     reading.text("label", "label");
-    reading.text("toolTip", "toolTip", "ibShadowedToolTip");
+    if (reading.has("toolTip"))
+        reading.warn("its toolTip is not known");
     reading.code("identifier", "identifier");
     reading.color("color", "color");
     reading.object("view", "view", "NSView");

@@ -15,8 +15,6 @@ enum class NibMaking {
     window,
     /// From its class's init().
     plain,
-    /// It is there already: the application, or what the class shares.
-    shared,
 };
 
 /// What an element of interface files is: the class of the objects that it stands for, and what reads it.

@@ -64,7 +64,6 @@ void readNibBox(NibReading& reading)
     reading.text("title", "title");
     reading.font("titleFont", "titleFont");
     reading.color("fillColor", "fillColor");
-    reading.color("borderColor", "borderColor");
     reading.size("contentViewMargins", "contentViewMargins");
     reading.object("contentView", "contentView", "NSView");
 }
