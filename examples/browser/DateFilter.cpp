@@ -42,7 +42,7 @@ DateFilter filterBetween(NSCalendarDate one, NSCalendarDate other)
     return { std::move(one), std::move(other) };
 }
 
-DateFilter askForDates(std::optional<DateFilter> const& present)
+std::optional<DateFilter> askForDates(std::optional<DateFilter> const& present)
 {
     DateFilter shown;
     if (present)
@@ -50,8 +50,10 @@ DateFilter askForDates(std::optional<DateFilter> const& present)
     else
         DateRangeForMnemonic(monthToDate, shown.first, shown.last);
     auto const panel = make<TQDateRangePanel>(Point {}, shown.first, shown.last);
-    panel->run();
-    return filterBetween(panel->fromDate(), panel->toDate());
+    bool const isAnswered = panel->run() && !panel->isVisible();
+    panel->orderOut(nullptr);
+    // OK takes the panel away; who ends its run otherwise leaves it there.
+    return isAnswered ? std::optional(filterBetween(panel->fromDate(), panel->toDate())) : present;
 }
 
 }

@@ -22,7 +22,8 @@ struct DateFilter {
 /// The same days, the earlier one first.
 DateFilter filterBetween(plix::NSCalendarDate one, plix::NSCalendarDate other);
 
-/// Asks in a date range panel, which shows the present filter's dates, or this month's up to today.
-DateFilter askForDates(std::optional<DateFilter> const& present);
+/// Asks in a date range panel, which shows the present filter's dates, or this month's up to today. The present filter where the
+/// panel was taken away without an answer.
+std::optional<DateFilter> askForDates(std::optional<DateFilter> const& present);
 
 }

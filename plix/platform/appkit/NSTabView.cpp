@@ -246,7 +246,7 @@ void NSTabView::setState(NSTabViewItem& item, NSTabState state)
     if (item.tabState() == state)
         return;
     item.setTabState(Badge<NSTabView> {}, state);
-    marksStrip();
+    marksTab(&item);
 }
 
 // MARK: panes

@@ -7,6 +7,7 @@
 #include <plix/platform/base/HookSource.h>
 #include <plix/platform/base/export.h>
 
+#include <memory>
 #include <vector>
 
 namespace plix {
@@ -143,13 +144,27 @@ private:
     bool keyboardIsIn(NSView const&) const;
     bool answersForKeyboard() const;
 
+    /// What the labels measure and where the tabs go. Kept while none of what it was reckoned for changes.
+    struct Strip {
+        std::vector<Size> labels;
+        std::vector<TabLength> lengths;
+        Size space;
+        long selected { -1 };
+        NSTabViewType type { NSTopTabsBezelBorder };
+        NSControlSize controlSize { NSRegularControlSize };
+        TabStripPlan plan;
+    };
+
     TabViewLayout layout() const;
-    std::vector<TabLength> tabLengths() const;
-    TabStripPlan stripPlan() const;
+    void measureLabels(Strip&) const;
+    /// Stays as it is in the hands of who asked, whatever is called meanwhile.
+    std::shared_ptr<Strip const> strip() const;
     Rect inView(Rect inStrip) const;
     void layoutChanged();
     void tabsChanged();
     void marksStrip();
+    /// Without item, the button for the menu.
+    void marksTab(NSTabViewItem const*);
     void press(NSTabViewItem&);
     void showOverflowMenu(NSEvent*);
     void setState(NSTabViewItem&, NSTabState);
@@ -157,7 +172,8 @@ private:
     ButtonLook lookOf(NSTabViewItem const*) const;
     ButtonLook lookInTrack(NSTabViewItem const*, Rect place, Rect track) const;
     void drawStrip();
-    void drawTab(NSTabViewItem&, Rect tab, Rect track);
+    void drawTab(NSTabViewItem&, Rect tab, Size label, Rect track);
+    void setEntered(NSTrackingRectTag);
     void endHovering();
 
     std::vector<Ref<NSTabViewItem>> m_items;
@@ -166,6 +182,8 @@ private:
     NSTabViewDelegate m_hooks;
     Ref<NSFont> m_font;
     Hovering m_hovering;
+    /// Null from tabsChanged() until it is asked for.
+    mutable std::shared_ptr<Strip const> m_strip;
     NSTabViewType m_type { NSTopTabsBezelBorder };
     NSControlSize m_controlSize { NSRegularControlSize };
     bool m_allowsTruncatedLabels { false };

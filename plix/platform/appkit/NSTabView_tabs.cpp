@@ -14,6 +14,13 @@
 
 namespace plix {
 
+namespace {
+
+/// A tab's ink goes this far beyond its rectangle, or less: to the line that it shares with the next one.
+constexpr float tabInk = 4;
+
+}
+
 // MARK: looks
 
 void NSTabView::setTabViewType(NSTabViewType type)
@@ -63,6 +70,7 @@ void NSTabView::setDrawsBackground(bool draws)
 
 void NSTabView::layoutChanged()
 {
+    m_strip = nullptr;
     placePane();
     setNeedsDisplay(true);
     tabsChanged();
@@ -70,6 +78,7 @@ void NSTabView::layoutChanged()
 
 void NSTabView::tabsChanged()
 {
+    m_strip = nullptr;
     marksStrip();
     if (auto* ownWindow = window())
         ownWindow->invalidateCursorRectsForView(*this);
@@ -78,6 +87,13 @@ void NSTabView::tabsChanged()
 void NSTabView::marksStrip()
 {
     setNeedsDisplayInRect(layout().strip);
+}
+
+void NSTabView::marksTab(NSTabViewItem const* item)
+{
+    Rect const rect = item ? rectForTabViewItem(*item) : overflowRect();
+    if (!rect.isEmpty())
+        setNeedsDisplayInRect(NSInsetRect(rect, -tabInk, -tabInk));
 }
 
 void NSTabView::labelChanged(Badge<NSTabViewItem>)
@@ -97,22 +113,41 @@ Rect NSTabView::contentRect() const
     return layout().content;
 }
 
-std::vector<TabLength> NSTabView::tabLengths() const
+void NSTabView::measureLabels(Strip& strip) const
 {
     float const padding = 2 * tabPadding(m_controlSize);
-    std::vector<TabLength> lengths;
     for (auto const& item : m_items) {
-        float const full = item->sizeOfLabel(false).width + padding;
-        lengths.push_back({ full, m_allowsTruncatedLabels ? std::min(full, item->sizeOfLabel(true).width + padding) : full });
+        auto const label = item->sizeOfLabel(false);
+        float const full = label.width + padding;
+        strip.labels.push_back(label);
+        strip.lengths.push_back({ full, m_allowsTruncatedLabels ? std::min(full, item->sizeOfLabel(true).width + padding) : full });
     }
-    return lengths;
 }
 
-TabStripPlan NSTabView::stripPlan() const
+std::shared_ptr<NSTabView::Strip const> NSTabView::strip() const
 {
-    if (!hasTabs(m_type))
-        return { std::vector<Rect>(m_items.size()), {}, {} };
-    return tabStripPlan(tabLengths(), tabStripSpace(layout(), m_type).size, selectedIndex(), m_type, m_controlSize);
+    Size const space = hasTabs(m_type) ? tabStripSpace(layout(), m_type).size : Size {};
+    long const selected = selectedIndex();
+    bool const isMeasured = m_strip && m_strip->lengths.size() == m_items.size() && m_strip->controlSize == m_controlSize;
+    if (isMeasured && m_strip->space == space && m_strip->selected == selected && m_strip->type == m_type)
+        return m_strip;
+    auto const made = std::make_shared<Strip>();
+    if (isMeasured) {
+        made->labels = m_strip->labels;
+        made->lengths = m_strip->lengths;
+    } else {
+        measureLabels(*made);
+    }
+    made->space = space;
+    made->selected = selected;
+    made->type = m_type;
+    made->controlSize = m_controlSize;
+    if (hasTabs(m_type))
+        made->plan = tabStripPlan(made->lengths, space, selected, m_type, m_controlSize);
+    else
+        made->plan.tabs.resize(m_items.size());
+    m_strip = made;
+    return made;
 }
 
 Rect NSTabView::inView(Rect inStrip) const
@@ -126,7 +161,8 @@ Size NSTabView::minimumSize() const
     if (!hasTabs(m_type))
         return size;
     float length = 0;
-    for (auto const& each : tabLengths())
+    auto const measured = strip();
+    for (auto const& each : measured->lengths)
         length += each.least;
     (m_type == NSLeftTabsBezelBorder || m_type == NSRightTabsBezelBorder ? size.height : size.width) += length;
     return size;
@@ -134,9 +170,10 @@ Size NSTabView::minimumSize() const
 
 NSTabViewItem* NSTabView::tabViewItemAtPoint(Point point) const
 {
-    auto const plan = stripPlan();
-    for (std::size_t i = 0; i < plan.tabs.size(); ++i) {
-        if (mouseInRect(point, inView(plan.tabs[i])))
+    auto const shown = strip();
+    auto const& tabs = shown->plan.tabs;
+    for (std::size_t i = 0; i < tabs.size(); ++i) {
+        if (mouseInRect(point, inView(tabs[i])))
             return m_items[i].get();
     }
     return nullptr;
@@ -145,12 +182,12 @@ NSTabViewItem* NSTabView::tabViewItemAtPoint(Point point) const
 Rect NSTabView::rectForTabViewItem(NSTabViewItem const& item) const
 {
     long const index = indexOfTabViewItem(item);
-    return index == NSNotFound ? Rect {} : inView(stripPlan().tabs[static_cast<std::size_t>(index)]);
+    return index == NSNotFound ? Rect {} : inView(strip()->plan.tabs[static_cast<std::size_t>(index)]);
 }
 
 Rect NSTabView::overflowRect() const
 {
-    return inView(stripPlan().overflow);
+    return inView(strip()->plan.overflow);
 }
 
 // MARK: keys
@@ -261,7 +298,8 @@ void NSTabView::showOverflowMenu(NSEvent* event)
     Ref<NSTabView> const protector(this);
     auto const menu = make<NSMenu>("");
     menu->setAutoenablesItems(false);
-    auto const plan = stripPlan();
+    auto const shown = strip();
+    auto const& plan = shown->plan;
     for (std::size_t i = 0; i < plan.tabs.size(); ++i) {
         if (!plan.tabs[i].isEmpty())
             continue;
@@ -270,10 +308,10 @@ void NSTabView::showOverflowMenu(NSEvent* event)
         menu->addItem(*line);
     }
     m_showsOverflowMenu = true;
-    marksStrip();
+    marksTab(nullptr);
     auto const chosen = menu->popUpBelow(*this, inView(plan.overflow), event);
     m_showsOverflowMenu = false;
-    marksStrip();
+    marksTab(nullptr);
     if (chosen)
         selectTabViewItem(chosen->representedObject().as<NSTabViewItem>().get());
 }
@@ -292,7 +330,8 @@ void NSTabView::resetCursorRects()
     if (!ownWindow || !hasTabs(m_type))
         return;
     Point const pointer = convertPointFromView(ownWindow->mouseLocationOutsideOfEventStream(), nullptr);
-    auto const plan = stripPlan();
+    auto const shown = strip();
+    auto const& plan = shown->plan;
     auto const add = [&](Rect rect, Ref<NSTabViewItem> const& item) {
         if (rect.isEmpty())
             return;
@@ -321,16 +360,24 @@ void NSTabView::viewWillMoveToWindow(NSWindow* newWindow)
 
 void NSTabView::mouseEntered(NSEvent& event)
 {
-    m_hovering.entered = event.trackingNumber();
-    marksStrip();
+    setEntered(event.trackingNumber());
 }
 
 void NSTabView::mouseExited(NSEvent& event)
 {
-    if (m_hovering.entered != event.trackingNumber())
-        return;
-    m_hovering.entered = 0;
-    marksStrip();
+    if (m_hovering.entered == event.trackingNumber())
+        setEntered(0);
+}
+
+void NSTabView::setEntered(NSTrackingRectTag tag)
+{
+    auto const mark = [this] {
+        if (auto const* area = m_hovering.enteredArea())
+            marksTab(area->item.get());
+    };
+    mark();
+    m_hovering.entered = tag;
+    mark();
 }
 
 // MARK: drawing
@@ -368,17 +415,20 @@ void NSTabView::drawStrip()
     GraphicsState const saved(context);
     context->concat(tabStripSpace(layout(), m_type).toView);
     // Labels are drawn by whoever overrides that, and may change the tabs.
-    auto const plan = stripPlan();
+    auto const shown = strip();
+    auto const& plan = shown->plan;
     auto const items = m_items;
+    auto const isTouched = [&](Rect tab) { return !tab.isEmpty() && needsToDrawRect(inView(NSInsetRect(tab, -tabInk, -tabInk))); };
     for (std::size_t i = 0; i < items.size(); ++i) {
-        if (items[i] != m_selected)
-            drawTab(*items[i], plan.tabs[i], plan.track);
+        if (items[i] != m_selected && isTouched(plan.tabs[i]))
+            drawTab(*items[i], plan.tabs[i], shown->labels[i], plan.track);
     }
-    Theme::current().drawTabOverflow(plan.overflow, lookInTrack(nullptr, plan.overflow, plan.track));
+    if (isTouched(plan.overflow))
+        Theme::current().drawTabOverflow(plan.overflow, lookInTrack(nullptr, plan.overflow, plan.track));
     // Its edges are over those of its neighbours.
     for (std::size_t i = 0; i < items.size(); ++i) {
-        if (items[i] == m_selected)
-            drawTab(*items[i], plan.tabs[i], plan.track);
+        if (items[i] == m_selected && isTouched(plan.tabs[i]))
+            drawTab(*items[i], plan.tabs[i], shown->labels[i], plan.track);
     }
 }
 
@@ -390,12 +440,9 @@ ButtonLook NSTabView::lookInTrack(NSTabViewItem const* item, Rect place, Rect tr
     return look;
 }
 
-void NSTabView::drawTab(NSTabViewItem& item, Rect tab, Rect track)
+void NSTabView::drawTab(NSTabViewItem& item, Rect tab, Size size, Rect track)
 {
-    if (tab.isEmpty())
-        return;
     Theme::current().drawTab(tab, lookInTrack(&item, tab, track));
-    auto const size = item.sizeOfLabel(false);
     auto const label = tabLabelRect(tab, size, m_controlSize);
     GraphicsState const clipped;
     NSBezierPath::bezierPathWithRect(NSInsetRect(tab, 1, 1))->addClip();
