@@ -7,15 +7,14 @@
 
 namespace plix {
 
-/// What a window's background pattern is drawn from: parts of a tall background image, each stretched into a part of the pattern,
-/// in order. y upwards in both.
+/// What a window's background pattern is made of.
 enum PLIXBackgroundMode : int {
     PLIXBackgroundNone = 0,
     PLIXBackgroundHalves = 1, ///< top and bottom half, the middle stretched between
     PLIXBackgroundUpperHalf = 2, ///< the upper half stretched
 };
 
-/// A part of the image, and where it goes.
+/// A part of a tall background image, and the part of the pattern that it is stretched into. y upwards in both.
 struct BackgroundPiece {
     Rect source;
     Rect destination;
@@ -24,7 +23,8 @@ struct BackgroundPiece {
     friend bool operator==(BackgroundPiece const&, BackgroundPiece const&) = default;
 };
 
-/// For a pattern as wide as the image and this high. Modes that there are not draw nothing.
+/// The pieces in the order in which they are drawn, for a pattern as wide as the image and this high. Modes that there are not draw
+/// nothing.
 PLIX_EXPORT std::vector<BackgroundPiece> backgroundPlan(int mode, Size background, float patternHeight);
 
 /// The indicator's frame when it is made, and its origin whenever it is put back; the two differ in how they are reckoned but not

@@ -10,7 +10,7 @@
 
 namespace plix {
 
-/// Where the date range panel puts its five parts, in its content's coordinates, y upwards.
+/// How large the parts of the date range panel are.
 struct DatePanelSizes {
     Size fromLabel;
     Size toLabel;
@@ -21,7 +21,7 @@ struct DatePanelSizes {
 /// What a date is entered with.
 enum class DateEntryKind { picker, textField };
 
-/// Where the parts of a panel go, in its content's coordinates.
+/// Where the panel puts them, in its content's coordinates, y upwards.
 struct DatePanelLayout {
     Size content;
     Point fromLabel;

@@ -13,39 +13,42 @@ namespace plix {
 
 namespace {
 
-constexpr int wholeImage = -1;
 /// A pattern is narrow: this many are a resize by hand over the height of a screen.
 constexpr std::size_t mostPatterns = 1024;
+/// As large as a window, and seldom asked for again.
+constexpr std::size_t mostWholeImages = 4;
 constexpr std::size_t mostBytes = 16U * 1024 * 1024;
 
 struct BackgroundKey {
     std::uint64_t stamp;
+    /// Any number; of whole images, which are kept apart, always 0.
     int mode;
     Size size;
     float scale;
     friend bool operator==(BackgroundKey const&, BackgroundKey const&) = default;
 };
+using BackgroundCache = RecentCache<BackgroundKey, Ref<NSImage>>;
 
 std::size_t bytesOf(Size size, float scale)
 {
     return static_cast<std::size_t>(size.width * scale) * static_cast<std::size_t>(size.height * scale) * 4;
 }
 
-Ref<NSImage> sharedBackground(NSImage const* background, int mode, Size size, FunctionRef<void(NSImage const&)> draw)
+Ref<NSImage> sharedBackground(
+    BackgroundCache& cache, NSImage const* background, int mode, Size size, FunctionRef<void(NSImage const&)> draw)
 {
-    auto image = make<NSImage>(size);
     if (!background || !(size.width > 0) || !(size.height > 0))
-        return image;
-    static auto& s_drawn = *new RecentCache<BackgroundKey, Ref<NSImage>>(mostPatterns, mostBytes);
+        return make<NSImage>(size);
     float const scale = NSImage::backingScaleForDrawing();
     BackgroundKey const key { background->contentStamp(), mode, size, scale };
-    if (auto const* earlier = s_drawn.find(key))
+    if (auto const* earlier = cache.find(key))
         return (*earlier)->copy();
+    auto image = make<NSImage>(size);
     {
         FocusLock const focus(image);
         draw(*background);
     }
-    s_drawn.keep(key, image->copy(), bytesOf(size, scale));
+    cache.keep(key, image->copy(), bytesOf(size, scale));
     return image;
 }
 
@@ -65,8 +68,9 @@ void drawStrip(NSImage const& background, BackgroundPiece const& piece)
 
 Ref<NSImage> backgroundPattern(NSImage const* background, int mode, float height)
 {
+    static auto& s_patterns = *new BackgroundCache(mostPatterns, mostBytes);
     Size const size = background ? background->size() : Size {};
-    return sharedBackground(background, mode, { size.width, height }, [&](NSImage const& image) {
+    return sharedBackground(s_patterns, background, mode, { size.width, height }, [&](NSImage const& image) {
         for (auto const& piece : backgroundPlan(mode, size, height)) {
             if (piece.isStrip)
                 drawStrip(image, piece);
@@ -78,8 +82,9 @@ Ref<NSImage> backgroundPattern(NSImage const* background, int mode, float height
 
 Ref<NSImage> stretchedBackground(NSImage const* background, Size size)
 {
-    return sharedBackground(
-        background, wholeImage, size, [&](NSImage const& image) { image.drawInRect(rectWith({}, size), {}, NSCompositeCopy, 1); });
+    static auto& s_wholeImages = *new BackgroundCache(mostWholeImages, mostBytes);
+    return sharedBackground(s_wholeImages, background, 0, size,
+        [&](NSImage const& image) { image.drawInRect(rectWith({}, size), {}, NSCompositeCopy, 1); });
 }
 
 }

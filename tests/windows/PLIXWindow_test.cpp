@@ -1,6 +1,7 @@
 #include <tests/support/CountingView.h>
 #include <tests/support/HeadlessTest.h>
 #include <tests/support/SystemVersion.h>
+#include <tests/support/TestFolder.h>
 #include <tests/support/images.h>
 #include <tests/support/pixels.h>
 
@@ -10,13 +11,16 @@
 #include <plix/platform/appkit/NSScreen.h>
 #include <plix/platform/base/NSData.h>
 #include <plix/platform/foundation/NSArchiver.h>
+#include <plix/platform/foundation/NSBundle.h>
 #include <plix/platform/foundation/NSNotification.h>
 #include <plix/platform/graphics/FocusLock.h>
 #include <plix/platform/graphics/NSColor.h>
 #include <plix/platform/graphics/NSGraphics.h>
 #include <plix/platform/graphics/NSImage.h>
 #include <plix/windows/PLIXWindow.h>
+#include <plix/windows/background_plan.h>
 #include <plix/windows/classes.h>
+#include <plix/windows/window_background.h>
 
 #include <cstring>
 
@@ -223,6 +227,62 @@ TEST_F(PLIXWindowTest, WithoutPictureThePatternIsEmpty)
     window->makeKeyAndOrderFront(nullptr);
     pump();
     EXPECT_TRUE(window->isVisible());
+}
+
+TEST_F(PLIXWindowTest, WithoutAnyImageThePatternIsEmptyToo)
+{
+    EXPECT_EQ(backgroundPattern(nullptr, PLIXBackgroundHalves, 300)->size(), (Size { 0, 300 }));
+    EXPECT_EQ(stretchedBackground(nullptr, { 200, 300 })->size(), (Size { 200, 300 }));
+    EXPECT_EQ(Pixels(stretchedBackground(nullptr, { 200, 300 })->bitmapAtScale(1)).at(100, 150), 0U);
+}
+
+TEST_F(PLIXWindowTest, NoModeHasThePatternOfAWholeImage)
+{
+    auto const image = imageOfRows(400);
+    for (int const mode : { -1, 0, 3 }) {
+        auto const whole = stretchedBackground(image.get(), { 10, 300 });
+        EXPECT_NE(Pixels(whole->bitmapAtScale(1)).at(0, 150), 0U) << mode;
+        EXPECT_EQ(Pixels(backgroundPattern(image.get(), mode, 300)->bitmapAtScale(1)).at(0, 150), 0U) << mode;
+    }
+}
+
+TEST_F(PLIXWindowTest, WholeImagesDoNotPushPatternsOut)
+{
+    auto const image = imageOfRows(400);
+    auto const pattern = backgroundPattern(image.get(), PLIXBackgroundHalves, 300);
+    for (int i = 0; i < 8; ++i)
+        stretchedBackground(image.get(), { 1000 + static_cast<float>(i), 1000 });
+    auto const again = backgroundPattern(image.get(), PLIXBackgroundHalves, 300);
+    EXPECT_NE(again, pattern);
+    EXPECT_EQ(again->contentStamp(), pattern->contentStamp());
+}
+
+TEST_F(PLIXWindowTest, AnotherModeIsDrawnAtOnce)
+{
+    auto const window = windowOfHeight(300);
+    auto const view = make<CountingView>(Rect { 0, 0, 50, 50 });
+    window->contentView()->addSubview(*view);
+    window->makeKeyAndOrderFront(nullptr);
+    pump();
+    auto const before = view->drawCount;
+    window->setBackgroundMode(PLIXBackgroundUpperHalf);
+    EXPECT_EQ(view->drawCount, before + 1);
+    window->setBackgroundMode(PLIXBackgroundUpperHalf);
+    EXPECT_EQ(view->drawCount, before + 2) << "an equal mode is drawn as well";
+}
+
+TEST_F(PLIXWindowTest, IsMadeOnAScreenAsWell)
+{
+    Rect const content { 100, 100, 200, 278 };
+    auto const window
+        = make<PLIXWindow>(content, usualStyle, NSBackingStoreBuffered, false, const_cast<NSScreen*>(&NSScreen::mainScreen()));
+    EXPECT_EQ(window->frame().size(), (Size { 200, 300 }));
+    EXPECT_EQ(window->backgroundMode(), PLIXBackgroundHalves);
+    EXPECT_EQ(patternOf(*window)->size(), (Size { 10, 300 }));
+    EXPECT_FALSE(window->worksWhenModal());
+    ASSERT_TRUE(window->resizeIndicatorView());
+    window->display();
+    EXPECT_EQ(window->resizeIndicatorView()->superview(), window->contentView());
 }
 
 TEST_F(PLIXWindowTest, TilesThePatternFromSideToSide)
@@ -445,6 +505,32 @@ TEST_F(PLIXWindowTest, HidesItsIndicatorAtOnce)
     window->setShowsResizeIndicator(true);
     EXPECT_EQ(window->resizeIndicatorView()->superview(), window->contentView());
     EXPECT_FALSE(window->showsResizeIndicator());
+}
+
+/// A window whose class has a bundle without pictures.
+class BareWindow : public PLIXWindow {
+    PLIX_CLASS(BareWindow, PLIXWindow);
+
+public:
+    using PLIXWindow::init;
+};
+PLIX_DESCRIBE(BareWindow)
+{
+    description.bundle("tests of windows without pictures");
+}
+
+TEST_F(PLIXWindowTest, WithoutItsPictureTheIndicatorHasNoSize)
+{
+    TestFolder const folder;
+    NSBundle::registerBundle("tests of windows without pictures", *NSBundle::bundleWithPath(folder.path()));
+    auto const window = make<BareWindow>(Rect { 100, 100, 200, 278 }, usualStyle, NSBackingStoreBuffered, false);
+    ASSERT_TRUE(window->resizeIndicatorView());
+    EXPECT_EQ(window->resizeIndicatorView()->image(), nullptr);
+    EXPECT_EQ(window->resizeIndicatorView()->frame(), (Rect { 195, 6, 0, 0 }));
+    window->makeKeyAndOrderFront(nullptr);
+    pump();
+    EXPECT_EQ(window->resizeIndicatorView()->frame(), (Rect { 195, 6, 0, 0 }));
+    EXPECT_EQ(window->resizeIndicatorView()->superview(), window->contentView());
 }
 
 TEST_F(PLIXWindowTest, ShowsNoIndicatorThatDoesNothing)
