@@ -600,19 +600,7 @@ public:
         calls += 1;
         return answer;
     }
-    Size sizeOfLabel(bool computeMin) const override
-    {
-        ++measured;
-        return { computeMin ? least : full, 14 };
-    }
-    void resize(float width)
-    {
-        full = width;
-        labelChanged();
-    }
-    float full { 70 };
-    float least { 30 };
-    mutable int measured { 0 };
+    Size sizeOfLabel(bool computeMin) const override { return { computeMin ? 30.F : 70.F, 14 }; }
     void drawLabel(bool shouldTruncateLabel, Rect inRect) override { drawn.push_back({ shouldTruncateLabel, inRect }); }
 
     static inline int calls = 0;
@@ -641,88 +629,6 @@ TEST_F(TabTest, SubclassesMeasureAndDrawTheirLabels)
     ASSERT_FALSE(own->drawn.empty());
     EXPECT_TRUE(own->drawn.back().truncates);
     EXPECT_EQ(own->drawn.back().rect.width, 30);
-}
-
-TEST_F(TabTest, LabelsAreMeasuredWhenTheyChangeAndNotForEachFrame)
-{
-    auto const own = make<MeasuredItem>("own");
-    tabs->addTabViewItem(*own);
-    pump();
-    own->measured = 0;
-    tabs->setNeedsDisplay(true);
-    pump();
-    tabs->setFrameSize({ 450, 200 });
-    pump();
-    for (int i = 0; i < 3; ++i)
-        moveMouse(*tabs, middleOf(i));
-    tabs->tabViewItemAtPoint({ 5, 5 });
-    tabs->minimumSize();
-    pump();
-    EXPECT_EQ(own->measured, 0);
-
-    own->resize(90);
-    EXPECT_EQ(tabs->rectForTabViewItem(*own).width, 90 + 24);
-    tabs->setAllowsTruncatedLabels(true);
-    tabs->setFrameSize({ tabs->minimumSize().width, 220 });
-    EXPECT_EQ(tabs->rectForTabViewItem(*own).width, 30 + 24);
-    tabs->setAllowsTruncatedLabels(false);
-    tabs->setFrameSize({ 450, 220 });
-    EXPECT_EQ(tabs->rectForTabViewItem(*own).width, 90 + 24);
-    float const before = tabs->rectForTabViewItem(item(0)).width;
-    tabs->setFont(NSFont::systemFontOfSize(20));
-    EXPECT_GT(tabs->rectForTabViewItem(item(0)).width, before);
-    tabs->setFont(nullptr);
-    EXPECT_EQ(tabs->rectForTabViewItem(item(0)).width, before);
-    tabs->setControlSize(NSSmallControlSize);
-    EXPECT_LT(tabs->rectForTabViewItem(item(0)).width, before);
-    tabs->setTabViewType(NSNoTabsBezelBorder);
-    EXPECT_TRUE(tabs->rectForTabViewItem(*own).isEmpty());
-    tabs->setTabViewType(NSTopTabsBezelBorder);
-    tabs->removeTabViewItem(item(0));
-    EXPECT_EQ(tabs->tabViewItemAtPoint({ NSInsetRect(tabs->rectForTabViewItem(*own), 5, 5).origin() }), own.get());
-}
-
-TEST_F(TabTest, OnlyTheTabThatIsLitOrPressedIsDrawnAnew)
-{
-    auto const first = make<MeasuredItem>("first");
-    auto const second = make<MeasuredItem>("second");
-    for (auto* each : { first.get(), second.get() })
-        tabs->addTabViewItem(*each);
-    tabs->removeTabViewItem(item(2));
-    tabs->removeTabViewItem(item(1));
-    tabs->removeTabViewItem(item(0));
-    auto const third = make<MeasuredItem>("third");
-    tabs->addTabViewItem(*third);
-    moveMouse(*above, { 5, 5 });
-    pump();
-    auto const asItWas = window->snapshot();
-    auto const drawn = [&] {
-        std::vector<int> counts;
-        for (auto* each : { first.get(), second.get(), third.get() })
-            counts.push_back(static_cast<int>(std::exchange(each->drawn, {}).size()));
-        return counts;
-    };
-    drawn();
-    auto const edge = [&](NSTabViewItem const& tab) {
-        auto const rect = tabs->rectForTabViewItem(tab);
-        return Point { rect.midX(), rect.midY() };
-    };
-    moveMouse(*tabs, edge(*third));
-    pump();
-    EXPECT_EQ(drawn(), (std::vector<int> { 0, 1, 1 })) << "and the one whose edge it shares";
-    moveMouse(*above, { 5, 5 });
-    pump();
-    EXPECT_EQ(drawn(), (std::vector<int> { 0, 1, 1 }));
-    moveMouse(*tabs, edge(*first));
-    moveMouse(*tabs, edge(*third));
-    pump();
-    auto const lit = window->snapshot();
-    tabs->setNeedsDisplay(true);
-    pump();
-    EXPECT_EQ(countDifferences(lit, window->snapshot()), 0);
-    moveMouse(*above, { 5, 5 });
-    pump();
-    EXPECT_EQ(countDifferences(asItWas, window->snapshot()), 0);
 }
 
 TEST_F(TabTest, LabelsAreAsWideAsTheirTextInTheTabViewsFont)
