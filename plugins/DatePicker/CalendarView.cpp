@@ -10,8 +10,10 @@
 #include <plix/platform/graphics/NSGraphicsContext.h>
 #include <plix/platform/graphics/text_line.h>
 
+#include <algorithm>
 #include <cmath>
 #include <string>
+#include <utility>
 
 namespace plix {
 
@@ -19,6 +21,8 @@ namespace {
 
 constexpr float dayRadius = 4;
 constexpr float litStrength = 0.12F;
+/// One event of the wheel turns at most so many: a hundred years.
+constexpr float mostPagesAtOnce = 1200;
 
 void drawCentered(std::string_view text, Rect rect, NSFont const& font, NSColor const& color)
 {
@@ -85,10 +89,16 @@ void CalendarView::turnPage(CalendarMove move)
 void CalendarView::takeWheel(NSEvent const& event)
 {
     m_wheel += event.deltaY();
-    for (; m_wheel >= 1; m_wheel -= 1)
-        turnPage(CalendarMove::previousMonth);
-    for (; m_wheel <= -1; m_wheel += 1)
-        turnPage(CalendarMove::nextMonth);
+    if (!std::isfinite(m_wheel))
+        m_wheel = 0;
+    float const whole = std::trunc(m_wheel);
+    m_wheel -= whole;
+    auto const move = whole > 0 ? CalendarMove::previousMonth : CalendarMove::nextMonth;
+    auto day = m_marked;
+    for (float pages = std::min(std::abs(whole), mostPagesAtOnce); pages > 0; --pages)
+        day = m_limits.nearest(dayAfterMove(day, move));
+    if (!(day == m_marked))
+        mark(day);
 }
 
 CalendarView::Place CalendarView::placeAt(Point point) const
@@ -106,8 +116,23 @@ void CalendarView::point(Point point)
     auto const place = placeAt(point);
     if (place == m_lit)
         return;
-    m_lit = place;
-    setNeedsDisplay(true);
+    for (auto const& changed : { std::exchange(m_lit, place), place })
+        setNeedsDisplayInRect(rectOf(changed));
+}
+
+Rect CalendarView::rectOf(Place const& place) const
+{
+    switch (place.part) {
+    case Part::previous:
+        return m_layout.previous;
+    case Part::next:
+        return m_layout.next;
+    case Part::day:
+        return m_layout.days[static_cast<std::size_t>(place.day)];
+    case Part::none:
+        break;
+    }
+    return {};
 }
 
 std::optional<CalendarDay> CalendarView::dayAt(Point point) const
@@ -131,20 +156,28 @@ void CalendarView::drawRect(Rect)
 {
     Theme::current().drawMenuBackground(bounds());
     drawHead();
-    for (int i = 0; i < daysOfPage; ++i)
-        drawDay(i);
+    for (int i = 0; i < daysOfPage; ++i) {
+        if (needsToDrawRect(m_layout.days[static_cast<std::size_t>(i)]))
+            drawDay(i);
+    }
 }
 
 void CalendarView::drawHead() const
 {
     auto const& theme = Theme::current();
-    CalendarFields const shown { m_marked.year, m_marked.month, 1 };
-    auto const title = formatDate(shown, {}, monthTitleFormat(m_names->dateFormat), *m_names);
-    drawCentered(title, m_layout.title, *NSFont::boldSystemFontOfSize(0), *theme.color(ThemeRole::menuText));
-    drawArrow(m_layout.previous, true, m_lit.part == Part::previous);
-    drawArrow(m_layout.next, false, m_lit.part == Part::next);
+    if (needsToDrawRect(m_layout.title)) {
+        CalendarFields const shown { m_marked.year, m_marked.month, 1 };
+        auto const title = formatDate(shown, {}, monthTitleFormat(m_names->dateFormat), *m_names);
+        drawCentered(title, m_layout.title, *NSFont::boldSystemFontOfSize(0), *theme.color(ThemeRole::menuText));
+    }
+    if (needsToDrawRect(m_layout.previous))
+        drawArrow(m_layout.previous, true, m_lit.part == Part::previous);
+    if (needsToDrawRect(m_layout.next))
+        drawArrow(m_layout.next, false, m_lit.part == Part::next);
     auto const font = NSFont::systemFontOfSize(NSFont::smallSystemFontSize());
     for (std::size_t i = 0; i < m_layout.weekdays.size(); ++i) {
+        if (!needsToDrawRect(m_layout.weekdays[i]))
+            continue;
         auto const weekday = (static_cast<std::size_t>(m_names->firstWeekday) + i) % m_layout.weekdays.size();
         drawCentered(m_names->shortWeekdays[weekday], m_layout.weekdays[i], *font, *theme.color(ThemeRole::menuKeyText));
     }

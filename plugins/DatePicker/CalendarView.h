@@ -45,6 +45,8 @@ private:
     };
 
     Place placeAt(Point) const;
+    /// Empty for none.
+    Rect rectOf(Place const&) const;
     void turnPage(CalendarMove);
     void drawHead() const;
     void drawArrow(Rect, bool pointsLeft, bool isLit) const;

@@ -6,6 +6,7 @@
 #include <plix/platform/appkit/NSView.h>
 #include <plix/platform/appkit/Theme.h>
 #include <plix/platform/appkit/button_constants.h>
+#include <plix/platform/foundation/NSCoder.h>
 #include <plix/platform/foundation/NSTimeZone.h>
 
 #include <algorithm>
@@ -15,6 +16,7 @@ namespace plix {
 namespace {
 
 constexpr float buttonWidth = 18;
+constexpr char const* buttonKey = "showsDatePickerButton";
 
 }
 
@@ -33,7 +35,16 @@ bool PLIXTextDatePickerCell::init()
 
 bool PLIXTextDatePickerCell::init(NSCoder& coder)
 {
-    return Base::init(coder);
+    if (!Base::init(coder))
+        return false;
+    coder.read(buttonKey, [&](ObjectValue const& value) { m_showsButton = value.boolValue(); });
+    return true;
+}
+
+void PLIXTextDatePickerCell::encodeWithCoder(NSCoder& coder) const
+{
+    Base::encodeWithCoder(coder);
+    coder.encodeBool(m_showsButton, buttonKey);
 }
 
 void PLIXTextDatePickerCell::setShowsButton(bool shows)

@@ -14,6 +14,7 @@ class PLIXTextDatePickerCell : public NSDatePickerCell {
 public:
     bool init();
     bool init(NSCoder&);
+    void encodeWithCoder(NSCoder&) const override;
 
     bool showsButton() const { return m_showsButton; }
     void setShowsButton(bool);

@@ -78,7 +78,8 @@ OpenCalendar::~OpenCalendar()
 void OpenCalendar::end()
 {
     m_isEnded = true;
-    NSApp->postEvent(*NSEvent::otherEventWithType(NSApplicationDefined, {}, 0, clock().uptime(), 0, nullptr, 0, 0, 0), false);
+    // Ends the wait. Events of the application's own type may be the host's.
+    NSApp->postEvent(*NSEvent::otherEventWithType(NSAppKitDefined, {}, 0, clock().uptime(), 0, nullptr, 0, 0, 0), false);
 }
 
 std::optional<CalendarDay> OpenCalendar::run(bool isHeld)
@@ -100,7 +101,7 @@ void OpenCalendar::handle(NSEvent& event)
         handleKey(event);
     else if (event.isMouseEvent() || event.type() == NSScrollWheel)
         handleMouse(event);
-    else if (event.type() != NSApplicationDefined)
+    else
         NSApp->sendEvent(event);
 }
 

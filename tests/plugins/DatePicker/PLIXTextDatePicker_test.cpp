@@ -7,6 +7,8 @@
 #include <plix/platform/appkit/NSButton.h>
 #include <plix/platform/appkit/NSDatePicker.h>
 #include <plix/platform/appkit/theme_palette.h>
+#include <plix/platform/base/NSData.h>
+#include <plix/platform/foundation/NSArchiver.h>
 #include <plix/platform/foundation/NSBundle.h>
 #include <plix/platform/foundation/NSTimeZone.h>
 #include <plix/platform/graphics/NSBitmapImageRep.h>
@@ -15,8 +17,23 @@
 #include <plix/windows/date_entry.h>
 #include <plix/windows/date_entry_loading.h>
 
+#include <limits>
+
 namespace plix {
 namespace {
+
+/// A window that notes the events of the application's own type that it is sent.
+class EventNoter : public NSWindow {
+public:
+    using NSWindow::init;
+    void sendEvent(NSEvent& event) override
+    {
+        if (event.type() == NSApplicationDefined)
+            subtypes.push_back(event.subtype());
+        NSWindow::sendEvent(event);
+    }
+    std::vector<short> subtypes;
+};
 
 class TextDatePickerTest : public HeadlessTest {
 protected:
@@ -249,6 +266,92 @@ TEST_F(TextDatePickerTest, ThePagesTurn)
     });
     pump();
     EXPECT_EQ(reading(), (CalendarFields { 2027, 3, 1, 9, 5, 30 }));
+}
+
+TEST_F(TextDatePickerTest, AWheelThatTurnsWithoutEndTurnsAHundredYears)
+{
+    auto const title = CalendarLayout::ofPage().title;
+    std::vector<std::int64_t> years;
+    for (float const turn : { 1e9F, std::numeric_limits<float>::infinity(), -1e9F, 0.6F, 0.6F }) {
+        person().click(button());
+        later([=, this] {
+            person().scroll(inCalendar(title), 0, turn);
+            person().key(NSCarriageReturnCharacter);
+        });
+        pump();
+        years.push_back(reading().year);
+    }
+    EXPECT_EQ(years, (std::vector<std::int64_t> { 1927, 1927, 2027, 2027, 2027 }));
+    EXPECT_EQ(reading().month, 3);
+}
+
+TEST_F(TextDatePickerTest, TheWheelAddsUpPartsOfATurn)
+{
+    person().click(button());
+    later([this] {
+        for (float const turn : { -0.5F, -0.25F, -0.5F })
+            person().scroll(inCalendar(CalendarLayout::ofPage().title), 0, turn);
+        person().key(NSCarriageReturnCharacter);
+    });
+    pump();
+    EXPECT_EQ(reading(), (CalendarFields { 2027, 4, 14, 9, 5, 30 }));
+}
+
+TEST_F(TextDatePickerTest, EventsOfTheApplicationAreNotTakenFromIt)
+{
+    auto const receiver = make<EventNoter>(Rect { 0, 0, 50, 50 }, usualStyle, NSBackingStoreBuffered, false);
+    person().click(button());
+    later([&] {
+        EXPECT_TRUE(calendar());
+        app().postEvent(
+            *NSEvent::otherEventWithType(NSApplicationDefined, {}, 0, 0, receiver->windowNumber(), nullptr, 7, 0, 0), false);
+        press(NSEscapeCharacter);
+    });
+    pump();
+    EXPECT_EQ(receiver->subtypes, std::vector<short> { 7 });
+}
+
+TEST_F(TextDatePickerTest, OnlyWhatIsUnderThePointerIsDrawnAnew)
+{
+    std::vector<Ref<NSBitmapImageRep>> pictures;
+    person().click(button());
+    later([&] {
+        auto const take = [this, &pictures] {
+            calendar()->displayIfNeeded();
+            pictures.push_back(Ref<NSBitmapImageRep>(calendar()->snapshot()));
+        };
+        auto& view = *calendar()->contentView();
+        take();
+        for (int const day : { 10, 20 }) {
+            person().moveMouse(march(day));
+            later([this, &view, take] {
+                take();
+                view.setNeedsDisplay(true);
+                take();
+            });
+        }
+        later([this] { press(NSEscapeCharacter); });
+    });
+    pump();
+    ASSERT_EQ(pictures.size(), 5U);
+    EXPECT_GT(countDifferences(pictures[0], pictures[1]), 20);
+    EXPECT_EQ(countDifferences(pictures[1], pictures[2]), 0);
+    EXPECT_GT(countDifferences(pictures[2], pictures[3]), 20);
+    EXPECT_EQ(countDifferences(pictures[3], pictures[4]), 0);
+}
+
+TEST_F(TextDatePickerTest, TheButtonIsInTheArchive)
+{
+    auto const archived = [&] {
+        auto const back = NSUnarchiver::unarchiveObjectWithData(*NSArchiver::archivedDataWithRootObject(picker));
+        auto const view = back ? back->as<NSDatePicker>() : nullptr;
+        return view ? view->cell()->cellSize().width : 0;
+    };
+    float const with = archived();
+    EXPECT_EQ(with, cell().cellSize().width);
+    dynamic_cast<DateEntry&>(*picker).setShowsDatePickerButton(false);
+    EXPECT_LT(cell().cellSize().width, with);
+    EXPECT_EQ(archived(), cell().cellSize().width);
 }
 
 TEST_F(TextDatePickerTest, ADayOfTheNextMonthMayBeChosen)
