@@ -20,7 +20,7 @@ namespace {
 
 constexpr float padding = 8;
 constexpr float gap = 16;
-constexpr float lineHeight = 22;
+constexpr float lineHeight = 18;
 constexpr float expressionShare = 0.58F;
 constexpr float fontSize = 11;
 
@@ -143,13 +143,13 @@ float Transcript::heightOf(Line const& line) const
 {
     auto const color = NSColor::controlTextColor();
     if (line.kind == Kind::heading)
-        return 30;
+        return 26;
     if (line.kind == Kind::note)
-        return std::max(lineHeight, extent(line.expression, columnWidth(line), noteAttributes()) + 8);
+        return std::max(lineHeight, extent(line.expression, columnWidth(line), noteAttributes()) + 5);
     float const left = extent(shown(line.expression, columnWidth(line)), columnWidth(line), codeAttributes(color));
     float const width = bounds().width - margin - padding - resultLeft();
     float const right = extent(shown(line.result, width), width, codeAttributes(color));
-    return std::max(lineHeight, std::max(left, right) + 8);
+    return std::max(lineHeight, std::max(left, right) + 5);
 }
 
 void Transcript::layOut()
@@ -168,13 +168,13 @@ void Transcript::layOut()
 void Transcript::drawLine(Line const& line, bool isTinted) const
 {
     float const width = columnWidth(line);
-    Rect const place { margin + padding, line.top + 4, width, line.height };
+    Rect const place { margin + padding, line.top + 2, width, line.height };
     if (line.kind == Kind::note) {
         drawInRect(line.expression, place, noteAttributes());
         return;
     }
     if (line.kind == Kind::heading) {
-        drawInRect(line.expression, NSOffsetRect(place, 0, 6), headingAttributes());
+        drawInRect(line.expression, NSOffsetRect(place, 0, 5), headingAttributes());
         return;
     }
     if (isTinted) {

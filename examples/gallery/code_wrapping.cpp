@@ -50,6 +50,19 @@ std::size_t breakOf(std::string_view line, std::size_t limit)
     return best;
 }
 
+/// Without the blank behind an opening bracket that a line's end in the source leaves there.
+std::string withoutLineEnds(std::string_view code)
+{
+    std::string result;
+    bool isText = false;
+    for (char const character : code) {
+        isText = isText != (character == '"');
+        if (isText || character != ' ' || !result.ends_with('('))
+            result += character;
+    }
+    return result;
+}
+
 void appendLine(std::string& wrapped, std::string_view line, long columns)
 {
     bool isFirst = true;
@@ -70,12 +83,13 @@ void appendLine(std::string& wrapped, std::string_view line, long columns)
 
 }
 
-std::string wrappedCode(std::string_view code, long columns)
+std::string wrappedCode(std::string_view source, long columns)
 {
+    auto const code = withoutLineEnds(source);
     std::string wrapped;
     for (std::size_t begin = 0;;) {
         auto const end = std::min(code.find('\n', begin), code.size());
-        appendLine(wrapped, code.substr(begin, end - begin), columns);
+        appendLine(wrapped, std::string_view(code).substr(begin, end - begin), columns);
         if (end == code.size())
             return wrapped;
         wrapped += '\n';

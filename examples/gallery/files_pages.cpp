@@ -48,25 +48,25 @@ Ref<NSView> makeNSFileManagerPage()
 {
     auto const transcript = make<Transcript>();
     FixedWorld const world;
-    std::string const folder = world.folder() + "/";
+    auto const at = [&](char const* name) { return world.folder() + "/" + name; };
     RUN(auto& files = NSFileManager::defaultManager());
-    SHOW(files.createDirectoriesAtPath(folder + "tea/green"));
-    SHOW(files.createFileAtPath(folder + "tea/list", dataOf("Sencha").get()));
-    SHOW(files.fileExistsAtPath(folder + "tea/list"));
-    SHOW(files.fileAttributesAtPath(folder + "tea/list", false)->size);
-    SHOW(files.setPosixPermissions(folder + "tea/list", 0640));
-    SHOW(files.fileAttributesAtPath(folder + "tea/list", false)->posixPermissions == 0640);
-    SHOW(files.createSymbolicLinkAtPath(folder + "link", "tea/list"));
-    SHOW(files.pathContentOfSymbolicLinkAtPath(folder + "link"));
-    SHOW(files.contentsEqualAtPath(folder + "link", folder + "tea/list"));
-    SHOW(files.copyPath(folder + "tea", folder + "copy"));
-    SHOW(files.copyPath(folder + "tea", folder + "copy"));
-    SHOW(files.copyPath(folder + "tea", folder + "tea/within"));
-    SHOW(files.movePath(folder + "copy/list", folder + "moved"));
-    SHOW(files.directoryContentsAtPath(folder + "copy"));
-    SHOW(files.directoryContentsAtPath(folder + "nowhere"));
-    SHOW(files.removeFileAtPath(folder + "tea"));
-    SHOW(files.fileExistsAtPath(folder + "link"));
+    SHOW(files.createDirectoriesAtPath(at("tea/green")));
+    SHOW(files.createFileAtPath(at("tea/list"), dataOf("Sencha").get()));
+    SHOW(files.fileExistsAtPath(at("tea/list")));
+    SHOW(files.fileAttributesAtPath(at("tea/list"), false)->size);
+    SHOW(files.setPosixPermissions(at("tea/list"), 0640));
+    SHOW(files.fileAttributesAtPath(at("tea/list"), false)->posixPermissions == 0640);
+    SHOW(files.createSymbolicLinkAtPath(at("link"), "tea/list"));
+    SHOW(files.pathContentOfSymbolicLinkAtPath(at("link")));
+    SHOW(files.contentsEqualAtPath(at("link"), at("tea/list")));
+    SHOW(files.copyPath(at("tea"), at("copy")));
+    SHOW(files.copyPath(at("tea"), at("copy")));
+    SHOW(files.copyPath(at("tea"), at("tea/within")));
+    SHOW(files.movePath(at("copy/list"), at("moved")));
+    SHOW(files.directoryContentsAtPath(at("copy")));
+    SHOW(files.directoryContentsAtPath(at("nowhere")));
+    SHOW(files.removeFileAtPath(at("tea")));
+    SHOW(files.fileExistsAtPath(at("link")));
     return transcript;
 }
 

@@ -43,25 +43,24 @@ namespace {
 Ref<NSView> makeTQTimeIntervalFormatterPage()
 {
     auto const transcript = make<Transcript>();
-    RUN(auto const formatter = make<TQTimeIntervalFormatter>());
-    SHOW(formatter->stringForObjectValue(694'845));
-    SHOW(formatter->stringForObjectValue(-61));
-    RUN(formatter->setMaximumComponent(TQTimeIntervalMinutes));
-    SHOW(formatter->stringForObjectValue(3725));
-    RUN(formatter->setShowsMilliseconds(true));
-    SHOW(formatter->stringForObjectValue(3725.25));
-    SHOW(formatter->stringForObjectValue("no number"));
+    RUN(auto const format = make<TQTimeIntervalFormatter>());
+    SHOW(format->stringForObjectValue(694'845));
+    SHOW(format->stringForObjectValue(-61));
+    RUN(format->setMaximumComponent(TQTimeIntervalMinutes));
+    SHOW(format->stringForObjectValue(3725));
+    RUN(format->setShowsMilliseconds(true));
+    SHOW(format->stringForObjectValue(3725.25));
+    SHOW(format->stringForObjectValue("tea"));
     transcript->addHeading("Read");
     RUN(ObjectValue value);
     RUN(std::string error);
-    SHOW(formatter->getObjectValue(value, "62:05.5", error));
+    SHOW(format->getObjectValue(value, "62:05.5", error));
     SHOW(value);
-    SHOW(formatter->getObjectValue(value, "tea", error));
+    SHOW(format->getObjectValue(value, "tea", error));
     SHOW(value);
-    SHOW(formatter->getObjectValue(value, std::nullopt, error));
-    RUN(formatter->setMaximumTimeInterval(100));
-    SHOW(formatter->stringForObjectValue(3725));
-    SHOW(_TQTimeIntervalComponentScalar(TQTimeIntervalDays));
+    SHOW(format->getObjectValue(value, std::nullopt, error));
+    RUN(format->setMaximumTimeInterval(100));
+    SHOW(format->stringForObjectValue(3725));
     auto const page = LivePage::page(transcript);
     auto const field = textField("", 120);
     field->setFormatter(make<TQTimeIntervalFormatter>(TQTimeIntervalSeconds, TQTimeIntervalHours));

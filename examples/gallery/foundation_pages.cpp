@@ -207,21 +207,22 @@ Ref<NSView> makeNSScannerPage()
 Ref<NSView> makeNSCharacterSetPage()
 {
     auto const transcript = make<Transcript>();
-    RUN(auto const vowels = NSCharacterSet::characterSetWithCharactersInString("aeiou"));
+    RUN(using Set = NSCharacterSet);
+    RUN(auto const vowels = Set::characterSetWithCharactersInString("aeiou"));
     SHOW(vowels.characterIsMember(U'e'));
     SHOW(vowels.invertedSet().characterIsMember(U'e'));
     SHOW(vowels.ranges().size());
-    RUN(auto const letters = NSCharacterSet::characterSetWithRange(U'a', U'e'));
+    RUN(auto const letters = Set::characterSetWithRange(U'a', U'e'));
     SHOW(letters.setByUniting(vowels).ranges().size());
-    SHOW(NSCharacterSet::letterCharacterSet().characterIsMember(U'ж'));
-    SHOW(NSCharacterSet::uppercaseLetterCharacterSet().characterIsMember(U'ß'));
-    SHOW(NSCharacterSet::decimalDigitCharacterSet().characterIsMember(U'٣'));
-    SHOW(NSCharacterSet().characterIsMember(U'a'));
+    SHOW(Set::letterCharacterSet().characterIsMember(U'ж'));
+    SHOW(Set::uppercaseLetterCharacterSet().characterIsMember(U'ß'));
+    SHOW(Set::decimalDigitCharacterSet().characterIsMember(U'٣'));
+    SHOW(Set().characterIsMember(U'a'));
     transcript->addHeading("In texts");
     SHOW(findCharacterInSet("rhythm and blues", vowels));
     SHOW(findCharacterInSet("rhythm", vowels));
     SHOW(findCharacterNotInSet("eerie", vowels));
-    RUN(auto const& blanks = NSCharacterSet::whitespaceAndNewlineCharacterSet());
+    RUN(auto const& blanks = Set::whitespaceAndNewlineCharacterSet());
     SHOW(stringByTrimmingCharactersInSet("  a cup \n", blanks));
     SHOW(stringByTrimmingCharactersInSet(" \t ", blanks));
     return transcript;

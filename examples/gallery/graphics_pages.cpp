@@ -278,7 +278,7 @@ Ref<NSView> makePathUsesPage()
 
 Ref<NSView> makeNSColorPage()
 {
-    auto const strip = [](char const* caption, Canvas::Draw draw) { return drawing(caption, { 520, 26 }, std::move(draw)); };
+    auto const strip = [](char const* caption, Canvas::Draw draw) { return drawing(caption, { 520, 22 }, std::move(draw)); };
     auto const swatches = [strip](char const* caption, std::vector<Ref<NSColor>> const& colors) {
         return strip(caption, [colors](Rect bounds) {
             float const width = bounds.width / static_cast<float>(colors.size());
@@ -300,9 +300,7 @@ Ref<NSView> makeNSColorPage()
     SHOW(color->description());
     SHOW(color->hueComponent());
     SHOW(color->whiteComponent());
-    SHOW(color->colorUsingColorSpaceName(NSCalibratedWhiteColorSpace));
     SHOW(NSColor::colorWithDeviceWhite(1.5F, -1)->description());
-    SHOW(NSColor::controlTextColor()->colorNameComponent());
     SHOW(NSColor::colorWithCatalogName("System", "noSuchColor"));
     return tiledPage(
         {
@@ -488,7 +486,7 @@ Ref<NSView> makeRectanglesPage()
             }),
         drawing("NSRectClipList", wide,
             [](Rect bounds) {
-                std::array<Rect, 2> const holes { Rect { 14, 14, 40, 56 }, { 66, 14, 40, 56 } };
+                std::array<Rect, 2> const holes { Rect { 36, 14, 42, 70 }, { 88, 14, 42, 70 } };
                 NSRectClipList(holes);
                 orange()->set();
                 star({ bounds.midX(), bounds.midY() - 4 }, 40)->fill();

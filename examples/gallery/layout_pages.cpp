@@ -230,21 +230,22 @@ Ref<NSView> makeStringDrawingPage()
     SHOW(sizeForWidth(pangram, 100, look).width <= 100);
     return tiledPage(
         {
-            drawing("drawAtPoint", half,
+            drawing("drawAtPoint", { 254, 88 },
                 [](Rect) {
                     drawAtPoint("At a point", { 20, 40 }, plain(20));
                     NSColor::redColor()->set();
                     NSRectFill({ 18, 38, 4, 4 });
                 }),
-            drawing("drawInRect", half,
+            drawing("drawInRect", { 254, 88 },
                 [](Rect bounds) {
                     auto const place = NSInsetRect(bounds, 50, 14);
                     NSColor::gridColor()->set();
                     NSFrameRect(place);
                     drawInRect(std::string(pangram) + " " + pangram, place, plain());
                 }),
-            drawing("from right to left", half, [](Rect bounds) { drawInRect("שלום, עולם – ABC 123", inner(bounds), plain(18)); }),
-            drawing("shaped and combined", half,
+            drawing("from right to left", { 254, 88 },
+                [](Rect bounds) { drawInRect("שלום, עולם – ABC 123", inner(bounds), plain(18)); }),
+            drawing("shaped and combined", { 254, 88 },
                 [](Rect bounds) { drawInRect("Ελληνικά, кириллица,\nﬁn, e\u0301, ñ, Å", inner(bounds), plain(18)); }),
         },
         transcript);
@@ -282,8 +283,6 @@ Ref<NSView> makeNSLayoutManagerPage()
     SHOW(line);
     SHOW(manager->glyphIndexForPoint({ 0, 0 }, *container));
     SHOW(manager->glyphIndexForPoint({ 0, 500 }, *container));
-    SHOW(manager->rectArrayForCharacterRange({ 0, 30 }, *container).size());
-    SHOW(manager->extraLineFragmentRect());
     RUN(storage->replaceCharactersInRange({ 0, 44 }, "Short"));
     SHOW(manager->glyphRangeForTextContainer(*container));
     RUN(storage->replaceCharactersInRange({ 0, 5 }, pangram));

@@ -21,6 +21,7 @@ TEST(CodeWrapping, BreaksWhereAProgrammerWould)
              Case { "abcdefghijklmnopqr", 12, "abcdefghijkl\n    mnopqr" },
              Case { "abcdefghijklmnopqrstuv", 12, "abcdefghijkl\n    mnopqrst\n    uv" },
              Case { "one two\nthree", 20, "one two\nthree" },
+             Case { "call( one, \"( two\")", 30, "call(one, \"( two\")" },
              Case { "ä, ö, ü, ß", 6, "ä, ö,\n    ü, ß" },
          })
         EXPECT_EQ(wrappedCode(code, columns), wrapped) << code;
