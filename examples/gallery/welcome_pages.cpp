@@ -19,6 +19,7 @@
 #include <plix/platform/graphics/NSColor.h>
 #include <plix/platform/graphics/NSFont.h>
 #include <plix/platform/graphics/NSImage.h>
+#include <plix/platform/graphics/appearance.h>
 #include <plix/tables/PLIXImageAndTextCell.h>
 #include <plix/tables/PLIXTableView.h>
 
@@ -169,6 +170,9 @@ Ref<NSView> makeWelcomePage()
     addControls(*desk, { margin + 308 + 16, 134 });
     auto const engraved = make<PLIXChiseledTextField>(Rect { margin + 324, 308, 188, 18 });
     engraved->setStringValue("Eight planets, one selected");
+    engraved->setActiveColor(NSColor::controlTextColor());
+    engraved->setShadowActiveColor(NSColor::colorWithCalibratedWhite(currentAppearance() == Appearance::dark ? 0 : 1, 0.9F));
+    engraved->activate(nullptr);
     desk->addSubview(*engraved);
     addText(*desk, "Linking it", NSFont::boldSystemFontOfSize(13), { margin, 346, width, 18 }, ThemeRole::buttonText);
     addCode(*desk, { margin, 370, width, 106 },
