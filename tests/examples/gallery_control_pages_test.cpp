@@ -194,6 +194,18 @@ TEST_F(ControlPages, AComboBoxCompletesWhatIsTyped)
     EXPECT_TRUE(shows("NSComboBox: Elderberry"));
 }
 
+TEST_F(ControlPages, AKnobInATableOpensAList)
+{
+    open("TQComboBoxCell");
+    auto& table = find<NSTableView>();
+    auto const frame = table.frameOfCellAtColumn(1, 1);
+    person().click(onScreen(table, { frame.maxX() - 5, frame.midY() }));
+    person().key(NSDownArrowFunctionKey);
+    person().key(NSCarriageReturnCharacter);
+    pump();
+    EXPECT_TRUE(shows("Bruno plays the Horn."));
+}
+
 TEST_F(ControlPages, ADatePickerTakesDigits)
 {
     open("NSDatePicker");

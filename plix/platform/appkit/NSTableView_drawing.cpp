@@ -122,9 +122,14 @@ void NSTableView::drawRow(long row, Rect clipRect)
     Ref<NSTableView> const protector(this);
     auto const columns = columnsInRect(clipRect);
     for (long column = columns.location; column < columns.end() && column < numberOfColumns(); ++column) {
-        if (column == m_editedColumn && row == m_editedRow)
-            continue;
         auto const frame = frameOfCellAtColumn(column, row);
+        if (column == m_editedColumn && row == m_editedRow) {
+            // One that follows the mouse shows what it is now, not the row's value.
+            Ref<NSCell> const followed(m_editedCell || frame.isEmpty() ? nullptr : columnAt(column)->dataCellForRow(row));
+            if (followed)
+                followed->drawWithFrame(frame, *this);
+            continue;
+        }
         Ref<NSCell> const cell = frame.isEmpty() ? nullptr : preparedCellAtColumn(column, row);
         if (!cell)
             continue;

@@ -1,6 +1,7 @@
 #include <plix/platform/appkit/NSTableView.h>
 
 #include <plix/platform/appkit/NSActionCell.h>
+#include <plix/platform/appkit/NSComboBoxCell.h>
 #include <plix/platform/appkit/NSEvent.h>
 #include <plix/platform/appkit/NSTableColumn.h>
 #include <plix/platform/appkit/NSTextFieldCell.h>
@@ -111,6 +112,14 @@ void NSTableView::selectByClick(NSEvent& event, long row)
     trackSelection(event, row, isPendingCollapse);
 }
 
+// Text is selected and edited, pictures are looked at; what is left are buttons of some kind, also in a combo box.
+static bool isButtonAtPoint(NSCell const& cell, Rect frame, Point point)
+{
+    if (auto const* combo = dynamic_cast<NSComboBoxCell const*>(&cell))
+        return NSPointInRect(point, combo->buttonRectForBounds(frame));
+    return dynamic_cast<NSActionCell const*>(&cell) && !dynamic_cast<NSTextFieldCell const*>(&cell);
+}
+
 bool NSTableView::trackCell(NSEvent& event, long column, long row)
 {
     auto* tableColumn = columnAt(column);
@@ -118,17 +127,25 @@ bool NSTableView::trackCell(NSEvent& event, long column, long row)
         return false;
     Ref<NSTableColumn> const keptColumn(tableColumn);
     Ref<NSCell> const cell(preparedCellAtColumn(column, row));
-    // Text is selected and edited, pictures are looked at; what is left are buttons of some kind.
-    if (!cell || dynamic_cast<NSTextFieldCell*>(cell.get()) || !dynamic_cast<NSActionCell*>(cell.get()) || !cell->isEnabled())
+    auto const frame = frameOfCellAtColumn(column, row);
+    auto const point = convertPointFromView(event.locationInWindow(), nullptr);
+    if (!cell || !mouseInRect(point, frame) || !cell->isEnabled() || !isButtonAtPoint(*cell, frame, point)
+        || !tableColumn->isEditable() || !mayEdit(*tableColumn, row))
         return false;
     cell->setHighlighted(false);
-    auto const frame = frameOfCellAtColumn(column, row);
-    if (!mouseInRect(convertPointFromView(event.locationInWindow(), nullptr), frame) || !tableColumn->isEditable()
-        || !mayEdit(*tableColumn, row))
-        return false;
+    auto const before = cell->objectValue();
+    if (dynamic_cast<NSComboBoxCell*>(cell.get())) {
+        // Rows are drawn with the column's own cell while the list is open.
+        Ref<NSCell> const opened(cell->copy());
+        opened->setControlView(this);
+        if (opened->trackMouse(event, frame, *this, opened->ownPrefersTrackingUntilMouseUp()) && opened->objectValue() != before
+            && keptColumn->tableView() == this && row < numberOfRows())
+            takeObjectValue(opened->objectValue(), *keptColumn, row);
+        setNeedsDisplayInRect(frame);
+        return true;
+    }
     cell->setControlView(this);
     // Scrolling or reloading while the mouse is held must not move the value to another row.
-    auto const before = cell->objectValue();
     m_editedRow = row;
     m_editedColumn = column;
     cell->highlight(true, frame, *this);

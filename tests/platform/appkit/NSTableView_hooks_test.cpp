@@ -3,9 +3,11 @@
 
 #include <plix/platform/appkit/NSButton.h>
 #include <plix/platform/appkit/NSButtonCell.h>
+#include <plix/platform/appkit/NSComboBoxCell.h>
 #include <plix/platform/appkit/NSScroller.h>
 #include <plix/platform/appkit/NSTextFieldCell.h>
 #include <plix/platform/appkit/button_constants.h>
+#include <plix/platform/appkit/event_constants.h>
 #include <plix/platform/foundation/NSNotification.h>
 #include <plix/platform/graphics/NSColor.h>
 #include <plix/platform/graphics/NSImage.h>
@@ -215,6 +217,52 @@ TEST_F(TableHooks, AButtonCellIsClickedWithoutSelecting)
     column(2).setEditable(false);
     click(*table, cellPoint(2, 1));
     EXPECT_EQ(data->taken.size(), 1U);
+    EXPECT_EQ(selected(), (std::vector<long> { 1 }));
+}
+
+TEST_F(TableHooks, AButtonCellIsSeenWhileItIsPressed)
+{
+    auto const box = make<NSButtonCell>("");
+    box->setButtonType(NSSwitchButton);
+    column(2).setDataCell(box);
+    data->rows[1][2] = 0;
+    redraw();
+    auto const frame = table->frameOfCellAtColumn(2, 1);
+    PixelRect const place { static_cast<int>(frame.x), 22 + static_cast<int>(frame.y), 18, static_cast<int>(frame.height) };
+    auto const inkWhile = [&] { return hasInk(window->snapshot(), place, NSColor::controlBackgroundColor()->components()); };
+    ASSERT_TRUE(inkWhile());
+    bool isSeen = false;
+    person().press(onScreen(*table, cellPoint(2, 1)));
+    person().dragTo(onScreen(*table, cellPoint(2, 1)));
+    person().then([&] { isSeen = inkWhile(); });
+    person().release(onScreen(*table, cellPoint(2, 1)));
+    pump();
+    EXPECT_TRUE(isSeen);
+    EXPECT_EQ(data->taken, (Names { "c1=1" }));
+}
+
+TEST_F(TableHooks, AComboBoxCellOpensItsListWithoutSelecting)
+{
+    auto const combo = make<NSComboBoxCell>("");
+    combo->addItemsWithObjectValues({ "one", "two" });
+    column(2).setDataCell(combo);
+    redraw();
+    auto const frame = table->frameOfCellAtColumn(2, 1);
+    auto const button = combo->buttonRectForBounds(frame);
+    Point const onButton = onScreen(*table, { button.midX(), button.midY() });
+    person().click(onButton);
+    person().key(NSEscapeCharacter);
+    pump();
+    EXPECT_EQ(data->taken, Names {});
+    person().click(onButton);
+    person().then([&] { table->reloadData(); });
+    person().key(NSDownArrowFunctionKey);
+    person().key(NSDownArrowFunctionKey);
+    person().key(NSCarriageReturnCharacter);
+    pump();
+    EXPECT_EQ(data->taken, (Names { "c1=two" }));
+    EXPECT_EQ(selected(), std::vector<long> {});
+    click(*table, { frame.x + 5, frame.midY() });
     EXPECT_EQ(selected(), (std::vector<long> { 1 }));
 }
 
