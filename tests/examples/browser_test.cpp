@@ -741,6 +741,23 @@ TEST_F(BrowserDatesTest, ThePanelBeginsWithThePresentFilter)
     EXPECT_EQ(shown(), (Names { "alpha", "beta", "file 1.txt", "file 2.txt", "file 3.txt" }));
 }
 
+TEST_F(BrowserDatesTest, APanelThatIsTakenAwayWithoutAnAnswerChangesNothing)
+{
+    for (long const code : { 0L, static_cast<long>(NSRunAbortedResponse) }) {
+        person().click(centerOnScreen(controller->datesButton()));
+        person().then([=, this] {
+            ASSERT_TRUE(app().modalWindow());
+            app().stopModalWithCode(code);
+        });
+        pump();
+        EXPECT_FALSE(app().modalWindow());
+        EXPECT_FALSE(controller->filter());
+        EXPECT_TRUE(controller->filterBar().isHidden());
+        EXPECT_EQ(shown().size(), 63U);
+        EXPECT_EQ(app().keyWindow(), &controller->window()) << "nothing is left before it";
+    }
+}
+
 TEST_F(BrowserDatesTest, StaysOnInOtherFoldersAndSaysWhereNothingIs)
 {
     chooseMarch("1/1/1990", "1/2/1990");
