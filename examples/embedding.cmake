@@ -29,6 +29,7 @@ else()
     message(STATUS "Qt 6 is not there: examples/embed_qt is left out")
 endif()
 
+find_package(PkgConfig QUIET)
 pkg_check_modules(GTK4 QUIET IMPORTED_TARGET gtk4 gtk4-x11 x11)
 if(GTK4_FOUND)
     plix_add_embedding(gtk PkgConfig::GTK4)

@@ -33,7 +33,14 @@ bool DemoTree::init()
         return false;
     m_rows = { { "Mercury", 88 }, { "Venus", 224.7 }, { "Earth", 365.25 }, { "Mars", 687 }, { "Jupiter", 4332.6 } };
     m_view = make<Ground>(rectWith({}, s_size));
-    auto const title = make<PLIXChiseledTextField>(Rect { s_margin, s_size.height - 30, 200, 20 });
+    Rect const place { s_margin, s_size.height - 30, 200, 20 };
+    // What is engraved is dark on light.
+    Ref<NSTextField> const title
+        = currentAppearance() == Appearance::light ? make<PLIXChiseledTextField>(place) : make<NSTextField>(place);
+    title->setBezeled(false);
+    title->setDrawsBackground(false);
+    title->setEditable(false);
+    title->setSelectable(false);
     title->setStringValue("Planets and their years");
     title->setFont(NSFont::boldSystemFontOfSize(13));
     title->sizeToFit();

@@ -32,6 +32,7 @@ public:
             { "state", [this](std::istream&) { tellState(); } },
             { "alert", [](std::istream&) { runAlert(); } },
             { "sync", [](std::istream& words) { report("sync " + rest(words)); } },
+            { "second", [this](std::istream&) { addSecond(); } },
             { "destroy", [this](std::istream&) { destroySoon(); } },
         }
         , m_lines(obeyLines([this](std::string const& line) { obey(line, m_commands); }))
@@ -51,6 +52,8 @@ private:
             return onDisplay(m_tree.popUp());
         if (part == "view")
             return onDisplay(*m_tree.view());
+        if (part == "second")
+            return m_second && m_second->window() ? onDisplay(*m_second) : Rect {};
         if (part == "menu")
             return openMenu();
         if (!part.starts_with("row"))
@@ -108,6 +111,15 @@ private:
         report("alert answered " + std::to_string(code));
     }
 
+    void addSecond()
+    {
+        auto const root = make<NSView>(Rect { 0, 0, 300, 30 });
+        m_second = make<NSTextField>(Rect { 4, 4, 200, 22 });
+        m_second->setActionFunction([this](NSObject*) { report("second [" + m_second->stringValue() + "]"); });
+        root->addSubview(*m_second);
+        m_half.addSecond(root);
+    }
+
     void destroySoon()
     {
         m_timer = NSTimer::timerWithTimeInterval(
@@ -125,6 +137,7 @@ private:
     Commands m_commands;
     Ref<RunLoopDescriptor> m_lines;
     Ref<NSTimer> m_timer;
+    Ref<NSTextField> m_second;
 };
 
 }

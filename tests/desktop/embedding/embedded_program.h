@@ -1,5 +1,6 @@
 #pragma once
 
+#include <plix/platform/base/Ref.h>
 #include <plix/platform/graphics/geometry.h>
 
 #include <functional>
@@ -8,6 +9,12 @@
 namespace example {
 
 class DemoTree;
+
+}
+
+namespace plix {
+
+class NSView;
 
 }
 
@@ -20,6 +27,8 @@ struct ToolkitHalf {
     std::function<Rect(std::string const& part)> place;
     std::function<std::string()> name;
     std::function<std::string()> label;
+    /// Puts another widget with a tree into the window.
+    std::function<void(Ref<NSView> const&)> addSecond;
     /// Destroys the widget that the tree is in.
     std::function<void()> destroyEmbedded;
 };

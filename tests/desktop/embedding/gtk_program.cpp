@@ -3,7 +3,10 @@
 #include "embedded_program.h"
 
 #include <examples/embed_gtk/DemoWindow.h>
+#include <examples/embed_gtk/PlixWidget.h>
 #include <examples/embed_gtk/gtk_translation.h>
+
+#include <plix/plix.h>
 
 #include <gtk/gtk.h>
 
@@ -36,6 +39,12 @@ int main()
     };
     half.name = [&] { return gtk_editable_get_text(instanceOf<GtkEditable>(demo.nameField(), GTK_TYPE_EDITABLE)); };
     half.label = [&] { return gtk_label_get_text(instanceOf<GtkLabel>(demo.label(), GTK_TYPE_LABEL)); };
+    half.addSecond = [&](plix::Ref<plix::NSView> const& view) {
+        auto* const widget = PlixWidget::make(view);
+        gtk_widget_set_size_request(widget, 300, 30);
+        gtk_widget_set_vexpand(widget, 0);
+        gtk_box_append(instanceOf<GtkBox>(gtk_widget_get_parent(demo.embedded()), GTK_TYPE_BOX), widget);
+    };
     half.destroyEmbedded = [&] {
         auto* const box = instanceOf<GtkBox>(gtk_widget_get_parent(demo.embedded()), GTK_TYPE_BOX);
         gtk_box_remove(box, demo.embedded());

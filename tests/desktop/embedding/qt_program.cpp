@@ -4,8 +4,11 @@
 
 #include <examples/embed_qt/DemoWindow.h>
 
+#include <plix/plix.h>
+
 #include <QtCore/QTimer>
 #include <QtWidgets/QApplication>
+#include <QtWidgets/QLayout>
 
 int main(int argc, char** argv)
 {
@@ -22,6 +25,11 @@ int main(int argc, char** argv)
     };
     half.name = [&window] { return window.nameField().text().toStdString(); };
     half.label = [&window] { return window.label().text().toStdString(); };
+    half.addSecond = [&window](plix::Ref<plix::NSView> const& view) {
+        auto* const widget = new embed_qt::PlixWidget(view);
+        widget->setMinimumSize(widget->sizeHint());
+        window.layout()->addWidget(widget);
+    };
     half.destroyEmbedded = [&window] { delete window.embedded(); };
     QTimer::singleShot(0, &window, [&] { plix::desktop::reportEmbedded(window.tree(), half); });
     return QApplication::exec();
