@@ -10,8 +10,8 @@
 
 namespace gallery {
 
-/// The same moment, language, zone and folders on every machine, for as long as it lives; then what was there before. For pages
-/// whose subject asks the surroundings. Lives in a function, not in a page.
+/// The same moment, language, zone and folders of the user on every machine, for as long as it lives; then what was there before.
+/// For pages whose subject asks the surroundings. Lives in a function, not in a page.
 class FixedWorld final : public plix::Surroundings, public plix::Clock {
 public:
     /// Saturday, 12 July 2008, 15:23:45 UTC.
@@ -27,7 +27,7 @@ public:
     std::string configFolder() const override { return m_folder + "/config"; }
     std::string dataFolder() const override { return m_folder + "/data"; }
     std::string cacheFolder() const override { return m_folder + "/cache"; }
-    std::vector<std::string> dataFolders() const override { return { m_folder + "/shared" }; }
+    std::vector<std::string> dataFolders() const override { return m_before.dataFolders(); }
     std::string localeIdentifier() const override { return m_locale; }
     std::vector<std::string> preferredLanguages() const override { return { m_locale }; }
     std::string timeZoneName() const override { return m_timeZone; }

@@ -1,4 +1,5 @@
 #include "pages.h"
+#include "FixedWorld.h"
 #include "base_pages.h"
 #include "bitstream_pages.h"
 #include "buttons_pages.h"
@@ -108,6 +109,7 @@ Ref<NSBitmapImageRep> render(Page const& page)
 bool dump(std::string const& folder, std::span<Page const> dumped)
 {
     auto* machine = dynamic_cast<HeadlessHost*>(&host());
+    FixedWorld const world;
     auto const before = currentAppearance();
     std::error_code error;
     std::filesystem::create_directories(folder, error);
