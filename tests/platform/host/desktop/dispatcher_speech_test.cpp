@@ -279,12 +279,12 @@ TEST_F(DispatcherSpeechTest, StartsTheServiceWhereNobodyListens)
 /// Begins to speak and never ends, whatever it is told; writes its number to a file, and gives up by itself after a minute. It
 /// listens before its starter has ended.
 constexpr char const* stuckService = R"(#!/usr/bin/env python3
-import os, signal, socket, sys, time
+import os, signal, socket, sys
 path = sys.argv[-1]
 listener = socket.socket(socket.AF_UNIX)
 if os.fork():
     os.wait()
-    time.sleep(1)
+    signal.sigtimedwait([], 1)
     sys.exit(0)
 if os.fork():
     sys.exit(0)
