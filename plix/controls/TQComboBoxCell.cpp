@@ -3,8 +3,11 @@
 #include <plix/drawing/focused_image.h>
 #include <plix/drawing/geometry_helpers.h>
 #include <plix/drawing/image_additions.h>
+#include <plix/drawing/image_composition.h>
 #include <plix/platform/appkit/NSView.h>
+#include <plix/platform/graphics/NSColor.h>
 #include <plix/platform/graphics/NSImage.h>
+#include <plix/platform/graphics/appearance.h>
 
 namespace plix {
 
@@ -53,7 +56,9 @@ void TQComboBoxCell::drawWithFrame(Rect frame, NSView& controlView)
     if (!image)
         return;
     Rect const knob = PLIXNormalizedRect(PLIXRectCenterOnRect(PLIXMakeRectWithSize(image->size()), slice));
-    drawUpright(*image, knob);
+    // It is made for a light ground.
+    bool const isDark = currentAppearance() == Appearance::dark;
+    drawUpright(isDark ? *ReplaceColorsInImage(image, NSColor::controlTextColor()) : *image, knob);
 }
 
 }

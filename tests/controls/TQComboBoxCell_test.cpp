@@ -5,6 +5,7 @@
 #include <plix/platform/graphics/NSColor.h>
 #include <plix/platform/graphics/NSFont.h>
 #include <plix/platform/graphics/NSGraphics.h>
+#include <plix/platform/graphics/appearance.h>
 
 namespace plix {
 namespace {
@@ -19,11 +20,12 @@ public:
     bool isFlipped() const override { return m_isFlipped; }
     void drawRect(Rect) override
     {
-        NSColor::whiteColor()->set();
+        ground->set();
         NSRectFill(bounds());
         cell->drawWithFrame(bounds(), *this);
     }
     Ref<TQComboBoxCell> cell;
+    Ref<NSColor> ground { NSColor::whiteColor() };
 
 private:
     bool m_isFlipped { false };
@@ -51,6 +53,17 @@ TEST_F(TQComboBoxCellTest, DrawsTheKnobInTheLastTenPoints)
     // In the middle of the slice.
     EXPECT_NEAR(static_cast<float>(ink.x) + static_cast<float>(ink.width) / 2, 75, 1);
     EXPECT_NEAR(static_cast<float>(ink.y) + static_cast<float>(ink.height) / 2, 10, 1.5F);
+}
+
+TEST_F(TQComboBoxCellTest, TheKnobIsLightInTheDark)
+{
+    setCurrentAppearance(Appearance::dark);
+    auto const view = make<ComboCellView>(Rect { 0, 0, 80, 20 }, true);
+    view->cell = make<TQComboBoxCell>("");
+    view->ground = NSColor::blackColor();
+    auto const pixels = Pixels(showWindowWith(view, { 100, 100, 80, 20 })->snapshot());
+    setCurrentAppearance(Appearance::light);
+    EXPECT_GT(countPixels(pixels, { 70, 0, 10, 20 }, [](std::uint32_t pixel) { return (pixel & 0xFF) > 0x90; }), 3);
 }
 
 TEST_F(TQComboBoxCellTest, TheKnobIsUprightInFlippedViewsToo)
