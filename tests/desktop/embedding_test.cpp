@@ -249,6 +249,22 @@ TEST_P(EmbeddedTree, BothSidesAreConnected)
     EXPECT_TRUE(comesTo("label=[Earth is selected]"));
 }
 
+TEST_P(EmbeddedTree, TheWheelScrollsTheTable)
+{
+    open();
+    clickOn("field");
+    for (int count = 1; count <= 10; ++count)
+        clickOn("add");
+    EXPECT_TRUE(comesTo("rows=15"));
+    auto const view = where("view");
+    moveMouse(view.x, view.y - 20);
+    click(view.x, view.y - 20, 4, 10);
+    EXPECT_TRUE(comesTo("top=0."));
+    click(view.x, view.y - 20, 5);
+    // A notch is three lines, of ten points each.
+    EXPECT_TRUE(comesTo("top=1."));
+}
+
 TEST_P(EmbeddedTree, ARowIsEditedInPlace)
 {
     open();

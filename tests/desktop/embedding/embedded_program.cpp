@@ -93,7 +93,8 @@ private:
         auto const* const window = m_tree.view()->window();
         report(std::string("state key=") + (window->isKeyWindow() ? "yes" : "no") + " at=" + partWithKeyboard() + " field=["
             + m_tree.field().stringValue() + "] name=[" + m_half.name() + "] label=[" + m_half.label()
-            + "] rows=" + std::to_string(m_tree.table().numberOfRows()));
+            + "] rows=" + std::to_string(m_tree.table().numberOfRows())
+            + " top=" + std::to_string(m_tree.table().rowsInRect(m_tree.table().visibleRect()).location) + '.');
     }
 
     static void runAlert()
