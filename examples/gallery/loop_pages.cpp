@@ -146,16 +146,22 @@ Ref<NSView> makeDelayedPerformPage()
 {
     class Kettle : public NSObject {
     public:
-        void boil() { log->add("boil", "performed"); }
-        void whistle() { log->add("whistle", "performed"); }
-        Transcript* log { nullptr };
+        void boil() { write("boil"); }
+        void whistle() { write("whistle"); }
+        /// The calls that are waiting keep the kettle, but not its page.
+        void write(char const* what)
+        {
+            if (log)
+                log->add(what, "performed");
+        }
+        Weak<Transcript> log;
     };
     auto const log = make<Transcript>();
     log->addNote("The kettle boils half a second after it is asked to, and whistles after a whole one.");
     log->setLimit(7);
     auto const page = LivePage::page(log);
     auto const kettle = page->keep(make<Kettle>());
-    kettle->log = log.get();
+    kettle->log = log;
     page->addControl(pushButton("Ask", [kettle = kettle.get()] {
         performAfterDelay(*kettle, &Kettle::boil, 0.5);
         performAfterDelay(*kettle, &Kettle::whistle, 1);

@@ -158,6 +158,18 @@ TEST_F(GalleryLivePages, PerformsAfterADelayUnlessCancelled)
     EXPECT_EQ(countOf("whistle"), 1);
 }
 
+TEST_F(GalleryLivePages, WhatIsStillToBePerformedOutlivesThePage)
+{
+    open("delayed_perform");
+    press("Ask");
+    Weak<Transcript> const page(transcript());
+    closePage();
+    EXPECT_FALSE(page);
+    EXPECT_TRUE(NSRunLoop::currentRunLoop().nextFireDate(NSDefaultRunLoopMode));
+    pass(2);
+    EXPECT_FALSE(NSRunLoop::currentRunLoop().nextFireDate(NSDefaultRunLoopMode));
+}
+
 TEST_F(GalleryLivePages, ChangesAreUndoneAndDoneAgain)
 {
     open("NSUndoManager");
