@@ -445,7 +445,8 @@ Ref<NSView> makePLIXSegmentedControlButtonPage()
     for (auto const& [which, name] : { std::pair { Icon::paper, "paper" }, { Icon::folder, "folder" }, { Icon::star, "star" } }) {
         auto const button = make<PLIXSegmentedControlButton>(Rect { 0, 0, 44, 24 });
         button->setImage(icon(which));
-        button->setActionFunction([page = form.get(), name](NSObject*) { page->setStatus(std::string("Pressed: ") + name); });
+        button->setActionFunction(
+            [page = form.get(), name = name](NSObject*) { page->setStatus(std::string("Pressed: ") + name); });
         buttons.push_back(captioned(name, button));
     }
     form->addRow("One segment", buttons);

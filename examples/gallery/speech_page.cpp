@@ -38,6 +38,13 @@ class SpeechForm final : public Form {
 public:
     using Form::init;
 
+    // A window that goes away does not tell the views in it.
+    ~SpeechForm() override
+    {
+        if (m_looks)
+            m_looks->invalidate();
+    }
+
     void addControls()
     {
         for (auto const& [caption, text] :

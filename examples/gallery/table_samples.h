@@ -10,7 +10,7 @@
 namespace plix {
 
 class NSIndexSet;
-class NSNotification;
+struct NSNotification;
 class NSOutlineView;
 class NSTableColumn;
 class NSTableView;
