@@ -2,6 +2,7 @@
 
 #include <plix/platform/base/Class.h>
 #include <plix/platform/base/Selector.h>
+#include <plix/platform/base/living_objects.h>
 #include <plix/platform/base/main_thread.h>
 
 #include <atomic>
@@ -17,6 +18,7 @@ namespace plix {
 namespace {
 
 std::atomic<std::thread::id> s_mainThread {};
+std::size_t s_livingObjects = 0;
 
 std::unordered_map<NSObject const*, std::vector<Ref<NSObject>>>& companions()
 {
@@ -24,6 +26,11 @@ std::unordered_map<NSObject const*, std::vector<Ref<NSObject>>>& companions()
     return s_companions;
 }
 
+}
+
+std::size_t livingObjects()
+{
+    return s_livingObjects;
 }
 
 bool isMainThread()
@@ -40,10 +47,12 @@ NSObject::NSObject()
     static std::uint64_t s_nextSerialNumber = 1;
     assert(isMainThread());
     m_serialNumber = s_nextSerialNumber++;
+    ++s_livingObjects;
 }
 
 NSObject::~NSObject()
 {
+    --s_livingObjects;
     m_isBeingDestroyed = true;
     if (m_hasCompanions) {
         auto const released = companions().extract(this); // out of the table first: their destructors may come back to it

@@ -3,6 +3,7 @@
 #include <plix/platform/base/Hook.h>
 #include <plix/platform/base/ObjectValue.h>
 #include <plix/platform/base/class_roster.h>
+#include <plix/platform/base/living_objects.h>
 
 #include <gtest/gtest.h>
 
@@ -92,6 +93,18 @@ public:
     void wash(Animal&) { ++washed; }
     int washed { 0 };
 };
+
+TEST(NSObject, IsCountedWhileItLives)
+{
+    auto const before = livingObjects();
+    auto const one = make<Animal>();
+    auto other = make<Animal>();
+    EXPECT_EQ(livingObjects(), before + 2);
+    other = one;
+    EXPECT_EQ(livingObjects(), before + 1);
+    EXPECT_FALSE(make<Animal>(-1));
+    EXPECT_EQ(livingObjects(), before + 1);
+}
 
 TEST(NSObject, MakeRunsInitAndGivesNullWhereItAnswersFalse)
 {
