@@ -62,7 +62,7 @@ HeadlessWindow* HeadlessDisplay::windowAt(Point point) const
 
 void HeadlessDisplay::focus(HeadlessWindow* window)
 {
-    if (window == m_focused || (window && window->kind() == HostWindowKind::popup))
+    if (window == m_focused || (window && (window->kind() == HostWindowKind::popup || !window->isVisible())))
         return;
     auto* const before = std::exchange(m_focused, window);
     if (before)

@@ -54,7 +54,8 @@ void HeadlessScript::moveTo(Point point, std::uint32_t modifiers)
     m_display.setMouseLocation(point);
     if (!m_display.owns(m_windowUnderMouse))
         m_windowUnderMouse = nullptr;
-    if (!m_display.owns(m_windowWithMouse))
+    // A window that is no longer seen lets go of the mouse.
+    if (!m_display.owns(m_windowWithMouse) || !m_windowWithMouse->isVisible())
         m_windowWithMouse = nullptr;
     auto* const under = m_windowWithMouse ? m_windowWithMouse : m_display.windowAt(point);
     if (auto* const before = std::exchange(m_windowUnderMouse, under); before != under) {
