@@ -76,34 +76,37 @@ DefaultsFile::Stamp DefaultsFile::stamp() const
     return { status.st_mtim.tv_sec, status.st_mtim.tv_nsec, status.st_ino, status.st_size };
 }
 
-void DefaultsFile::read()
+// What is there takes effect whole, at the end.
+bool DefaultsFile::read()
 {
-    m_stamp = stamp();
-    m_values.clear();
-    m_isDamaged = false;
-    auto const bytes = readFileBytes(m_path, largestFile);
-    if (!bytes) {
-        if (errno != ENOENT && errno != ENOTDIR)
-            NSLog("NSUserDefaults: " + validUTF8(m_path) + " cannot be read: " + std::generic_category().message(errno));
-        return;
+    auto const seen = stamp();
+    ObjectValue::Dictionary values;
+    bool isDamaged = false;
+    bool couldRead = true;
+    if (auto const bytes = readFileBytes(m_path, largestFile)) {
+        std::string error;
+        auto const value = propertyListFromXML(*bytes, error);
+        auto const* const dictionary = value ? value->dictionary() : nullptr;
+        isDamaged = !dictionary;
+        if (dictionary)
+            values = *dictionary;
+        else
+            NSLog("NSUserDefaults: " + validUTF8(m_path) + " is passed over: " + (error.empty() ? "it is no dictionary" : error));
+    } else if (errno != ENOENT && errno != ENOTDIR) {
+        couldRead = false;
+        NSLog("NSUserDefaults: " + validUTF8(m_path) + " cannot be read: " + std::generic_category().message(errno));
     }
-    std::string error;
-    auto const value = propertyListFromXML(*bytes, error);
-    auto const* dictionary = value ? value->dictionary() : nullptr;
-    if (dictionary) {
-        m_values = *dictionary;
-        return;
-    }
-    m_isDamaged = true;
-    NSLog("NSUserDefaults: " + validUTF8(m_path) + " is passed over: " + (error.empty() ? "it is no dictionary" : error));
+    applyChanges(m_changes, values);
+    m_values = std::move(values);
+    m_isDamaged = isDamaged;
+    m_stamp = seen;
+    return couldRead;
 }
 
 ObjectValue::Dictionary const& DefaultsFile::values()
 {
-    if (!m_stamp) {
+    if (!m_stamp)
         read();
-        applyChanges(m_changes, m_values);
-    }
     return m_values;
 }
 
@@ -113,8 +116,13 @@ bool DefaultsFile::set(std::string const& key, ObjectValue value)
     auto const found = present.find(key);
     if (found == present.end() ? value.isNil() : found->second == value && found->second.isBool() == value.isBool())
         return false;
-    m_changes.insert_or_assign(key, value);
-    applyChanges({ { key, std::move(value) } }, m_values);
+    // Nothing fails any more once the nodes are there.
+    ObjectValue::Dictionary change { { key, value } };
+    auto shown = value.isNil() ? ObjectValue::Dictionary {} : change;
+    m_changes.erase(key);
+    m_changes.merge(change);
+    m_values.erase(key);
+    m_values.merge(shown);
     return true;
 }
 
@@ -152,8 +160,9 @@ bool DefaultsFile::save()
 
 bool DefaultsFile::writeMerged()
 {
-    read();
-    applyChanges(m_changes, m_values);
+    // Writing over what could not be read would lose it.
+    if (!read())
+        return false;
     // What could not be read is kept for a person to look at.
     if (m_isDamaged)
         ::rename(m_path.c_str(), (m_path + ".damaged").c_str());

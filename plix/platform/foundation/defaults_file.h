@@ -38,7 +38,7 @@ private:
     };
 
     Stamp stamp() const;
-    void read();
+    bool read();
     bool save();
     bool writeMerged();
 

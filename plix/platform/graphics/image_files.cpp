@@ -1,11 +1,11 @@
 #include <plix/platform/graphics/image_files.h>
 
+#include <plix/platform/foundation/file_bytes.h>
 #include <plix/platform/graphics/NSBitmapImageRep.h>
 #include <plix/platform/graphics/SVGImageRep.h>
 #include <plix/platform/graphics/recent_cache.h>
 
 #include <filesystem>
-#include <fstream>
 
 #include <sys/stat.h>
 
@@ -13,7 +13,7 @@ namespace plix {
 
 namespace {
 
-constexpr std::uintmax_t largestFile = 256U * 1024 * 1024;
+constexpr std::size_t largestFile = 256U * 1024 * 1024;
 constexpr std::string_view doubleMark = "@2x";
 constexpr std::size_t mostDecodedFiles = 64;
 constexpr std::size_t mostDecodedBytes = 16U * 1024 * 1024;
@@ -82,14 +82,7 @@ Reps imageRepsOfFile(std::string const& path)
 
 std::optional<std::vector<std::uint8_t>> readImageFile(std::string const& path)
 {
-    std::error_code error;
-    if (!std::filesystem::is_regular_file(path, error) || std::filesystem::file_size(path, error) > largestFile || error)
-        return std::nullopt;
-    std::ifstream file(path, std::ios::binary);
-    std::vector<std::uint8_t> bytes(std::filesystem::file_size(path, error));
-    file.read(reinterpret_cast<char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
-    bytes.resize(static_cast<std::size_t>(file.gcount()));
-    return bytes;
+    return readFileBytes(path, largestFile);
 }
 
 std::vector<Ref<NSImageRep>> imageRepsWithBytes(FileBytes bytes)

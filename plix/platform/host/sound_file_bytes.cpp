@@ -13,13 +13,17 @@ namespace plix {
 
 std::unique_ptr<SoundFileBytes> SoundFileBytes::open(std::string const& path)
 {
-    int const descriptor = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
-    if (descriptor < 0)
+    // There before the file is, so that somebody closes it.
+    auto bytes = std::unique_ptr<SoundFileBytes>(new SoundFileBytes(-1, 0));
+    bytes->m_descriptor = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
+    if (bytes->m_descriptor < 0)
         return nullptr;
     struct stat status { };
-    bool const isFile = ::fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode);
-    auto bytes = std::unique_ptr<SoundFileBytes>(new SoundFileBytes(descriptor, isFile ? status.st_size : 0));
-    return isFile ? std::move(bytes) : nullptr;
+    bool const isFile = ::fstat(bytes->m_descriptor, &status) == 0 && S_ISREG(status.st_mode);
+    if (!isFile)
+        return nullptr;
+    bytes->m_size = status.st_size;
+    return bytes;
 }
 
 SoundFileBytes::SoundFileBytes(int descriptor, std::int64_t size)
