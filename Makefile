@@ -8,6 +8,11 @@ ONLY ?=
 FILTER ?=
 TARGET ?=
 SECONDS ?= 60
+EVENTS ?= 1000000
+SEED ?= 1
+MINUTES ?= 60
+# Of each fuzz target in a soak, unless SECONDS is given.
+SOAK_SECONDS = $(if $(filter file,$(origin SECONDS)),3600,$(SECONDS))
 
 SETUP := scripts/setup.sh
 CONFIGURE := $(MAKE) -s --no-print-directory
@@ -17,7 +22,7 @@ export ASAN_OPTIONS ?= detect_stack_use_after_return=1:strict_string_checks=1
 export UBSAN_OPTIONS ?= print_stacktrace=1
 export LSAN_OPTIONS ?= suppressions=$(CURDIR)/scripts/leaks.txt:print_suppressions=0
 
-.PHONY: help run gallery test list-tests check format check-format lint layers check-docs check-logic check-sanitized bench docs package release-check coverage fuzz resources clean \
+.PHONY: help run gallery test list-tests check format check-format lint layers check-docs check-logic check-sanitized bench docs package release-check coverage fuzz soak resources clean \
 	setup-run setup-test setup-check setup-bench setup-docs setup-release setup-fuzz
 .SILENT:
 
@@ -34,6 +39,8 @@ help:
 	echo "make release-check                     install, move and use the library, and its packages in a clean Debian"
 	echo "make coverage                          lines and branches that the tests reach, by folder"
 	echo "make fuzz TARGET=name [SECONDS=60]     fuzz a target; without TARGET lists them"
+	echo "make soak [ONLY='gallery failures fuzz browser'] [EVENTS=1000000] [SEED=1] [SECONDS=3600] [MINUTES=60]"
+	echo "                                       run long: random events, failing machines, each fuzz target, memory"
 	echo "make resources                         draw the library's named images anew"
 	echo "make clean                             remove build/ and out/"
 
@@ -134,6 +141,9 @@ coverage: setup-test
 fuzz: setup-fuzz
 	$(CONFIGURE) build/fuzz/build.ninja
 	scripts/fuzz.sh '$(TARGET)' '$(SECONDS)'
+
+soak: setup-fuzz
+	JOBS=$(JOBS) EVENTS=$(EVENTS) SEED=$(SEED) SECONDS_A_TARGET=$(SOAK_SECONDS) MINUTES=$(MINUTES) scripts/soak.sh $(ONLY)
 
 # What it draws is in the repository.
 resources: setup-run

@@ -4,7 +4,7 @@ set -eu
 cd "$(dirname "$0")/.."
 
 each_source() {
-    find plix plugins examples tests benchmarks fuzz scripts \( -name '*.cpp' -o -name '*.h' \) -print0 |
+    find plix plugins examples tests benchmarks fuzz soak scripts \( -name '*.cpp' -o -name '*.h' \) -print0 |
         xargs -0 -r -n 40 -P "$(nproc)" clang-format --style=file "$@"
 }
 

@@ -3,7 +3,7 @@
 import os
 import re
 
-FOLDERS = ("plix", "plugins", "examples", "tests", "benchmarks", "fuzz", "scripts")
+FOLDERS = ("plix", "plugins", "examples", "tests", "benchmarks", "fuzz", "soak", "scripts")
 INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]')
 
 

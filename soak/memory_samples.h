@@ -1,0 +1,31 @@
+#pragma once
+
+#include <cstddef>
+#include <span>
+
+namespace soak {
+
+/// What a process holds at one moment.
+struct MemorySample {
+    double seconds { 0 }; ///< since the run began
+    double residentBytes { 0 };
+    double allocatedBytes { 0 }; ///< in use on the heap
+    double objects { 0 };
+};
+
+/// Now; objects are those of the library.
+MemorySample sampleMemory(double seconds);
+
+/// How a figure grew between the first and the last quarter of samples: the quarters' medians, and the second as a share of the
+/// first, less one. Of fewer than eight samples nothing is known, and the growth is infinite.
+struct Growth {
+    double first { 0 };
+    double last { 0 };
+    double share { 0 };
+};
+Growth growth(std::span<MemorySample const>, double MemorySample::*figure);
+
+/// The samples after the first of these seconds.
+std::span<MemorySample const> afterWarmUp(std::span<MemorySample const>, double seconds);
+
+}
