@@ -143,7 +143,8 @@ std::unique_ptr<HostSound> DesktopAudio::openSound(std::unique_ptr<SoundFileByte
 
 std::optional<double> DesktopAudio::lastDelay() const
 {
-    return m_lastVoice ? m_player->mixer().delayOf(*m_lastVoice) : std::nullopt;
+    auto const voice = m_lastVoice.lock();
+    return voice ? m_player->mixer().delayOf(*voice) : std::nullopt;
 }
 
 PulseVolumes* DesktopAudio::volumes()

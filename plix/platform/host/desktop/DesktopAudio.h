@@ -26,7 +26,8 @@ public:
     std::optional<StereoVolume> outputVolume() override;
     bool beep() override;
 
-    /// How long the last sound that was begun took to its first sample at the device, in seconds; nil where that is still to come.
+    /// How long the last sound that was begun took to its first sample at the device, in seconds; nil where that is still to come,
+    /// or the sound was let go.
     std::optional<double> lastDelay() const;
 
 protected:
@@ -49,7 +50,7 @@ private:
     bool m_hasLookedForVolumes { false };
     std::unique_ptr<HostSound> m_alertSound;
     std::string m_alertPath;
-    std::shared_ptr<SoundMixer::Voice> m_lastVoice;
+    std::weak_ptr<SoundMixer::Voice> m_lastVoice;
 };
 
 }

@@ -1,6 +1,7 @@
 #include <plix/platform/host/desktop/DeviceOutput.h>
 
 #include <plix/platform/host/desktop/SoundReader.h>
+#include <plix/platform/host/desktop/quiet_thread.h>
 #include <plix/platform/host/desktop/sdl_handles.h>
 
 #include <chrono>
@@ -8,8 +9,6 @@
 #include <cstdlib>
 #include <mutex>
 #include <string>
-#include <system_error>
-#include <thread>
 
 #include <glob.h>
 
@@ -34,20 +33,50 @@ bool hasSoundCard()
     return hasAny;
 }
 
+/// SDL has one driver of sound for the whole program, which may be another one's already.
+class Driver {
+public:
+    static bool retain()
+    {
+        std::scoped_lock const lock(s_mutex);
+        if (s_users == 0) {
+            s_isOurs = !SDL_GetCurrentAudioDriver();
+            if (s_isOurs && !start())
+                return false;
+        }
+        ++s_users;
+        return true;
+    }
+    static void release()
+    {
+        std::scoped_lock const lock(s_mutex);
+        // Who has started sound in the meantime has taken the driver over.
+        if (--s_users == 0 && s_isOurs && SDL_WasInit(SDL_INIT_AUDIO) == 0)
+            SDL_AudioQuit();
+    }
+
+private:
+    static bool start();
+
+    static inline std::mutex s_mutex;
+    static inline int s_users { 0 };
+    static inline bool s_isOurs { false };
+};
+
 /// ALSA says on standard error that it has no card, so it is asked only where there is one.
-bool startDriver()
+bool Driver::start()
 {
     if (char const* const named = std::getenv("SDL_AUDIODRIVER"); named && *named)
         return SDL_AudioInit(named) == 0;
     return SDL_AudioInit("pulseaudio") == 0 || SDL_AudioInit("pipewire") == 0 || (hasSoundCard() && SDL_AudioInit("alsa") == 0);
 }
 
-/// One opened device; no more than one at a time.
+/// One opened device.
 class Device {
 public:
     explicit Device(SoundOutput::Fetch fetch)
         : m_fetch(std::move(fetch))
-        , m_hasDriver(startDriver())
+        , m_hasDriver(Driver::retain())
     {
         SDL_AudioSpec wanted {};
         wanted.freq = SoundReader::rate;
@@ -69,7 +98,7 @@ public:
         if (m_device)
             SDL_CloseAudioDevice(m_device);
         if (m_hasDriver)
-            SDL_AudioQuit();
+            Driver::release();
     }
     Device(Device const&) = delete;
     Device& operator=(Device const&) = delete;
@@ -171,12 +200,11 @@ void DeviceOutput::setWanted(bool wanted)
     m_state->changed.notify_all();
     if (!wanted || m_state->hasThread)
         return;
-    try {
-        std::thread([state = m_state] { state->run(); }).detach();
-        m_state->hasThread = true;
-    } catch (std::system_error const&) {
-        m_state->isMissing = true;
-    }
+    auto thread = quietThread([state = m_state] { state->run(); });
+    m_state->hasThread = thread.joinable();
+    m_state->isMissing = !m_state->hasThread;
+    if (thread.joinable())
+        thread.detach();
 }
 
 bool DeviceOutput::isMissing() const

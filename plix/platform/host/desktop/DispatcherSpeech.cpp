@@ -83,9 +83,11 @@ bool DispatcherSpeech::start(SpeechChannel channel, std::string_view text)
     }
     auto const utterance = ++m_lastUtterance;
     setUtterance(found->second, utterance);
-    worker().perform([number = channel.number, utterance, speakable = std::move(speakable)](
-                         DispatcherService& service) { service.speak(number, utterance, speakable); });
-    return true;
+    bool const isTaken = worker().perform([number = channel.number, utterance, speakable = std::move(speakable)](
+                                              DispatcherService& service) { service.speak(number, utterance, speakable); });
+    if (!isTaken)
+        setUtterance(found->second, 0);
+    return isTaken;
 }
 
 void DispatcherSpeech::stop(SpeechChannel channel)
@@ -144,8 +146,8 @@ bool DispatcherSpeech::isAnyApplicationSpeaking()
 
 std::vector<SpeechVoice> const& DispatcherSpeech::voices()
 {
-    if (!m_hasVoices && !m_options.socketPath.empty() && !std::exchange(m_isListingVoices, true))
-        worker().perform([](DispatcherService& service) { service.listVoices(); });
+    if (!m_hasVoices && !m_options.socketPath.empty() && !m_isListingVoices)
+        m_isListingVoices = worker().perform([](DispatcherService& service) { service.listVoices(); });
     return m_voices;
 }
 

@@ -18,7 +18,7 @@ constexpr double listenPatience = 3;
 constexpr double secondsBetweenStarts = 5;
 constexpr double secondsBetweenLooks = 0.02;
 
-/// The program that starts it, or -1. Nothing of this process's signals and standard files is left to it.
+/// The program that starts it, or -1. Nothing of this process's signals and open files is left to it.
 pid_t spawnStarter(std::string const& socketPath)
 {
     posix_spawn_file_actions_t files;
@@ -26,12 +26,16 @@ pid_t spawnStarter(std::string const& socketPath)
     posix_spawn_file_actions_addopen(&files, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
     posix_spawn_file_actions_addopen(&files, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
     posix_spawn_file_actions_addopen(&files, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
+    posix_spawn_file_actions_addclosefrom_np(&files, STDERR_FILENO + 1);
     posix_spawnattr_t attributes;
     posix_spawnattr_init(&attributes);
     sigset_t none;
     sigemptyset(&none);
     posix_spawnattr_setsigmask(&attributes, &none);
-    posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSIGMASK);
+    sigset_t all;
+    sigfillset(&all);
+    posix_spawnattr_setsigdefault(&attributes, &all);
+    posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
 
     std::string words[] = { "speech-dispatcher", "--spawn", "--communication-method", "unix_socket", "--socket-path", socketPath };
     char* arguments[std::size(words) + 1] {};

@@ -1,7 +1,8 @@
 #include <plix/platform/host/desktop/DispatcherWorker.h>
 
+#include <plix/platform/host/desktop/quiet_thread.h>
+
 #include <chrono>
-#include <csignal>
 #include <cstdlib>
 #include <utility>
 
@@ -38,21 +39,17 @@ double now()
 DispatcherWorker::DispatcherWorker(DispatcherOptions options, DispatcherService::News news)
     : m_wakeDescriptor(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK))
 {
-    // Signals are the application's own matter.
-    sigset_t all;
-    sigset_t before;
-    sigfillset(&all);
-    pthread_sigmask(SIG_SETMASK, &all, &before);
     livingWorkers().push_back(this);
-    m_thread = std::thread([this, options = std::move(options), news = std::move(news)] { run(options, news); });
-    pthread_sigmask(SIG_SETMASK, &before, nullptr);
+    if (m_wakeDescriptor >= 0)
+        m_thread = quietThread([this, options = std::move(options), news = std::move(news)] { run(options, news); });
 }
 
 DispatcherWorker::~DispatcherWorker()
 {
     end();
     std::erase(livingWorkers(), this);
-    ::close(m_wakeDescriptor);
+    if (m_wakeDescriptor >= 0)
+        ::close(m_wakeDescriptor);
 }
 
 void DispatcherWorker::end()
@@ -60,7 +57,8 @@ void DispatcherWorker::end()
     if (m_isEnding.exchange(true))
         return;
     wake();
-    m_thread.join();
+    if (m_thread.joinable())
+        m_thread.join();
 }
 
 void DispatcherWorker::wake()
@@ -68,13 +66,16 @@ void DispatcherWorker::wake()
     ::eventfd_write(m_wakeDescriptor, 1);
 }
 
-void DispatcherWorker::perform(Call call)
+bool DispatcherWorker::perform(Call call)
 {
+    if (!m_thread.joinable())
+        return false;
     {
         std::lock_guard const lock(m_mutex);
         m_calls.push_back(std::move(call));
     }
     wake();
+    return true;
 }
 
 std::deque<DispatcherWorker::Call> DispatcherWorker::takeCalls()

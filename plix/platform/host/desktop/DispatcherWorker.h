@@ -23,7 +23,8 @@ public:
     DispatcherWorker(DispatcherWorker const&) = delete;
     DispatcherWorker& operator=(DispatcherWorker const&) = delete;
 
-    void perform(Call);
+    /// False where there is no thread to do it: the system is out of threads or descriptors.
+    bool perform(Call);
     void end();
 
 private:

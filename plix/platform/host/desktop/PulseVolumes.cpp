@@ -3,6 +3,7 @@
 #ifdef PLIX_PULSE
 #include <plix/platform/foundation/NSProcessInfo.h>
 #include <plix/platform/host/desktop/pulse_library.h>
+#include <plix/platform/host/desktop/quiet_thread.h>
 
 #include <chrono>
 #include <condition_variable>
@@ -23,6 +24,7 @@ using Clock = std::chrono::steady_clock;
 
 constexpr auto patience = 500ms;
 constexpr auto betweenTries = 1s;
+constexpr auto idleTime = 2s;
 
 ChannelVolume::Ear earOf(pa_channel_position_t position)
 {
@@ -70,6 +72,7 @@ public:
     Connection(Connection const&) = delete;
     Connection& operator=(Connection const&) = delete;
 
+    bool hasLoop() const { return m_loop != nullptr; }
     std::optional<StereoVolume> ask();
     std::optional<StereoVolume> known() const
     {
@@ -92,9 +95,13 @@ private:
     /// False when all is over.
     bool act();
     int timeout() const;
+    /// When there is something to do without news.
+    std::optional<Clock::time_point> due() const;
+    void disconnect();
     void connect();
     void stateChanged();
     void query();
+    void take(pa_sink_info const&);
     void answer(std::optional<StereoVolume>);
     static void release(pa_operation* operation)
     {
@@ -110,6 +117,7 @@ private:
     mutable std::mutex m_mutex;
     std::condition_variable m_answers;
     std::optional<StereoVolume> m_known;
+    std::string m_knownOutput;
     Ticket m_asked { 0 };
     Ticket m_answered { 0 };
     bool m_isWatched { false };
@@ -124,7 +132,9 @@ private:
     bool m_isQuerying { false };
     bool m_isStale { false };
     std::optional<StereoVolume> m_found;
+    std::string m_foundOutput;
     Clock::time_point m_nextTry {};
+    Clock::time_point m_lastUse {};
 };
 
 std::optional<StereoVolume> PulseVolumes::Connection::ask()
@@ -133,6 +143,10 @@ std::optional<StereoVolume> PulseVolumes::Connection::ask()
     bool const hangs = m_asked != m_answered;
     auto const ticket = ++m_asked;
     startThread();
+    if (!m_thread.joinable()) {
+        m_answered = m_asked;
+        return {};
+    }
     library().wakeUp(m_loop.get());
     if (hangs || !m_answers.wait_for(lock, patience, [&] { return m_answered >= ticket; }))
         return {};
@@ -151,7 +165,7 @@ void PulseVolumes::Connection::setWatched(bool watched)
 void PulseVolumes::Connection::startThread()
 {
     if (!m_thread.joinable())
-        m_thread = std::thread([this] { run(); });
+        m_thread = quietThread([this] { run(); });
 }
 
 void PulseVolumes::Connection::run()
@@ -176,20 +190,33 @@ bool PulseVolumes::Connection::hasNews() const
     return m_isOver || m_isLost || wantsAnswer || wantsTry || (m_isStale && canQuery);
 }
 
-int PulseVolumes::Connection::timeout() const
+std::optional<Clock::time_point> PulseVolumes::Connection::due() const
 {
     std::scoped_lock const lock(m_mutex);
-    if (!m_isWatched || m_context)
+    if (m_isWatched)
+        return m_context ? std::nullopt : std::optional(m_nextTry);
+    return m_isReady && !m_isQuerying ? std::optional(m_lastUse + idleTime) : std::nullopt;
+}
+
+int PulseVolumes::Connection::timeout() const
+{
+    auto const time = due();
+    if (!time)
         return -1;
-    auto const rest = std::chrono::duration_cast<std::chrono::microseconds>(m_nextTry - Clock::now()).count();
+    auto const rest = std::chrono::duration_cast<std::chrono::microseconds>(*time - Clock::now()).count();
     return static_cast<int>(std::max<long>(rest, 0));
+}
+
+void PulseVolumes::Connection::disconnect()
+{
+    m_context.reset();
+    m_isReady = m_isQuerying = m_isStale = false;
 }
 
 bool PulseVolumes::Connection::act()
 {
     if (std::exchange(m_isLost, false)) {
-        m_context.reset();
-        m_isReady = m_isQuerying = false;
+        disconnect();
         m_nextTry = Clock::now() + betweenTries;
         {
             std::scoped_lock const lock(m_mutex);
@@ -210,12 +237,17 @@ bool PulseVolumes::Connection::act()
         connect();
     if (m_isReady && !m_isQuerying && (wantsAnswer || m_isStale))
         query();
+    if (m_isReady && !m_isQuerying && !isWatched && Clock::now() >= m_lastUse + idleTime)
+        disconnect();
     return true;
 }
 
 void PulseVolumes::Connection::connect()
 {
     m_context.reset(library().newContext(library().loopInterface(m_loop.get()), m_applicationName.c_str()));
+    m_isLost = !m_context;
+    if (m_isLost)
+        return;
     library().setStateCallback(
         m_context.get(), [](pa_context*, void* pointer) { self(pointer).stateChanged(); }, this);
     library().setSubscribeCallback(
@@ -242,13 +274,16 @@ void PulseVolumes::Connection::query()
     m_isQuerying = true;
     m_isStale = false;
     m_found.reset();
+    m_foundOutput.clear();
     {
         std::scoped_lock const lock(m_mutex);
+        if (m_queried != m_asked)
+            m_lastUse = Clock::now();
         m_queried = m_asked;
     }
     auto const takeSink = [](pa_context*, pa_sink_info const* sink, int end, void* pointer) {
         if (sink)
-            self(pointer).m_found = volumeOf(*sink);
+            self(pointer).take(*sink);
         if (end)
             self(pointer).answer(self(pointer).m_found);
     };
@@ -267,14 +302,22 @@ void PulseVolumes::Connection::query()
     release(operation);
 }
 
+void PulseVolumes::Connection::take(pa_sink_info const& sink)
+{
+    m_found = volumeOf(sink);
+    m_foundOutput = sink.name;
+}
+
 void PulseVolumes::Connection::answer(std::optional<StereoVolume> volume)
 {
     m_isQuerying = false;
     bool isNews = false;
     {
         std::scoped_lock const lock(m_mutex);
-        isNews = m_isWatched && m_known != volume;
+        auto const output = volume ? m_foundOutput : std::string();
+        isNews = m_isWatched && (m_known != volume || m_knownOutput != output);
         m_known = volume;
+        m_knownOutput = output;
         m_answered = m_queried;
         m_answers.notify_all();
     }
@@ -286,7 +329,10 @@ std::unique_ptr<PulseVolumes> PulseVolumes::make(std::function<void()> changed)
 {
     if (!PulseLibrary::shared().isLoaded)
         return nullptr;
-    return std::unique_ptr<PulseVolumes>(new PulseVolumes(std::make_unique<Connection>(std::move(changed))));
+    auto connection = std::make_unique<Connection>(std::move(changed));
+    if (!connection->hasLoop())
+        return nullptr;
+    return std::unique_ptr<PulseVolumes>(new PulseVolumes(std::move(connection)));
 }
 
 #else

@@ -13,11 +13,12 @@ namespace plix {
 class PulseVolumes {
 public:
     /// `changed` is called on another thread when the volume has changed, the default output is another one, or the server has gone
-    /// or come. Null where the library to talk to it is missing.
+    /// or come. Null where the library to talk to it is missing, or descriptors are.
     static std::unique_ptr<PulseVolumes> make(std::function<void()> changed);
     ~PulseVolumes();
 
-    /// Waits for the server's answer, but not for one that hangs.
+    /// Waits for the server's answer, half a second at most, and not at all for one that hangs already. Where it is not watched
+    /// the connection ends a few seconds later.
     std::optional<StereoVolume> ask();
     /// The last answer; never waits.
     std::optional<StereoVolume> known() const;

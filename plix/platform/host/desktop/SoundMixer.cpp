@@ -45,9 +45,11 @@ std::shared_ptr<SoundMixer::Voice> SoundMixer::add(std::shared_ptr<SoundReader> 
     voice->ended = std::move(ended);
     voice->gain = voice->heardGain = soundGain(gain);
     std::scoped_lock const lock(m_mutex);
-    if (m_voices.empty())
+    if (!isAnyoneHeardNow())
         m_lastFetch = voice->begun;
     m_voices.push_back(voice);
+    // Who fetches finds the place ready.
+    m_over.reserve(m_over.size() + m_voices.size());
     ++m_begunCount;
     m_work.notify_one();
     return voice;
@@ -55,14 +57,23 @@ std::shared_ptr<SoundMixer::Voice> SoundMixer::add(std::shared_ptr<SoundReader> 
 
 void SoundMixer::remove(Voice const& voice)
 {
+    std::shared_ptr<Voice> removed;
     std::scoped_lock const lock(m_mutex);
-    std::erase_if(m_voices, [&](auto const& other) { return other.get() == &voice; });
+    auto const found = std::ranges::find(m_voices, &voice, &std::shared_ptr<Voice>::get);
+    if (found == m_voices.end())
+        return;
+    removed = std::move(*found);
+    m_voices.erase(found);
 }
 
 void SoundMixer::setPaused(Voice& voice, bool paused)
 {
     std::scoped_lock const lock(m_mutex);
+    if (!paused && !isAnyoneHeardNow())
+        m_lastFetch = Clock::now();
     voice.isPaused = paused;
+    m_isWoken = true;
+    m_work.notify_one();
 }
 
 void SoundMixer::setGain(Voice& voice, float gain)
@@ -81,6 +92,17 @@ std::size_t SoundMixer::voiceCount() const
 {
     std::scoped_lock const lock(m_mutex);
     return m_voices.size();
+}
+
+bool SoundMixer::isAnyoneHeard() const
+{
+    std::scoped_lock const lock(m_mutex);
+    return isAnyoneHeardNow();
+}
+
+bool SoundMixer::isAnyoneHeardNow() const
+{
+    return std::ranges::any_of(m_voices, [](auto const& voice) { return !voice->isPaused; });
 }
 
 std::size_t SoundMixer::begunCount() const
@@ -107,19 +129,27 @@ bool SoundMixer::readAhead()
     std::scoped_lock const lock(m_mutex);
     voice->queue.push({ samples, count });
     voice->isRead = count < samplesAtOnce;
-    voice->couldRead = canRead;
+    voice->couldRead = canRead && !voice->reader->isBroken();
     return true;
 }
 
 std::vector<std::function<void()>> SoundMixer::takeEnded()
 {
-    std::scoped_lock const lock(m_mutex);
-    return std::exchange(m_ended, {});
+    std::vector<std::shared_ptr<Voice>> over;
+    {
+        std::scoped_lock const lock(m_mutex);
+        over.swap(m_over);
+        m_over.reserve(m_voices.size());
+    }
+    std::vector<std::function<void()>> calls;
+    for (auto const& voice : over)
+        calls.emplace_back([ended = std::move(voice->ended), wasRead = voice->couldRead] { ended(wasRead); });
+    return calls;
 }
 
 bool SoundMixer::hasWork() const
 {
-    return m_isWoken || !m_ended.empty() || std::ranges::any_of(m_voices, &Voice::wantsReading);
+    return m_isWoken || !m_over.empty() || std::ranges::any_of(m_voices, &Voice::wantsReading);
 }
 
 void SoundMixer::waitForWork(std::optional<Clock::time_point> until)
@@ -166,10 +196,10 @@ void SoundMixer::fetch(std::span<float> stereo, Listener listener)
         if (!voice->isPaused)
             mixVoice(*voice, stereo, listener);
     }
-    std::erase_if(m_voices, [this](auto const& voice) {
+    std::erase_if(m_voices, [this](auto& voice) {
         bool const isOver = voice->isRead && voice->queue.size() == 0 && !voice->isPaused;
         if (isOver)
-            m_ended.push_back([ended = std::move(voice->ended), wasRead = voice->couldRead] { ended(wasRead); });
+            m_over.push_back(std::move(voice));
         return isOver;
     });
     limitSamples(stereo);

@@ -39,19 +39,22 @@ public:
     /// How long it took from its beginning to the first sample that the device fetched; nil where none was.
     std::optional<double> delayOf(Voice const&) const;
 
+    /// Also of those that pause.
     std::size_t voiceCount() const;
+    /// Whether any plays that does not pause.
+    bool isAnyoneHeard() const;
     /// How many sounds have begun, ever.
     std::size_t begunCount() const;
 
     // For the thread that reads.
     /// Reads on in the sound that needs it most; false where none does.
     bool readAhead();
-    /// What was said about the sounds that have ended since the last time.
+    /// What was said about the sounds that have ended since the last time. Lets them go.
     std::vector<std::function<void()>> takeEnded();
     /// Sleeps until there is something to read, a sound has begun or ended, wakeUp() was called or the time has come.
     void waitForWork(std::optional<Clock::time_point> until);
     void wakeUp();
-    /// When the device last fetched, or since when it could have: the first sound began when all was still.
+    /// When the device last fetched, or since when it could have: the first sound began, or went on, when all was still.
     Clock::time_point lastFetch() const;
 
     /// Fills with the sum, two channels side by side.
@@ -59,12 +62,14 @@ public:
 
 private:
     bool hasWork() const;
+    bool isAnyoneHeardNow() const;
     void mixVoice(Voice&, std::span<float> sum, Listener);
 
     mutable std::mutex m_mutex;
     std::condition_variable m_work;
     std::vector<std::shared_ptr<Voice>> m_voices;
-    std::vector<std::function<void()>> m_ended;
+    /// They have ended, and are let go where files may be closed.
+    std::vector<std::shared_ptr<Voice>> m_over;
     std::vector<float> m_mixed;
     std::size_t m_begunCount { 0 };
     Clock::time_point m_lastFetch {};

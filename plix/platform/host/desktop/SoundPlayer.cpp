@@ -1,6 +1,7 @@
 #include <plix/platform/host/desktop/SoundPlayer.h>
 
 #include <plix/platform/host/desktop/SoundReader.h>
+#include <plix/platform/host/desktop/quiet_thread.h>
 
 namespace plix {
 
@@ -33,9 +34,13 @@ SoundPlayer::~SoundPlayer()
 
 std::shared_ptr<SoundMixer::Voice> SoundPlayer::play(std::shared_ptr<SoundReader> reader, float gain, SoundMixer::Ended ended)
 {
-    auto voice = m_mixer->add(std::move(reader), gain, std::move(ended));
+    auto voice = m_mixer->add(std::move(reader), gain, ended);
     if (!m_thread.joinable())
-        m_thread = std::thread([this] { run(); });
+        m_thread = quietThread([this] { run(); });
+    if (!m_thread.joinable()) {
+        m_mixer->remove(*voice);
+        ended(false);
+    }
     m_mixer->wakeUp();
     return voice;
 }
@@ -60,7 +65,7 @@ void SoundPlayer::run()
 
 void SoundPlayer::noteOutput()
 {
-    bool const isWanted = m_mixer->voiceCount() > 0;
+    bool const isWanted = m_mixer->isAnyoneHeard();
     if (isWanted != m_wasWanted)
         m_output->setWanted(isWanted);
     m_wasWanted = isWanted;

@@ -18,7 +18,8 @@ public:
     SoundPlayer(SoundPlayer const&) = delete;
     SoundPlayer& operator=(SoundPlayer const&) = delete;
 
-    /// `ended` is called on another thread when the last sample was fetched, with whether the file could be read.
+    /// `ended` is called on another thread when the last sample was fetched, with whether the file could be read to its end; on
+    /// this one where there is no thread to play it.
     std::shared_ptr<SoundMixer::Voice> play(std::shared_ptr<SoundReader>, float gain, SoundMixer::Ended);
     /// Its `ended` may still be on its way.
     void stop(SoundMixer::Voice const&);

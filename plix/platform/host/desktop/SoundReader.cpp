@@ -80,6 +80,13 @@ bool SoundReader::readMore()
     return SDL_AudioStreamPut(m_stream.get(), stereo.data(), bytesOf(stereo.size())) == 0;
 }
 
+bool SoundReader::isBroken() const
+{
+    // Some kinds of files know how long they are only nearly.
+    auto const tolerance = m_decoder->rate() / 10;
+    return m_isAtEnd && m_framesIn + tolerance < m_decoder->frames();
+}
+
 bool SoundReader::rewind()
 {
     if (m_stream)

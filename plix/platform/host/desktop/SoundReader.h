@@ -25,6 +25,8 @@ public:
     std::size_t read(std::span<float> stereo);
     /// Goes back to the start.
     bool rewind();
+    /// Whether it came to an end before the one that the file promised.
+    bool isBroken() const;
 
 private:
     bool readMore();

@@ -4,12 +4,14 @@
 #include <plix/platform/base/clock.h>
 #include <plix/platform/foundation/NSRunLoop.h>
 #include <plix/platform/foundation/NSTimer.h>
+#include <plix/platform/host/desktop/SoundOutput.h>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cmath>
+#include <filesystem>
 #include <numbers>
 
 namespace plix {
@@ -191,6 +193,14 @@ TEST_F(DesktopAudioTest, ChangesOfVolumeAndOfTheDefaultOutputAreTold)
     server->setDefaultSink("second");
     EXPECT_TRUE(runUntil([&] { return told > 0; }));
     EXPECT_TRUE(isLeft(0.5));
+    // Another output is news also where it is as loud.
+    told = 0;
+    server->setVolume("first", 50, 40);
+    server->setDefaultSink("first");
+    EXPECT_TRUE(runUntil([&] { return told > 0; }));
+    told = 0;
+    server->setDefaultSink("second");
+    EXPECT_TRUE(runUntil([&] { return told > 0; }));
     told = 0;
     server->setVolume("first", 10, 10);
     server->setVolume("second", 60, 60);
@@ -205,7 +215,68 @@ TEST_F(DesktopAudioTest, AServerWithoutOutputsHasNoVolume)
     EXPECT_EQ(audio().outputVolume(), std::nullopt);
 }
 
+TEST_F(DesktopAudioTest, AVolumeThatIsAskedForOnceLeavesNoConnection)
+{
+    auto const clients = [&] { return server->control({ "list", "short", "clients" }); };
+    auto const before = std::ranges::count(clients(), '\n');
+    EXPECT_TRUE(audio().outputVolume());
+    EXPECT_EQ(std::ranges::count(clients(), '\n'), before + 1);
+    EXPECT_TRUE(runUntil([&] { return std::ranges::count(clients(), '\n') == before; }));
+    EXPECT_TRUE(audio().outputVolume());
+}
+
 // Trouble.
+
+/// No device at all.
+class MissingOutput final : public SoundOutput {
+public:
+    void setFetch(Fetch) override { }
+    void setWanted(bool) override { }
+    bool isMissing() const override { return true; }
+};
+
+/// Whether any file of this program's is that one.
+bool isOpen(std::string const& path)
+{
+    std::filesystem::directory_iterator const open("/proc/self/fd");
+    return std::ranges::any_of(open, [&](auto const& entry) {
+        std::error_code ignored;
+        return std::filesystem::read_symlink(entry.path(), ignored) == path;
+    });
+}
+
+TEST(DesktopAudio, LetsGoOfFilesWithTheirSounds)
+{
+    if (SoundDecoder::fileTypes().empty())
+        GTEST_SKIP() << "no sound files are read";
+    TestFolder const folder;
+    DesktopAudio audio([] {}, std::make_unique<MissingOutput>());
+    auto const path = folder.write("tone.wav", wavFile({ .seconds = 0.1 }));
+    auto sound = audio.openSound(path);
+    bool hasEnded = false;
+    sound->setFinished([&](bool) { hasEnded = true; });
+    sound->play();
+    EXPECT_TRUE(runUntil([&] { return hasEnded; }));
+    EXPECT_TRUE(isOpen(path));
+    sound.reset();
+    EXPECT_TRUE(runUntil([&] { return !isOpen(path); }));
+}
+
+TEST(DesktopAudio, AFileThatBreaksOffIsNotPlayedToItsEnd)
+{
+    if (SoundDecoder::fileTypes().empty())
+        GTEST_SKIP() << "no sound files are read";
+    TestFolder const folder;
+    DesktopAudio audio([] {}, std::make_unique<MissingOutput>());
+    auto const path = folder.write("tone.wav", wavFile({ .seconds = 1 }));
+    auto const sound = audio.openSound(path);
+    std::vector<bool> ends;
+    sound->setFinished([&](bool toEnd) { ends.push_back(toEnd); });
+    std::filesystem::resize_file(path, 20000);
+    sound->play();
+    EXPECT_TRUE(runUntil([&] { return !ends.empty(); }));
+    EXPECT_THAT(ends, ElementsAre(false));
+}
 
 TEST_F(DesktopAudioTest, ASoundGoesOnWithoutAServerThatDiesAndIsHeardWhenItIsBack)
 {

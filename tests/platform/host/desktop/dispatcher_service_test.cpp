@@ -1,6 +1,8 @@
 #ifdef PLIX_SPEECH
 
 #include <plix/platform/host/desktop/DispatcherService.h>
+#include <plix/platform/host/desktop/DispatcherSpeech.h>
+#include <plix/platform/host/desktop/PulseVolumes.h>
 #include <tests/support/ChildProcess.h>
 #include <tests/support/StandInService.h>
 
@@ -11,6 +13,7 @@
 
 #include <poll.h>
 #include <sys/ioctl.h>
+#include <sys/resource.h>
 #include <sys/socket.h>
 #include <sys/un.h>
 #include <unistd.h>
@@ -225,6 +228,56 @@ TEST(DispatcherStart, AProgramThatFailsIsLeftAloneForAWhile)
     start.begin(standIn.socketPath(), 106.1);
     EXPECT_EQ(start.state(), DispatcherStart::State::Starting);
     EXPECT_TRUE(waitUntil([&] { return standIn.text("runs") == "run\nrun\n"; }));
+}
+
+TEST(DispatcherStart, TheServiceInheritsNeitherFilesNorSignals)
+{
+    StandInService const standIn(
+        "#!/bin/sh\nls /proc/$$/fd > \"${0%/*}/files\"\ngrep SigIgn /proc/$$/status > \"${0%/*}/signals\"\n");
+    constexpr int number = 77;
+    ASSERT_EQ(::dup2(STDERR_FILENO, number), number);
+    auto const before = std::signal(SIGUSR1, SIG_IGN);
+    DispatcherStart start;
+    start.begin(standIn.socketPath(), 100);
+    std::signal(SIGUSR1, before);
+    ::close(number);
+    EXPECT_TRUE(waitUntil([&] {
+        start.goOn(101);
+        return start.state() == DispatcherStart::State::Started;
+    }));
+    EXPECT_THAT(standIn.text("files"), testing::StartsWith("0\n1\n"));
+    EXPECT_THAT(standIn.text("files"), testing::Not(testing::HasSubstr("77")));
+    auto const signals = standIn.text("signals");
+    EXPECT_EQ(std::stoull(signals.substr(signals.find('\t')), nullptr, 16) & (1U << (SIGUSR1 - 1)), 0U) << signals;
+}
+
+TEST(DispatcherOptions, AsTheServicesClientsFindIt)
+{
+    TestFolder const folder;
+    EnvironmentVariable const runtime("XDG_RUNTIME_DIR", folder.path());
+    EnvironmentVariable const address("SPEECHD_ADDRESS", std::nullopt);
+    auto const options = DispatcherOptions::fromEnvironment();
+    EXPECT_EQ(options.socketPath, folder / "speech-dispatcher/speechd.sock");
+    auto const others = DispatcherOptions::fromEnvironment();
+    options.mark->setHeld(true);
+    EXPECT_TRUE(others.mark->isHeldByOthers());
+}
+
+TEST(DispatcherSpeech, WithoutDescriptorsNothingIsSaidAndNothingHangs)
+{
+    TestFolder const folder;
+    DispatcherOptions options { "tester", "test", folder / "socket", DispatcherOptions::Start::Never, nullptr };
+    DispatcherSpeech speech(options);
+    rlimit before {};
+    ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &before), 0);
+    rlimit const none { 0, before.rlim_max };
+    ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &none), 0);
+    auto const channel = speech.openChannel("", {});
+    auto const volumes = PulseVolumes::make([] {});
+    ::setrlimit(RLIMIT_NOFILE, &before);
+    EXPECT_FALSE(speech.start(channel, "hello"));
+    EXPECT_FALSE(speech.isSpeaking(channel));
+    EXPECT_EQ(volumes, nullptr);
 }
 
 }

@@ -1,4 +1,5 @@
 #include <tests/support/ChildProcess.h>
+#include <tests/support/TestFolder.h>
 #include <tests/support/sound_files.h>
 
 #include <plix/platform/host/desktop/SoundPlayer.h>
@@ -9,6 +10,7 @@
 
 #include <atomic>
 #include <cmath>
+#include <filesystem>
 
 namespace plix {
 namespace {
@@ -139,6 +141,52 @@ TEST_F(SoundPlayerTest, ASoundThatPausesKeepsItsPlace)
         return endedCount > 0;
     }));
     EXPECT_EQ(sounding, 2U * (4800 - 480));
+}
+
+TEST_F(SoundPlayerTest, NothingIsWantedOfTheDeviceWhileAllPause)
+{
+    auto const voice = play(steady(0.5F, 4800));
+    fetchSound(480);
+    player->mixer().setPaused(*voice, true);
+    EXPECT_TRUE(waitUntil([&] { return !output->isWanted; }));
+    EXPECT_EQ(player->mixer().voiceCount(), 1U);
+    player->mixer().setPaused(*voice, false);
+    EXPECT_TRUE(waitUntil([&] { return output->isWanted.load(); }));
+    EXPECT_THAT(output->fetch(480), Each(FloatNear(0.5F, 0.001F)));
+    player->stop(*voice);
+}
+
+TEST_F(SoundPlayerTest, AFileThatBreaksOffIsNotPlayedToItsEnd)
+{
+    TestFolder const folder;
+    for (bool const breaks : { true, false }) {
+        auto const path = folder.write("tone.wav", wavFile({ .seconds = 2 }));
+        auto reader = std::make_shared<SoundReader>(SoundDecoder::open(SoundFileBytes::open(path)));
+        if (breaks)
+            std::filesystem::resize_file(path, 200000);
+        std::atomic<int> toEnd { -1 };
+        player->play(std::move(reader), 1, [&](bool wasRead) { toEnd = wasRead ? 1 : 0; });
+        EXPECT_TRUE(waitUntil([&] {
+            output->fetch(1024);
+            return toEnd >= 0;
+        }));
+        EXPECT_EQ(toEnd, breaks ? 0 : 1);
+    }
+}
+
+TEST_F(SoundPlayerTest, FilesAreNotClosedWhereSamplesAreFetched)
+{
+    SoundMixer mixer;
+    auto reader = steady(0.5F, 100);
+    std::weak_ptr<SoundReader> const life = reader;
+    mixer.add(std::move(reader), 1, [](bool) {});
+    EXPECT_TRUE(mixer.readAhead());
+    std::vector<float> samples(400);
+    mixer.fetch(samples, SoundMixer::Listener::Device);
+    EXPECT_EQ(mixer.voiceCount(), 0U);
+    EXPECT_FALSE(life.expired());
+    EXPECT_EQ(mixer.takeEnded().size(), 1U);
+    EXPECT_TRUE(life.expired());
 }
 
 TEST_F(SoundPlayerTest, AChangeOfGainMakesNoClick)
