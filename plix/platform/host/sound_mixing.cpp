@@ -64,7 +64,8 @@ void addSamples(std::span<float> sum, std::span<float const> stereo, float fromG
     auto const count = std::min(sum.size(), stereo.size());
     auto const step = (toGain - fromGain) / static_cast<float>(std::max<std::size_t>(count, 1));
     for (std::size_t place = 0; place < count; ++place)
-        sum[place] += stereo[place] * (fromGain + step * static_cast<float>(place));
+        if (std::isfinite(stereo[place]))
+            sum[place] += stereo[place] * (fromGain + step * static_cast<float>(place));
 }
 
 void limitSamples(std::span<float> samples)

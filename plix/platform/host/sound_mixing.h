@@ -12,7 +12,8 @@ namespace plix {
 /// channel is left out. What does not fill a moment is dropped.
 std::vector<float> stereoSamples(std::span<float const> samples, int channels);
 
-/// Adds to what is there, as loud as the gain says, which goes evenly from one to the other, so that a change makes no click.
+/// Adds to what is there, as loud as the gain says, which goes evenly from one to the other, so that a change makes no click. What
+/// is no number, or infinite, adds nothing.
 void addSamples(std::span<float> sum, std::span<float const> stereo, float fromGain, float toGain);
 
 /// Cuts off what is louder than can be; what is no number is silence.

@@ -55,6 +55,17 @@ TEST(SoundMixing, AChangeOfGainIsSpreadEvenly)
     EXPECT_EQ(sum[0], 1.0F);
 }
 
+TEST(SoundMixing, WhatIsNoNumberSilencesNobodyElse)
+{
+    constexpr auto infinity = std::numeric_limits<float>::infinity();
+    constexpr auto nothing = std::numeric_limits<float>::quiet_NaN();
+    for (float const gain : { 1.0F, 0.0F }) {
+        Samples sum { 0.5F, 0.5F, 0.5F, 0.5F };
+        addSamples(sum, Samples { nothing, infinity, -infinity, 0.25F * gain }, gain, gain);
+        EXPECT_THAT(sum, ElementsAre(0.5F, 0.5F, 0.5F, 0.5F + 0.25F * gain));
+    }
+}
+
 TEST(SoundMixing, WhatIsTooLoudIsCutOff)
 {
     constexpr auto infinity = std::numeric_limits<float>::infinity();
