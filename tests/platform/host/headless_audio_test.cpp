@@ -204,5 +204,25 @@ TEST(SoundFolders, TheFirstSharedFolderWithAThemeIsTheSystems)
     EXPECT_EQ(soundFolders().system, "/usr/share/sounds/freedesktop/stereo/");
 }
 
+TEST_F(HeadlessAudioTest, ASoundThatOutlivesItsMachineIsHarmless)
+{
+    auto other = std::make_unique<HeadlessHost>();
+    auto const sound = other->headlessAudio().openSound(file);
+    auto const pausing = other->headlessAudio().openSound(file);
+    for (auto const* each : { &sound, &pausing }) {
+        (*each)->setFinished([this](bool toEnd) { ends.push_back(toEnd); });
+        EXPECT_TRUE((*each)->play());
+    }
+    EXPECT_TRUE(sound->stop());
+    EXPECT_TRUE(pausing->pause());
+    other.reset();
+    EXPECT_TRUE(sound->play());
+    EXPECT_TRUE(pausing->resume());
+    EXPECT_TRUE(sound->pause());
+    EXPECT_TRUE(sound->stop());
+    EXPECT_TRUE(pausing->stop());
+    EXPECT_THAT(ends, IsEmpty());
+}
+
 }
 }

@@ -91,6 +91,17 @@ TEST_F(HeadlessSpeechTest, ChannelsSpeakApart)
     EXPECT_THAT(log, ElementsAre("one stopped", "two finished"));
 }
 
+TEST_F(HeadlessSpeechTest, AChannelThatIsClosedTellsNothingMore)
+{
+    auto const channel = open("one");
+    speech().start(channel, "hello");
+    speech().tellWord(channel, { 0, 5 });
+    speech().stop(channel);
+    speech().closeChannel(channel);
+    pass(1);
+    EXPECT_THAT(log, testing::IsEmpty());
+}
+
 TEST_F(HeadlessSpeechTest, UnknownChannelsAreHarmless)
 {
     auto const channel = open("one");

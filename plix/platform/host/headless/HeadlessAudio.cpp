@@ -34,17 +34,22 @@ private:
     void begin() override
     {
         m_rest = m_duration;
+        if (m_audioLife.expired())
+            return;
         m_audio.m_plays.push_back({ m_path, volume(), m_audio.m_clock.uptime() });
         m_audio.m_playing.push_back(this);
         goOn();
     }
     void hold() override
     {
-        m_rest -= m_audio.m_clock.uptime() - m_since;
         m_run.reset();
+        if (!m_audioLife.expired())
+            m_rest -= m_audio.m_clock.uptime() - m_since;
     }
     void goOn() override
     {
+        if (m_audioLife.expired())
+            return;
         m_since = m_audio.m_clock.uptime();
         m_run = std::make_shared<Sound*>(this);
         m_audio.m_events.postAfter(m_rest, [run = std::weak_ptr(m_run)] {

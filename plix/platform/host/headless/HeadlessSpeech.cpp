@@ -63,8 +63,7 @@ void HeadlessSpeech::closeChannel(SpeechChannel channel)
     auto const found = m_lines.find(channel.number);
     if (found == m_lines.end())
         return;
-    found->second.news = {};
-    finish(found->second, SpeechEnd::Stopped);
+    noteEnd(found->second, SpeechEnd::Stopped);
     m_lines.erase(found);
 }
 
@@ -79,7 +78,7 @@ bool HeadlessSpeech::start(SpeechChannel channel, std::string_view text)
     if (found == m_lines.end() || m_isUnavailable)
         return false;
     auto& line = found->second;
-    finish(line, SpeechEnd::Stopped);
+    finish(channel.number, line, SpeechEnd::Stopped);
     if (!hasAnythingToSay(text))
         return true;
     line.utterance = m_utterances.size();
@@ -98,7 +97,7 @@ bool HeadlessSpeech::start(SpeechChannel channel, std::string_view text)
 void HeadlessSpeech::stop(SpeechChannel channel)
 {
     if (auto const found = m_lines.find(channel.number); found != m_lines.end())
-        finish(found->second, SpeechEnd::Stopped);
+        finish(channel.number, found->second, SpeechEnd::Stopped);
 }
 
 bool HeadlessSpeech::noteEnd(Line& line, SpeechEnd how)
@@ -111,10 +110,16 @@ bool HeadlessSpeech::noteEnd(Line& line, SpeechEnd how)
     return true;
 }
 
-void HeadlessSpeech::finish(Line& line, SpeechEnd how)
+void HeadlessSpeech::finish(std::uint32_t number, Line& line, SpeechEnd how)
 {
-    if (noteEnd(line, how) && line.news.ended)
-        m_events.post([ended = line.news.ended, how] { ended(how); });
+    if (!noteEnd(line, how))
+        return;
+    m_events.post([self = m_self, number, how] {
+        if (!*self || !(*self)->m_lines.contains(number))
+            return;
+        if (auto const ended = (*self)->m_lines.at(number).news.ended)
+            ended(how);
+    });
 }
 
 void HeadlessSpeech::finishOnTime(SpeechChannel channel, long serial)
@@ -130,14 +135,17 @@ void HeadlessSpeech::finishOnTime(SpeechChannel channel, long serial)
 void HeadlessSpeech::end(SpeechChannel channel, SpeechEnd how)
 {
     if (auto const found = m_lines.find(channel.number); found != m_lines.end())
-        finish(found->second, how);
+        finish(channel.number, found->second, how);
 }
 
 void HeadlessSpeech::tellWord(SpeechChannel channel, NSRange range)
 {
     auto const found = m_lines.find(channel.number);
     if (found != m_lines.end() && found->second.utterance && found->second.news.word)
-        m_events.post([word = found->second.news.word, range] { word(range); });
+        m_events.post([self = m_self, number = channel.number, word = found->second.news.word, range] {
+            if (*self && (*self)->m_lines.contains(number))
+                word(range);
+        });
 }
 
 void HeadlessSpeech::setUnavailable(bool isUnavailable)
@@ -146,7 +154,7 @@ void HeadlessSpeech::setUnavailable(bool isUnavailable)
     if (!isUnavailable)
         return;
     for (auto& [number, line] : m_lines)
-        finish(line, SpeechEnd::Stopped);
+        finish(number, line, SpeechEnd::Stopped);
 }
 
 bool HeadlessSpeech::isSpeaking(SpeechChannel channel) const

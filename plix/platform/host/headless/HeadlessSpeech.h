@@ -67,7 +67,7 @@ private:
 
     /// False where nothing was being spoken.
     bool noteEnd(Line&, SpeechEnd);
-    void finish(Line&, SpeechEnd);
+    void finish(std::uint32_t number, Line&, SpeechEnd);
     void finishOnTime(SpeechChannel, long serial);
     void postVoices();
 
