@@ -322,5 +322,22 @@ TEST_P(PLIXSpeakingTextFieldTest, ManyKeysAtOnceAreSpokenInOrder)
     EXPECT_FALSE(hasTimer());
 }
 
+TEST_P(PLIXSpeakingTextFieldTest, EachKeyLooksAgainByItself)
+{
+    speakDigits();
+    speech().setDuration([](std::string const&) { return 0.03; });
+    speech().setOtherApplicationSpeaking(true);
+    type("1");
+    pass(0.05);
+    type("2");
+    pass(0.03);
+    speech().setOtherApplicationSpeaking(false);
+    // The first key's timer speaks at 0.1 s, the second one's at 0.15 s.
+    pass(0.04);
+    EXPECT_THAT(spoken(), ElementsAre("1"));
+    pass(0.05);
+    EXPECT_THAT(spoken(), ElementsAre("1", "2"));
+}
+
 }
 }

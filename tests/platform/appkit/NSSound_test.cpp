@@ -179,5 +179,51 @@ TEST_F(NSSoundTest, ABeepIsTheAlertSoundOrElseTheBell)
     EXPECT_EQ(display().beepCount(), 1);
 }
 
+/// Does something with the sound while it is told of its end.
+class Meddler : public NSObject {
+    PLIX_CLASS(Meddler, NSObject);
+
+public:
+    std::vector<bool> ends;
+    std::function<void(NSSound&)> meddle;
+    void didFinishPlaying(NSSound& sound, bool toEnd)
+    {
+        ends.push_back(toEnd);
+        if (auto const once = std::exchange(meddle, nullptr))
+            once(sound);
+    }
+};
+PLIX_DESCRIBE(Meddler)
+{
+}
+
+TEST_F(NSSoundTest, ItsDelegateMayDoAnythingWhenItEnds)
+{
+    auto const meddler = make<Meddler>();
+    auto sound = tone();
+    Weak<NSSound> const weak(sound);
+    sound->setDelegate(meddler);
+    meddler->meddle = [](NSSound& ended) { EXPECT_TRUE(ended.play()); };
+    sound->play();
+    pass(1.1);
+    EXPECT_TRUE(sound->isPlaying());
+    pass(1);
+    EXPECT_THAT(meddler->ends, ElementsAre(true, true));
+    meddler->meddle = [](NSSound& ended) { EXPECT_FALSE(ended.stop()); };
+    sound->play();
+    EXPECT_TRUE(sound->stop());
+    EXPECT_THAT(meddler->ends, ElementsAre(true, true, false));
+    meddler->meddle = [&](NSSound& ended) {
+        EXPECT_TRUE(ended.play());
+        EXPECT_TRUE(ended.stop());
+        sound = nullptr;
+        EXPECT_TRUE(weak);
+    };
+    sound->play();
+    pass(1.1);
+    EXPECT_THAT(meddler->ends, ElementsAre(true, true, false, true, false));
+    EXPECT_FALSE(weak);
+}
+
 }
 }
