@@ -78,7 +78,7 @@ Ref<NSView> makeNSSoundPage()
             sound->setName(name);
             sound->setDelegate(listener);
         }
-        auto const button = [&](char const* title, bool (NSSound::*act)(), char const* done) {
+        auto const button = [&, name = name](char const* title, bool (NSSound::*act)(), char const* done) {
             return pushButton(title, [sound, act, page = form.get(), text = std::string(name) + done] {
                 page->setStatus(!sound ? "Sounds can’t be decoded here." : (sound.get()->*act)() ? text : "Not in this state.");
             });
