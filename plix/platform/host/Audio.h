@@ -29,7 +29,7 @@ public:
     /// Of a sound file's bytes, which are copied.
     virtual std::unique_ptr<HostSound> openSound(std::span<std::uint8_t const> bytes) = 0;
 
-    /// Of the default output device. Nil where there is none, it has no volume, or its server does not answer within moments.
+    /// Of the default output device. Nil where there is none, it has no volume, or its server does not answer within half a second.
     virtual std::optional<StereoVolume> outputVolume() = 0;
     /// The last one known, in two halves, the left one below, each 0x0100 at most; never waits. That of full volume where none is
     /// known.

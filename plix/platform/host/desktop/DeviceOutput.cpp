@@ -3,14 +3,13 @@
 #include <plix/platform/host/desktop/SoundReader.h>
 #include <plix/platform/host/desktop/quiet_thread.h>
 #include <plix/platform/host/desktop/sdl_handles.h>
+#include <plix/platform/host/desktop/sound_card.h>
 
 #include <chrono>
 #include <condition_variable>
 #include <cstdlib>
 #include <mutex>
 #include <string>
-
-#include <glob.h>
 
 namespace plix {
 
@@ -24,14 +23,6 @@ constexpr auto idleTime = 5s;
 constexpr auto betweenLooks = 200ms;
 constexpr auto betweenTries = 500ms;
 constexpr auto patienceAtEnd = 1s;
-
-bool hasSoundCard()
-{
-    glob_t found {};
-    bool const hasAny = ::glob("/dev/snd/pcmC*p", 0, nullptr, &found) == 0;
-    globfree(&found);
-    return hasAny;
-}
 
 /// SDL has one driver of sound for the whole program, which may be another one's already.
 class Driver {

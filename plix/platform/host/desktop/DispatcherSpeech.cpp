@@ -22,7 +22,7 @@ DispatcherSpeech::~DispatcherSpeech()
     *m_self = nullptr;
 }
 
-// The thread begins with the first channel that speaks: most applications never do.
+// The thread begins with the first channel: most applications never have one.
 DispatcherWorker& DispatcherSpeech::worker()
 {
     if (m_worker)

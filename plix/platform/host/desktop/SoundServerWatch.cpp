@@ -1,10 +1,10 @@
 #include <plix/platform/host/desktop/SoundServerWatch.h>
 
 #include <plix/platform/host/desktop/pulse_library.h>
+#include <plix/platform/host/desktop/sound_card.h>
 
 #include <algorithm>
 #include <cerrno>
-#include <filesystem>
 #include <limits>
 
 #include <poll.h>
@@ -16,17 +16,6 @@ namespace {
 PulseLibrary const& pulse()
 {
     return PulseLibrary::shared();
-}
-
-/// A machine whose sound goes to its devices without a server.
-bool hasPlaybackDevice()
-{
-    std::error_code error;
-    std::filesystem::directory_iterator const folder("/dev/snd", error);
-    return !error && std::any_of(begin(folder), end(folder), [](std::filesystem::directory_entry const& entry) {
-        auto const name = entry.path().filename().string();
-        return name.starts_with("pcm") && name.ends_with('p');
-    });
 }
 
 }
@@ -74,7 +63,7 @@ struct SoundServerWatch::Connection {
     std::vector<pollfd>* own { nullptr };
     Handle<pa_mainloop> loop;
     Handle<pa_context> context;
-    bool hasDevice { hasPlaybackDevice() };
+    bool hasDevice { hasSoundCard() };
 };
 
 SoundServerWatch::SoundServerWatch(std::string applicationName)
