@@ -172,6 +172,7 @@
 #include <plix/platform/graphics/attribute_names.h>
 #include <plix/platform/graphics/geometry.h>
 #include <plix/platform/graphics/string_drawing.h>
+#include <plix/platform/host/Audio.h>
 #include <plix/platform/host/Host.h>
 #include <plix/platform/host/Speech.h>
 #include <plix/platform/host/speech_manager.h>
