@@ -121,7 +121,7 @@ public:
     // The icon of windows and alerts.
     NSImage* applicationIconImage() const;
     void setApplicationIconImage(Ref<NSImage> const&);
-    /// Looked through for key equivalents behind the key window's views. Nothing shows it.
+    /// Looked through for keys behind the key window's views; what is in a window that is blocked does not act. Nothing shows it.
     NSMenu* mainMenu() const;
     void setMainMenu(Ref<NSMenu> const&);
 

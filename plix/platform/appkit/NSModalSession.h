@@ -22,7 +22,6 @@ private:
     Weak<NSWindow> m_previousKeyWindow;
     long m_response { NSRunContinuesResponse };
     bool m_isEnded { false };
-    bool m_wasOnScreen { false };
 };
 
 }

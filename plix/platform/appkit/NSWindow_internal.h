@@ -170,7 +170,6 @@ struct NSWindow::Internals final : HostWindowClient {
     void drawBackground(NSGraphicsContext&, std::span<Rect const>);
     void drawRegion(Region const&);
     void setLiveResize(bool);
-    bool isBlocked() const;
     /// The topmost of the sheets on this window and on these, or the window itself.
     NSWindow& frontmostSheet();
     void dispatchMouse(NSEvent&);
