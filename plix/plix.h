@@ -140,6 +140,7 @@
 #include <plix/platform/foundation/NSTimer.h>
 #include <plix/platform/foundation/NSUndoManager.h>
 #include <plix/platform/foundation/NSUserDefaults.h>
+#include <plix/platform/foundation/RunLoopDescriptor.h>
 #include <plix/platform/foundation/collation.h>
 #include <plix/platform/foundation/delayed_perform.h>
 #include <plix/platform/foundation/locale_values.h>

@@ -8,10 +8,15 @@
 #include <plix/platform/foundation/NSRunLoop.h>
 #include <plix/platform/foundation/NSTimer.h>
 #include <plix/platform/foundation/NSUndoManager.h>
+#include <plix/platform/foundation/RunLoopDescriptor.h>
 #include <plix/platform/foundation/delayed_perform.h>
 
+#include <array>
 #include <functional>
 #include <memory>
+
+#include <poll.h>
+#include <unistd.h>
 
 namespace gallery {
 
@@ -142,6 +147,52 @@ Ref<NSView> makeNSRunLoopPage()
     return page;
 }
 
+Ref<NSView> makeRunLoopDescriptorPage()
+{
+    class Pipe : public NSObject {
+    public:
+        Pipe()
+        {
+            if (::pipe(ends.data()) != 0)
+                return;
+            source = make<RunLoopDescriptor>(ends[0], short { POLLIN }, [this](short) {
+                char bytes[64];
+                auto const size = ::read(ends[0], bytes, sizeof bytes);
+                log->add("bytes arrived", valueText(static_cast<long>(size)));
+            });
+            NSRunLoop::currentRunLoop().addDescriptor(*source, NSRunLoopCommonModes);
+        }
+        ~Pipe() override
+        {
+            if (!source)
+                return;
+            source->invalidate();
+            ::close(ends[0]);
+            ::close(ends[1]);
+        }
+        Ref<RunLoopDescriptor> source;
+        std::array<int, 2> ends {};
+        Transcript* log { nullptr };
+    };
+    auto const log = make<Transcript>();
+    log->addNote("A pipe, a socket, whatever poll() knows: called when it is ready, until it is invalidated.");
+    log->setLimit(7);
+    auto const page = LivePage::page(log);
+    auto const pipe = page->keep(make<Pipe>());
+    pipe->log = log.get();
+    page->addControl(pushButton("Write 5 bytes", [pipe = pipe.get()] {
+        if (pipe->source && ::write(pipe->ends[1], "water", 5) == 5)
+            pipe->log->add("bytes written", "5");
+    }));
+    page->addControl(pushButton("Invalidate", [pipe = pipe.get()] {
+        if (!pipe->source)
+            return;
+        pipe->source->invalidate();
+        pipe->log->add("source->isValid()", valueText(pipe->source->isValid()));
+    }));
+    return page;
+}
+
 Ref<NSView> makeDelayedPerformPage()
 {
     class Kettle : public NSObject {
@@ -220,6 +271,7 @@ constexpr Page all[] {
     { "NSNotificationCenter", "NSNotificationCenter", eventsSection, "loop_pages.cpp", makeNSNotificationCenterPage },
     { "NSTimer", "NSTimer", eventsSection, "loop_pages.cpp", makeNSTimerPage },
     { "NSRunLoop", "NSRunLoop", eventsSection, "loop_pages.cpp", makeNSRunLoopPage },
+    { "RunLoopDescriptor", "RunLoopDescriptor", eventsSection, "loop_pages.cpp", makeRunLoopDescriptorPage },
     { "delayed_perform", "Calls after a delay", eventsSection, "loop_pages.cpp", makeDelayedPerformPage },
     { "NSUndoManager", "NSUndoManager", eventsSection, "loop_pages.cpp", makeNSUndoManagerPage },
 };

@@ -7,7 +7,7 @@
 namespace plix {
 
 /// A file descriptor as a source of a run loop. Does not own the descriptor; invalidate before closing it.
-class RunLoopDescriptor : public NSObject {
+class PLIX_EXPORT RunLoopDescriptor : public NSObject {
     PLIX_CLASS(RunLoopDescriptor, NSObject);
 
 public:
