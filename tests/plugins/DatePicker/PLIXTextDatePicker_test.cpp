@@ -324,7 +324,7 @@ TEST_F(TextDatePickerTest, OnlyWhatIsUnderThePointerIsDrawnAnew)
         take();
         for (int const day : { 10, 20 }) {
             person().moveMouse(march(day));
-            later([this, &view, take] {
+            later([&view, take] {
                 take();
                 view.setNeedsDisplay(true);
                 take();

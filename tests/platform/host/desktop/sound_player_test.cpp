@@ -107,7 +107,7 @@ TEST_F(SoundPlayerTest, WhatIsTooLoudTogetherIsCutOff)
 {
     std::vector<std::shared_ptr<SoundMixer::Voice>> voices;
     for (int i = 0; i < 16; ++i)
-        voices.push_back(play(steady(0.2F, 48000)));
+        voices.push_back(play(steady(0.2F, 480000))); // none ends before the last has begun
     EXPECT_TRUE(waitUntil([&] { return output->fetch(16).back() >= 1; }));
     EXPECT_THAT(output->fetch(64), Each(1.0F));
 }
