@@ -28,7 +28,6 @@ using namespace plix;
 
 namespace {
 
-constexpr Size wide { 165, 96 };
 constexpr Size half { 254, 110 };
 
 constexpr char const* pangram = "The quick brown fox jumps over the lazy dog.";
