@@ -158,6 +158,7 @@ void shrink(Options const& options, std::uint32_t chapter)
     s_run = &run;
     dieTelling();
     run.playChapter(chapter, events);
+    s_run = nullptr;
     std::printf("%s\n", run.failure().c_str());
 }
 

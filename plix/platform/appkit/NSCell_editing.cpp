@@ -72,6 +72,7 @@ bool NSCell::beginEditing(Rect frame, NSView& controlView, NSText& editor, NSObj
     setControlView(&controlView);
     editor.takeHooks({});
     editor.setFieldEditor(true);
+    editor.setHidden(false); // it may have been hidden where it was before
     editor.setEditable(isEditable());
     editor.setSelectable(true);
     setUpFieldEditorAttributes(editor);

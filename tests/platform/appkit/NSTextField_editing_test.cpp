@@ -54,6 +54,20 @@ TEST_F(NSTextFieldEditing, OneEditorServesAllFieldsOfAWindow)
     EXPECT_NE(other->fieldEditor(true, nullptr), used);
 }
 
+TEST_F(NSTextFieldEditing, AnEditorThatWasHiddenIsSeenInTheNextField)
+{
+    begin("first");
+    Ref<NSText> const editor(field->currentEditor());
+    editor->setHidden(true);
+    EXPECT_FALSE(isEditing(*field));
+    clickCenter(*second);
+    EXPECT_TRUE(isEditing(*second));
+    EXPECT_EQ(second->currentEditor(), editor);
+    EXPECT_FALSE(editor->isHiddenOrHasHiddenAncestor());
+    type("x");
+    EXPECT_NE(second->stringValue().find('x'), std::string::npos);
+}
+
 TEST_F(NSTextFieldEditing, TabTakesTheTextAndGoesOn)
 {
     begin("first");
