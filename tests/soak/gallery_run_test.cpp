@@ -15,6 +15,7 @@
 #include <plix/platform/graphics/FocusLock.h>
 #include <plix/platform/graphics/NSImage.h>
 #include <tests/support/HeadlessTest.h>
+#include <tests/support/TestSurroundings.h>
 
 #include <filesystem>
 #include <limits>
@@ -139,10 +140,18 @@ protected:
         if (!s_isFenced)
             GTEST_SKIP() << "writing can't be confined here";
         HeadlessTest::SetUp();
+        m_surroundings.temporary = m_folder;
+    }
+    void TearDown() override
+    {
+        HeadlessTest::TearDown();
+        std::filesystem::remove_all(m_folder);
     }
 
 private:
     LogSink m_sink;
+    std::string const m_folder { makeRunFolder() };
+    TestSurroundings m_surroundings;
 };
 
 TEST_F(GalleryRunTest, HoldsOverEveryPage)

@@ -405,7 +405,9 @@ void NSTextView::unmarkText()
 {
     if (!m_marked)
         return;
-    auto const text = m_storage->attributedSubstringFromRange(m_marked->range)->string();
+    // The storage may have been edited by anybody.
+    auto const marked = NSIntersectionRange(m_marked->range, { 0, length() });
+    auto const text = m_storage->attributedSubstringFromRange(marked)->string();
     insertText(text);
 }
 

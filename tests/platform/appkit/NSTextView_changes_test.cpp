@@ -609,5 +609,16 @@ TEST_F(NSTextViewChanges, ReadOnlyTextTakesNoInputMethod)
     EXPECT_EQ(view->string(), "");
 }
 
+TEST_F(NSTextViewChanges, AClickEndsWhatIsMarkedThoughItsTextIsGone)
+{
+    view->setString("some text");
+    view->setSelectedRange({ 9, 0 });
+    ASSERT_TRUE(view->setMarkedText("marked", { 6, 0 }));
+    view->textStorage()->replaceCharactersInRange({ 0, 15 }, *make<NSAttributedString>("none"));
+    click(*view, { 5, 5 });
+    EXPECT_FALSE(view->hasMarkedText());
+    EXPECT_EQ(view->string().substr(0, 4), "none");
+}
+
 }
 }

@@ -223,6 +223,7 @@ void DispatcherService::lose(std::uint32_t number, Channel& channel, double now)
         return;
     if (isHardlyHeard && channel.utterance->attempts++ == 0) {
         channel.utterance->isHandedOver = false;
+        m_nextAttempt = now + secondsBetweenAttempts;
     } else {
         fail(number, channel);
     }
