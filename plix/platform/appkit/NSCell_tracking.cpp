@@ -4,6 +4,7 @@
 #include <plix/platform/appkit/NSCursor.h>
 #include <plix/platform/appkit/NSEvent.h>
 #include <plix/platform/appkit/NSWindow.h>
+#include <plix/platform/appkit/tracking_wait.h>
 #include <plix/platform/foundation/NSRunLoop.h>
 
 namespace plix {
@@ -71,6 +72,10 @@ bool NSCell::trackMouse(NSEvent& event, Rect frame, NSView& controlView, bool un
     while (Ref<NSWindow> const window = view->window()) {
         auto const next = window->nextEventMatchingMask(
             NSLeftMouseUpMask | NSLeftMouseDraggedMask, repeat.next(), NSEventTrackingRunLoopMode, true);
+        if (isCutShort(next, repeat.next())) {
+            stopTracking(last, last, *view, false);
+            return false;
+        }
         if (!next) {
             sendActionOnEvent(NSPeriodicMask);
             repeat.advance();

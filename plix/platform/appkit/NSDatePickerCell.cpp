@@ -7,6 +7,7 @@
 #include <plix/platform/appkit/Theme.h>
 #include <plix/platform/appkit/button_constants.h>
 #include <plix/platform/appkit/cell_layout.h>
+#include <plix/platform/appkit/tracking_wait.h>
 #include <plix/platform/foundation/NSCoder.h>
 #include <plix/platform/foundation/NSRunLoop.h>
 #include <plix/platform/foundation/NSTimeZone.h>
@@ -594,7 +595,7 @@ void NSDatePickerCell::trackStepper(NSEvent& event, Rect frame, NSView& controlV
     while (Ref<NSWindow> const window = view->window()) {
         auto const moved
             = window->nextEventMatchingMask(NSLeftMouseUpMask | NSLeftMouseDraggedMask, next, NSEventTrackingRunLoopMode, true);
-        if (moved && moved->type() == NSLeftMouseUp)
+        if (isCutShort(moved, next) || (moved && moved->type() == NSLeftMouseUp))
             break;
         if (moved) {
             show(halfAt(moved->locationInWindow()) == pressed ? pressed : 0);

@@ -4,6 +4,7 @@
 #include <plix/platform/appkit/NSEvent.h>
 #include <plix/platform/appkit/NSWindow.h>
 #include <plix/platform/appkit/Theme.h>
+#include <plix/platform/appkit/tracking_wait.h>
 #include <plix/platform/foundation/NSCoder.h>
 #include <plix/platform/foundation/NSRunLoop.h>
 
@@ -282,7 +283,7 @@ void NSScroller::trackScrollButtons(NSEvent& press)
     while (Ref<NSWindow> const ownWindow = window()) {
         auto const event
             = ownWindow->nextEventMatchingMask(NSLeftMouseUpMask | NSLeftMouseDraggedMask, next, NSEventTrackingRunLoopMode, true);
-        if (event && event->type() == NSLeftMouseUp)
+        if (isCutShort(event, next) || (event && event->type() == NSLeftMouseUp))
             return;
         if (event) {
             location = event->locationInWindow();

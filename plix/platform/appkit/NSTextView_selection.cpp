@@ -4,6 +4,7 @@
 #include <plix/platform/appkit/NSScrollView.h>
 #include <plix/platform/appkit/NSWindow.h>
 #include <plix/platform/appkit/text_boundaries.h>
+#include <plix/platform/appkit/tracking_wait.h>
 #include <plix/platform/foundation/NSNotificationCenter.h>
 #include <plix/platform/foundation/NSRunLoop.h>
 #include <plix/platform/graphics/caret_stops.h>
@@ -404,8 +405,7 @@ void NSTextView::followMouse(NSEvent& press, NSRange anchor)
         auto const until = isOutside ? NSDate::dateWithTimeIntervalSinceNow(autoscrollInterval) : NSDate::distantFuture();
         auto const next
             = ownWindow->nextEventMatchingMask(NSLeftMouseUpMask | NSLeftMouseDraggedMask, until, NSEventTrackingRunLoopMode, true);
-        bool const isCutShort = !next && until.timeIntervalSinceNow() > autoscrollInterval / 2;
-        if (isCutShort || (next && next->type() == NSLeftMouseUp))
+        if (isCutShort(next, until) || (next && next->type() == NSLeftMouseUp))
             return;
         if (next)
             last = next;

@@ -5,6 +5,9 @@
 #include <plix/platform/graphics/NSColor.h>
 #include <plix/platform/graphics/NSFont.h>
 
+#include <plix/platform/appkit/NSDatePicker.h>
+#include <plix/platform/appkit/NSScroller.h>
+
 #include <tests/support/HeadlessTest.h>
 #include <tests/support/pixels.h>
 
@@ -204,6 +207,33 @@ TEST_F(ControlTest, RepeatsItsActionWhileItIsHeld)
     pass(1);
     calls.push_back(receiver->calls);
     EXPECT_EQ(calls, (std::vector<int> { 0, 1, 3, 4 })); // the release is one more
+}
+
+TEST_F(ControlTest, IsLetGoWhereTheApplicationStopsWhileItIsHeld)
+{
+    control->setContinuous(true);
+    auto const stepper = make<NSDatePicker>(Rect { 20, 120, 160, 24 });
+    auto const scroller = make<NSScroller>(Rect { 20, 160, 160, 15 });
+    scroller->setEnabled(true);
+    scroller->setFloatValue(0, 0.2F);
+    control->superview()->addSubview(*stepper);
+    control->superview()->addSubview(*scroller);
+    auto const stopsWhileHeld = [this](Point place) {
+        person().press(place);
+        bool wasHeld = false;
+        machine().headlessEvents().postAfter(0.5, [&] {
+            wasHeld = true;
+            NSApp->stop(nullptr);
+        });
+        NSApp->run();
+        person().release(place);
+        pump();
+        return wasHeld;
+    };
+    EXPECT_TRUE(stopsWhileHeld(centerOnScreen(*control)));
+    EXPECT_TRUE(stopsWhileHeld(onScreen(*stepper, { 153, 18 })));
+    EXPECT_TRUE(stopsWhileHeld(onScreen(*scroller, { 140, 7 })));
+    EXPECT_TRUE(cell().log.size() > 1);
 }
 
 TEST_F(ControlTest, DoesNothingWhileItIsDisabled)
