@@ -17,6 +17,7 @@
 #include <plix/platform/appkit/NSWindow.h>
 #include <plix/platform/appkit/NSWindowController.h>
 #include <plix/platform/base/NSData.h>
+#include <plix/platform/base/Weak.h>
 #include <plix/platform/foundation/NSCalendarDate.h>
 #include <plix/platform/foundation/NSNotification.h>
 #include <plix/platform/foundation/NSRunLoop.h>
@@ -367,14 +368,15 @@ Ref<NSView> makePLIXProgressWindowPage()
     public:
         void progressWindowCanceled(PLIXProgressWindow& window)
         {
-            form->setStatus("Cancelled at " + std::to_string(std::lround(window.progressIndicator()->doubleValue())) + " %");
+            if (form)
+                form->setStatus("Cancelled at " + std::to_string(std::lround(window.progressIndicator()->doubleValue())) + " %");
             window.close();
         }
-        Form* form { nullptr };
+        Weak<Form> form; // the window may stay longer
     };
     auto const form = Form::page();
     auto const canceller = form->keep(make<Canceller>());
-    canceller->form = form.get();
+    canceller->form = form;
     form->addView(picture(progressWindow(40)));
     form->addRow("Open", { pushButton("One That Runs", [canceller] {
         auto const window = progressWindow(0);

@@ -10,6 +10,7 @@
 #include <plix/platform/appkit/NSPasteboard.h>
 #include <plix/platform/appkit/NSWindow_internal.h>
 #include <plix/platform/base/Global.h>
+#include <plix/platform/base/Weak.h>
 #include <plix/platform/foundation/NSNotificationCenter.h>
 #include <plix/platform/foundation/NSRunLoop.h>
 #include <plix/platform/foundation/NSTimer.h>
@@ -106,17 +107,27 @@ void InspectorSession::close()
 bool InspectorSession::init()
 {
     m_panel = make<InspectorPanel>();
-    m_panel->views().setSelected([this](std::uint64_t id) {
-        auto* const inspected = window();
-        selectView(inspected && id != 0 ? viewWithSerialNumber(*inspected->contentView(), id) : nullptr);
+    // A button of the panel may be held while the session ends.
+    auto const whileOpen = [weakly = Weak<InspectorSession>(*this)](auto call) {
+        if (auto const session = weakly.ref())
+            call(*session);
+    };
+    m_panel->views().setSelected([whileOpen](std::uint64_t id) {
+        whileOpen([id](InspectorSession& session) {
+            auto* const inspected = session.window();
+            session.selectView(inspected && id != 0 ? viewWithSerialNumber(*inspected->contentView(), id) : nullptr);
+        });
     });
-    m_panel->pickButton().setActionFunction([this](NSObject*) { setPicking(m_panel->pickButton().state() != 0); });
-    m_panel->framesSwitch().setActionFunction(
-        [this](NSObject*) { m_overlay.setShowsFrames(m_panel->framesSwitch().state() != 0); });
-    m_panel->flashesSwitch().setActionFunction(
-        [this](NSObject*) { m_overlay.setShowsFlashes(m_panel->flashesSwitch().state() != 0); });
-    m_panel->copyButton().setActionFunction([this](NSObject*) { copyAsTest(); });
-    m_panel->clearButton().setActionFunction([this](NSObject*) { clearEvents(); });
+    auto const act = [&](NSButton& button, void (*action)(InspectorSession&, bool isOn)) {
+        button.setActionFunction([whileOpen, action](NSObject* sender) {
+            whileOpen([&](auto& session) { action(session, static_cast<NSButton&>(*sender).state() != 0); });
+        });
+    };
+    act(m_panel->pickButton(), [](auto& session, bool isOn) { session.setPicking(isOn); });
+    act(m_panel->framesSwitch(), [](auto& session, bool isOn) { session.m_overlay.setShowsFrames(isOn); });
+    act(m_panel->flashesSwitch(), [](auto& session, bool isOn) { session.m_overlay.setShowsFlashes(isOn); });
+    act(m_panel->copyButton(), [](auto& session, bool) { session.copyAsTest(); });
+    act(m_panel->clearButton(), [](auto& session, bool) { session.clearEvents(); });
     return true;
 }
 

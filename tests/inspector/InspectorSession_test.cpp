@@ -375,5 +375,18 @@ TEST_F(InspectorTest, OpensWithoutAnyWindow)
     EXPECT_EQ(session().window(), later.get());
 }
 
+TEST_F(InspectorTest, MayEndWhileAButtonOfItsPanelIsHeld)
+{
+    open();
+    Ref<NSButton> const held(panel().framesSwitch());
+    person().press(centerOnScreen(*held));
+    person().then([] { closeInspector(); });
+    person().release(centerOnScreen(*held));
+    pump();
+    EXPECT_FALSE(isInspectorOpen());
+    held->performClick(nullptr);
+    EXPECT_FALSE(isInspectorOpen());
+}
+
 }
 }
