@@ -17,11 +17,13 @@ public:
     /// Events as poll() takes them.
     bool init(int descriptor, short events, Callback);
 
+    // What it was made with, and whether it is still called.
     int descriptor() const { return m_descriptor; }
     short events() const { return m_events; }
     bool isValid() const { return m_isValid; }
     /// Stops it for good; the run loop lets it go. May be called inside its callback.
     void invalidate();
+    /// As the run loop does when it is ready; nothing once it is invalid.
     void call(short revents);
 
 private:
