@@ -21,7 +21,7 @@ gallery() {
 }
 
 failures() {
-    build asan test_failing && PLIX_LONG_TESTS=1 build/asan/tests/test_failing --gtest_brief=1
+    build asan test_failing && build/asan/tests/test_failing --gtest_brief=1
 }
 
 # Of each target: how many inputs it ran in how many seconds.

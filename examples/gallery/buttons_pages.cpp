@@ -222,21 +222,21 @@ Ref<NSView> makeTQPopUpButtonCellPage()
     auto const style = NSParagraphStyle::defaultParagraphStyle()->mutableCopy();
     style->setFirstLineHeadIndent(8);
     style->setMinimumLineHeight(20);
-    auto const show = [page = form.get(), style](NSPopUpButton& popUp, std::string_view part) {
-        auto const text = make<NSMutableAttributedString>(std::string(part) + popUp.titleOfSelectedItem(),
+    auto const show = [page = form.get(), style](NSPopUpButton& popUp, std::string_view stand) {
+        auto const text = make<NSMutableAttributedString>(std::string(stand) + popUp.titleOfSelectedItem(),
             Attributes { { NSFontAttributeName, NSFont::boldSystemFontOfSize(12) }, { NSParagraphStyleAttributeName, style },
                 { NSForegroundColorAttributeName, NSColor::controlTextColor() } });
-        text->addAttribute(NSForegroundColorAttributeName, NSColor::disabledControlTextColor(), { 0, std::ssize(part) });
+        text->addAttribute(NSForegroundColorAttributeName, NSColor::disabledControlTextColor(), { 0, std::ssize(stand) });
         static_cast<TQPopUpButtonCell*>(popUp.cell())->setDisplayAttributedString(text);
         page->setStatus("Shows “" + text->string() + "”");
     };
     form->addStatus("");
-    for (auto const* part : { "Part 1:  ", "Part 2:  ", "Part 3:  " }) {
+    for (auto const* stand : { "Stand 1:  ", "Stand 2:  ", "Stand 3:  " }) {
         auto const popUp = make<NSPopUpButton>(Rect { 0, 0, 180, 26 }, false);
         popUp->setCell(make<TQPopUpButtonCell>("", false));
         popUp->addItemsWithTitles({ "Flute", "Oboe", "Clarinet" });
-        popUp->setActionFunction([show, part](NSObject* sender) { show(*static_cast<NSPopUpButton*>(sender), part); });
-        show(*popUp, part);
+        popUp->setActionFunction([show, stand](NSObject* sender) { show(*static_cast<NSPopUpButton*>(sender), stand); });
+        show(*popUp, stand);
         form->addRow("", { popUp });
     }
     form->addNote("The cell draws its display string in place of the usual inside, and leaves ten points for the arrows.");

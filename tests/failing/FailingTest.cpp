@@ -3,7 +3,6 @@
 #include <plix/platform/base/living_objects.h>
 
 #include <cstdio>
-#include <cstdlib>
 #include <new>
 
 namespace plix {
@@ -16,11 +15,6 @@ FailingTest::FailingTest()
 FailingTest::~FailingTest()
 {
     installLogSink(m_sink);
-}
-
-bool FailingTest::isLong()
-{
-    return std::getenv("PLIX_LONG_TESTS") != nullptr;
 }
 
 void FailingTest::letGo(Made& made)

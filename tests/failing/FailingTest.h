@@ -23,8 +23,6 @@ protected:
     /// What it makes that shall be let go only when nothing fails any more goes into the vector. Answers how many calls there were
     /// to fail.
     long failEach(Call, std::function<void(Made&)> const& operation);
-    /// Whether large inputs are asked for too, by PLIX_LONG_TESTS.
-    static bool isLong();
 
     std::vector<std::string> log;
     TestFolder folder;
