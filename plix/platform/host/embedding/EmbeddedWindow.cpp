@@ -8,17 +8,6 @@
 
 namespace plix {
 
-namespace {
-
-constexpr int s_largestSide = 16384;
-
-int pixelsFor(float points, float scale)
-{
-    return std::clamp(static_cast<int>(std::lround(points * scale)), 1, s_largestSide);
-}
-
-}
-
 EmbeddedWindow::EmbeddedWindow(EmbeddingDisplay& display, HostWindowAttributes const& attributes, float scale)
     : m_display(display)
     , m_attributes(attributes)
@@ -26,7 +15,7 @@ EmbeddedWindow::EmbeddedWindow(EmbeddingDisplay& display, HostWindowAttributes c
     , m_scale(scale)
 {
     m_number = display.add(*this);
-    allocatePixels();
+    m_pixels.fit(m_contentRect.size(), m_scale);
 }
 
 EmbeddedWindow::~EmbeddedWindow()
@@ -41,14 +30,14 @@ EmbeddedWindow* EmbeddedWindow::parent() const
 
 PixelBuffer EmbeddedWindow::shownPixels()
 {
-    return m_keepsContent ? lockPixels() : PixelBuffer {};
+    return m_pixels.keepsContent() ? lockPixels() : PixelBuffer {};
 }
 
 void EmbeddedWindow::placed(Rect contentRect, float scale)
 {
     bool const isElsewhere = std::exchange(m_contentRect, contentRect) != contentRect;
     bool const isFiner = std::exchange(m_scale, scale) != scale;
-    allocatePixels();
+    m_pixels.fit(m_contentRect.size(), m_scale);
     // The client may destroy the window in each of these calls.
     auto& display = m_display;
     auto const number = m_number;
@@ -87,7 +76,7 @@ void EmbeddedWindow::show()
     m_order = m_display.nextOrder();
     if (std::exchange(m_isVisible, true))
         return raise();
-    m_keepsContent = false;
+    m_pixels.lose();
     visibilityChanged();
 }
 
@@ -104,32 +93,13 @@ void EmbeddedWindow::raise()
 
 PixelBuffer EmbeddedWindow::lockPixels()
 {
-    PixelBuffer buffer;
-    buffer.pixels = reinterpret_cast<std::uint8_t*>(m_pixels.data());
-    buffer.stride = m_width * static_cast<int>(sizeof(std::uint32_t));
-    buffer.width = m_width;
-    buffer.height = m_height;
-    buffer.scale = m_scale;
-    buffer.keepsContent = m_keepsContent;
-    return buffer;
+    return m_pixels.lock();
 }
 
 void EmbeddedWindow::present(std::span<PixelRect const> rects)
 {
-    m_keepsContent = true;
+    m_pixels.keep();
     pixelsChanged(rects);
-}
-
-void EmbeddedWindow::allocatePixels()
-{
-    int const width = pixelsFor(m_contentRect.width, m_scale);
-    int const height = pixelsFor(m_contentRect.height, m_scale);
-    if (width == m_width && height == m_height)
-        return;
-    m_width = width;
-    m_height = height;
-    m_pixels.assign(static_cast<std::size_t>(width) * static_cast<std::size_t>(height), 0);
-    m_keepsContent = false;
 }
 
 }

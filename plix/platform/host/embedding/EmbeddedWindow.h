@@ -1,9 +1,9 @@
 #pragma once
 
 #include <plix/platform/host/HostWindow.h>
+#include <plix/platform/host/WindowPixels.h>
 
 #include <cstdint>
-#include <vector>
 
 namespace plix {
 
@@ -77,8 +77,6 @@ protected:
     virtual void visibilityChanged() { }
 
 private:
-    void allocatePixels();
-
     EmbeddingDisplay& m_display;
     HostWindowAttributes m_attributes;
     HostWindowClient* m_client { nullptr };
@@ -89,10 +87,7 @@ private:
     long m_order { 0 };
     bool m_isVisible { false };
     bool m_isMiniaturized { false };
-    bool m_keepsContent { false };
-    std::vector<std::uint32_t> m_pixels;
-    int m_width { 0 };
-    int m_height { 0 };
+    WindowPixels m_pixels;
 };
 
 }

@@ -8,17 +8,6 @@
 
 namespace plix {
 
-namespace {
-
-constexpr int largestSide = 16384;
-
-int pixelsFor(float points, float scale)
-{
-    return std::clamp(static_cast<int>(std::lround(points * scale)), 1, largestSide);
-}
-
-}
-
 HeadlessWindow::HeadlessWindow(HeadlessDisplay& display, HostWindowAttributes const& attributes, HostWindowClient& client)
     : m_display(display)
     , m_attributes(attributes)
@@ -27,7 +16,7 @@ HeadlessWindow::HeadlessWindow(HeadlessDisplay& display, HostWindowAttributes co
 {
     m_display.windowMade(*this);
     m_scale = m_display.scaleAt(m_contentRect);
-    allocatePixels();
+    m_pixels.fit(m_contentRect.size(), m_scale);
 }
 
 HeadlessWindow::~HeadlessWindow()
@@ -59,7 +48,7 @@ void HeadlessWindow::setContentRect(Rect rect)
     m_isZoomed = false;
     m_contentRect = rect;
     auto const scale = std::exchange(m_scale, m_display.scaleAt(rect));
-    allocatePixels();
+    m_pixels.fit(m_contentRect.size(), m_scale);
     // The client may destroy the window in each of these calls.
     auto& client = *m_client;
     auto& display = m_display;
@@ -90,7 +79,7 @@ void HeadlessWindow::show()
     if (m_isVisible)
         return;
     m_isVisible = true;
-    m_keepsContent = false;
+    m_pixels.lose();
     m_display.raise(*this);
 }
 
@@ -145,26 +134,19 @@ void HeadlessWindow::zoom()
 
 PixelBuffer HeadlessWindow::lockPixels()
 {
-    PixelBuffer buffer;
-    buffer.pixels = reinterpret_cast<std::uint8_t*>(m_pixels.data());
-    buffer.stride = m_width * static_cast<int>(sizeof(std::uint32_t));
-    buffer.width = m_width;
-    buffer.height = m_height;
-    buffer.scale = m_scale;
-    buffer.keepsContent = m_keepsContent;
-    return buffer;
+    return m_pixels.lock();
 }
 
 void HeadlessWindow::present(std::span<PixelRect const> rects)
 {
-    m_keepsContent = true;
+    m_pixels.keep();
     m_lastPresented.assign(rects.begin(), rects.end());
     ++m_presentCount;
 }
 
 void HeadlessWindow::losePixels()
 {
-    m_keepsContent = false;
+    m_pixels.lose();
     m_client->hostWindowNeedsRepaint({ 0, 0, m_contentRect.width, m_contentRect.height });
 }
 
@@ -179,21 +161,8 @@ void HeadlessWindow::updateScale()
     if (scale == m_scale)
         return;
     m_scale = scale;
-    allocatePixels();
+    m_pixels.fit(m_contentRect.size(), m_scale);
     m_client->hostWindowScaleChanged(scale);
-}
-
-void HeadlessWindow::allocatePixels()
-{
-    int const width = pixelsFor(m_contentRect.width, m_scale);
-    int const height = pixelsFor(m_contentRect.height, m_scale);
-    if (width == m_width && height == m_height)
-        return;
-    m_width = width;
-    m_height = height;
-    // What is in them counts no longer, and the client paints them all.
-    m_pixels.resize(static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
-    m_keepsContent = false;
 }
 
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <plix/platform/host/HostWindow.h>
+#include <plix/platform/host/WindowPixels.h>
 
 #include <cstdint>
 #include <string>
@@ -28,9 +29,9 @@ public:
     Size minimumSize() const { return m_minimumSize; }
     Size maximumSize() const { return m_maximumSize; }
     /// What is shown: rows from the top, no alpha.
-    std::vector<std::uint32_t> const& pixels() const { return m_pixels; }
-    int pixelWidth() const { return m_width; }
-    int pixelHeight() const { return m_height; }
+    std::vector<std::uint32_t> const& pixels() const { return m_pixels.values(); }
+    int pixelWidth() const { return m_pixels.width(); }
+    int pixelHeight() const { return m_pixels.height(); }
     /// The rectangles of the last frame, and how many frames were shown.
     std::vector<PixelRect> const& lastPresented() const { return m_lastPresented; }
     long presentCount() const { return m_presentCount; }
@@ -70,7 +71,6 @@ public:
 
 private:
     void updateScale();
-    void allocatePixels();
 
     HeadlessDisplay& m_display;
     HostWindowAttributes m_attributes;
@@ -86,10 +86,7 @@ private:
     bool m_isMiniaturized { false };
     bool m_isZoomed { false };
     bool m_wantsAttention { false };
-    bool m_keepsContent { false };
-    std::vector<std::uint32_t> m_pixels;
-    int m_width { 0 };
-    int m_height { 0 };
+    WindowPixels m_pixels;
     std::vector<PixelRect> m_lastPresented;
     long m_presentCount { 0 };
 };
