@@ -652,8 +652,10 @@ void NSDatePickerCell::drawInteriorWithFrame(Rect frame, NSView& controlView)
         Ref<NSColor> const ink = isRefused ? NSColor::textBackgroundColor()
             : isSelected                   ? NSColor::alternateSelectedControlTextColor()
                                            : color;
-        auto const alignment = isField ? NSCenterTextAlignment : NSLeftTextAlignment;
-        drawTextLine(part.text, part.rect, { *textFont, ink.get(), alignment, NSLineBreakByClipping });
+        // A single digit stands where the units do, next to what follows it.
+        Rect const place = isField ? NSInsetRect(part.rect, 1, 0) : part.rect;
+        auto const alignment = isField && part.field.kind != DateFieldKind::half ? NSRightTextAlignment : NSLeftTextAlignment;
+        drawTextLine(part.text, place, { *textFont, ink.get(), alignment, NSLineBreakByClipping });
         index += isField ? 1 : 0;
     }
 }

@@ -1,5 +1,6 @@
 #include <tests/support/HeadlessTest.h>
 #include <tests/support/TestSurroundings.h>
+#include <tests/support/pixels.h>
 
 #include <plix/platform/appkit/NSDatePicker.h>
 #include <plix/platform/base/NSData.h>
@@ -342,6 +343,19 @@ TEST_F(DatePickerTest, IsArchived)
     EXPECT_EQ(again->dateValue(), picker->dateValue());
     EXPECT_EQ(again->maxDate(), picker->maxDate());
     EXPECT_EQ(again->datePickerElements(), NSYearMonthDayDatePickerElementFlag);
+}
+
+TEST_F(DatePickerTest, ASingleDigitStandsNextToWhatFollowsIt)
+{
+    cell().setDrawsBackground(false);
+    cell().setBezeled(false);
+    picker->setDatePickerElements(NSYearMonthDayDatePickerElementFlag);
+    auto const picture = picker->bitmapImageRepForCachingDisplayInRect(picker->bounds());
+    auto const month = cell().rectOfField(fieldOf(DateFieldKind::month), picker->bounds());
+    PixelRect const tens { static_cast<int>(month.x), 0, static_cast<int>(month.width) / 2 - 1, 24 };
+    PixelRect const units { static_cast<int>(month.midX()) + 1, 0, static_cast<int>(month.width) / 2, 24 };
+    EXPECT_FALSE(hasInk(picture, tens, colors::clear));
+    EXPECT_TRUE(hasInk(picture, units, colors::clear));
 }
 
 TEST_F(DatePickerTest, TheWidthHoldsWhileDigitsChange)
