@@ -1,7 +1,7 @@
 #include "Form.h"
+#include "page_parts.h"
 
 #include <plix/platform/appkit/Theme.h>
-#include <plix/platform/graphics/NSColor.h>
 #include <plix/platform/graphics/NSFont.h>
 
 #include <algorithm>
@@ -14,6 +14,21 @@ using namespace plix;
 namespace {
 
 constexpr float lineHeight = 26;
+constexpr float captionHeight = 16;
+// What is higher holds more than one line.
+constexpr float highestLine = 44;
+
+/// Level with the first of the row, or near the top of a high one.
+float captionTop(std::vector<Ref<NSView>> const& controls, float height)
+{
+    if (controls.empty())
+        return (lineHeight - captionHeight) / 2;
+    auto const& first = *controls.front();
+    float const line = heightAboveCaption(first);
+    if (line > highestLine)
+        return (lineHeight - captionHeight) / 2;
+    return std::floor((height - first.frame().height) / 2) + std::floor((line - captionHeight) / 2);
+}
 
 }
 
@@ -29,7 +44,7 @@ void Form::addRow(std::string_view caption, std::vector<Ref<NSView>> const& cont
         height = std::max(height, control->frame().height);
     auto const label = NSTextField::labelWithString(caption);
     label->setAlignment(NSRightTextAlignment);
-    label->setFrame({ 20, m_y + 5, captionWidth, 16 });
+    label->setFrame({ 20, m_y + captionTop(controls, height), captionWidth, captionHeight });
     addSubview(*label);
     float x = left;
     for (auto const& control : controls) {
@@ -84,7 +99,7 @@ void Form::addGap()
 void Form::addStatus(std::string_view text)
 {
     m_status = NSTextField::labelWithString(text);
-    m_status->setTextColor(NSColor::disabledControlTextColor());
+    m_status->setTextColor(Theme::current().color(ThemeRole::secondaryText));
     m_status->setFrame({ 20, bounds().height - 30, bounds().width - 40, 16 });
     addSubview(*m_status);
 }

@@ -199,7 +199,7 @@ void drawShadings()
     }
     Rect const rect = cells[std::size(gradients)];
     drawSpectrum(rect);
-    drawCaption("host's own", rect);
+    drawCaption("host’s own", rect);
 }
 
 void drawOperations(PictureSamples const& samples)

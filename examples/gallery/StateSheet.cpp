@@ -123,7 +123,8 @@ void StateSheet::addRow(std::string_view caption, MakeControl const& makeControl
         addSubview(*place);
         x += m_place.width + gap;
     }
-    addLabel(caption, { margin, m_y + std::floor((height - labelHeight) / 2), captionWidth, labelHeight }, true);
+    // Its small letters stand on the line of the larger ones beside.
+    addLabel(caption, { margin, m_y + std::floor((height - labelHeight) / 2) + 1, captionWidth, labelHeight }, true);
     m_y += height + rowGap;
 }
 

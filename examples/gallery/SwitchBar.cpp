@@ -63,11 +63,11 @@ bool SwitchBar::init(float width)
     m_appearance = addSwitch("Look", appearances, "The colours of everything");
     m_scale = addSwitch("Scale", scales, "The size of the page");
     m_active = addSwitch("Window", activities, "As in the window with the keyboard, or in another");
-    m_version = addSwitch("System", versions, "The system's version, by which some looks differ");
+    m_version = addSwitch("System", versions, "The system’s version, by which some looks differ");
     m_highlight = make<NSPopUpButton>(Rect { 0, 0, 110, 22 }, false);
     makeSmall(*m_highlight);
     m_highlight->addItemsWithTitles({ "As it is", "Rectangle", "Capsule", "Rounded" });
-    m_highlight->setToolTip("The shape of selected rows in the library's tables");
+    m_highlight->setToolTip("The shape of selected rows in the library’s tables");
     m_highlight->setTarget(*this, &SwitchBar::changed);
     add("Highlight", *m_highlight);
     m_enabled = make<NSButton>(Rect { 0, 0, 90, 18 });
@@ -75,7 +75,7 @@ bool SwitchBar::init(float width)
     m_enabled->setTitle("Enabled");
     makeSmall(*m_enabled);
     m_enabled->sizeToFit();
-    m_enabled->setToolTip("Whether the page's controls can be used");
+    m_enabled->setToolTip("Whether the page’s controls can be used");
     m_enabled->setTarget(*this, &SwitchBar::changed);
     add("", *m_enabled);
     setSettings({});

@@ -23,6 +23,7 @@ constexpr float gap = 16;
 constexpr float lineHeight = 18;
 constexpr float expressionShare = 0.58F;
 constexpr float fontSize = 11;
+constexpr float headingGap = 5;
 
 Attributes attributes(Ref<NSFont> const& font, Ref<NSColor> const& color)
 {
@@ -154,7 +155,8 @@ float Transcript::heightOf(Line const& line) const
 
 void Transcript::layOut()
 {
-    float y = margin;
+    // A heading has room above, which the page's edge gives the first one.
+    float y = m_lines.empty() || m_lines.front().kind != Kind::heading ? margin : margin - headingGap;
     for (auto& line : m_lines) {
         line.top = y;
         y += line.height;
@@ -174,7 +176,7 @@ void Transcript::drawLine(Line const& line, bool isTinted) const
         return;
     }
     if (line.kind == Kind::heading) {
-        drawInRect(line.expression, NSOffsetRect(place, 0, 5), headingAttributes());
+        drawInRect(line.expression, NSOffsetRect(place, 0, headingGap), headingAttributes());
         return;
     }
     if (isTinted) {

@@ -69,7 +69,7 @@ Ref<NSView> makeRefPage()
     SHOW(third->retainCount());
     SHOW(ObjectValue(third).as<NSColor>() == third);
     SHOW(ObjectValue(third).as<NSData>());
-    transcript->addNote("A Ref that is made of a pointer takes a further reference; adopt() and leak() hand one over.");
+    transcript->addNote("A Ref that is made from a pointer takes a further reference; adopt() and leak() hand one over.");
     return transcript;
 }
 
@@ -358,7 +358,7 @@ Ref<NSView> makeUtf16Page()
     SHOW(substringWithRange("Grüße", { 4, 2 }));
     SHOW(utf16FromUTF8("𝔸").size());
     SHOW(utf8FromUTF16(u"Grüße"));
-    transcript->addHeading("What is no UTF-8");
+    transcript->addHeading("What is not UTF-8");
     SHOW(isValidUTF8("caf\xE9"));
     SHOW(validUTF8("caf\xE9"));
     SHOW(utf16Length("caf\xE9"));
@@ -390,8 +390,8 @@ Ref<NSView> makeNSLogPage()
         NSLog(line);
         installLogSink(before);
     };
-    page->addControl(pushButton("The kettle boils", [write] { write("The kettle boils."); }));
-    page->addControl(pushButton("Tea is ready", [write] { write("Tea is ready: 4 cups."); }));
+    page->addControl(pushButton("Boil the Kettle", [write] { write("The kettle boils."); }));
+    page->addControl(pushButton("Make Tea", [write] { write("Tea is ready: 4 cups."); }));
     write("Water is poured.");
     return page;
 }

@@ -7,6 +7,7 @@
 #include <plix/platform/appkit/NSImageView.h>
 #include <plix/platform/appkit/NSProgressIndicator.h>
 #include <plix/platform/appkit/NSTextField.h>
+#include <plix/platform/appkit/Theme.h>
 #include <plix/platform/graphics/NSColor.h>
 #include <plix/platform/graphics/NSFont.h>
 #include <plix/platform/graphics/NSGraphics.h>
@@ -36,7 +37,7 @@ public:
     {
         auto const label = NSTextField::labelWithString(text);
         label->setFont(NSFont::systemFontOfSize(10));
-        label->setTextColor(NSColor::disabledControlTextColor());
+        label->setTextColor(Theme::current().color(ThemeRole::secondaryText));
         label->setAlignment(NSCenterTextAlignment);
         label->setFrame({ under.x - 20, under.maxY() + 4, under.width + 40, 14 });
         addSubview(*label);
@@ -143,8 +144,8 @@ void addSplits(Sheet& desk)
         desk.addSubview(split);
     };
     fill(*make<NSSplitView>(Rect { 20, 428, 186, 92 }), true, { 60, 60 });
-    fill(*make<TQSplitView>(Rect { 226, 428, 186, 92 }), false, { 150, 150 });
-    auto const panes = make<NSSplitView>(Rect { 432, 428, 186, 92 });
+    fill(*make<TQSplitView>(Rect { 225, 428, 186, 92 }), false, { 150, 150 });
+    auto const panes = make<NSSplitView>(Rect { 430, 428, 186, 92 });
     panes->setIsPaneSplitter(true);
     fill(*panes, true, { 100, 100 });
 }

@@ -58,7 +58,7 @@ Ref<NSView> makeNSButtonPage()
     form->addRow("Check boxes", { button("Bold", NSSwitchButton, 70), button("Italic", NSSwitchButton, 70), some });
     auto const winds = button("Winds", NSRadioButton, 70);
     winds->setState(NSOnState);
-    form->addRow("Radio", { winds, button("Strings", NSRadioButton, 80), button("Brass", NSRadioButton, 70) });
+    form->addRow("Radio", { winds, button("Strings", NSRadioButton, 70), button("Brass", NSRadioButton, 70) });
     auto const pictured = button("Favourite", NSMomentaryPushInButton, 110, 28);
     pictured->setImage(icon(Icon::star));
     pictured->setImagePosition(NSImageLeft);
@@ -137,7 +137,7 @@ Ref<NSView> makePLIXButtonPage()
     form->addRow("PLIXButton", { counted(make<PLIXButton>(Rect {}), "Next Page", "n"), hint("press N") });
     form->addRow("NSButton", { counted(make<NSButton>(Rect {}), "Previous Page", "p"), hint("press P") });
     form->addNote("A PLIXButton’s key equivalent fires as the key goes down and never a second time as it comes up.");
-    form->addStatus("Nothing was pressed yet.");
+    form->addStatus("Nothing has been pressed yet.");
     form->sizeToRows();
     return form;
 }
@@ -364,8 +364,8 @@ Ref<NSView> makeNSSegmentedControlPage()
 Ref<NSView> makeNSSegmentedCellPage()
 {
     auto const form = Form::page();
-    auto const tracking = [&](NSSegmentSwitchTracking mode, NSControlSize size, float height) {
-        auto const control = segments(make<NSSegmentedControl>(Rect { 0, 0, 200, height }), { "One", "Two", "Three" });
+    auto const tracking = [&](NSSegmentSwitchTracking mode, NSControlSize size, float height, float width = 200) {
+        auto const control = segments(make<NSSegmentedControl>(Rect { 0, 0, width, height }), { "One", "Two", "Three" });
         auto* const cell = static_cast<NSSegmentedCell*>(control->cell());
         cell->setTrackingMode(mode);
         cell->setControlSize(size);
@@ -389,7 +389,7 @@ Ref<NSView> makeNSSegmentedCellPage()
     form->addRow("Momentary", { momentary });
     form->addRow("Small, mini",
         { tracking(NSSegmentSwitchTrackingSelectOne, NSSmallControlSize, 20),
-            tracking(NSSegmentSwitchTrackingSelectOne, NSMiniControlSize, 17) });
+            tracking(NSSegmentSwitchTrackingSelectOne, NSMiniControlSize, 17, 190) });
     form->addStatus("Segments have tags, tool tips and a mode of tracking.");
     form->sizeToRows();
     return form;
@@ -430,8 +430,8 @@ Ref<NSView> makePLIXSegmentedCellPage()
         page->setStatus("Lines: " + (places.empty() ? "none" : places));
     };
     form->addRow("Its control", { control });
-    form->addRow("", { pushButton("Tell Lines", tell) });
-    form->addNote("While its segments are drawn the cell notes where lines between them belong: behind each but the last and those "
+    form->addRow("", { pushButton("Tell the Lines", tell) });
+    form->addNote("While its segments are drawn the cell notes where lines between them belong: after each but the last and those "
                   "at both sides of the selected one.");
     form->addStatus("Select a segment, then ask.");
     form->sizeToRows();

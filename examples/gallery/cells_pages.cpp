@@ -293,7 +293,7 @@ Ref<NSView> makeNSProgressIndicatorPage()
     auto const small = make<NSProgressIndicator>(Rect { 0, 0, 16, 16 });
     small->setStyle(NSProgressIndicatorSpinningStyle);
     small->setControlSize(NSSmallControlSize);
-    form->addRow("That it goes on", { busy });
+    form->addRow("Indeterminate", { busy });
     form->addRow("Wheels", { wheel, small });
     form->addRow("", { checkBox("Moving", [busy, wheel, small](bool isOn) {
         for (auto const& one : { busy, wheel, small })

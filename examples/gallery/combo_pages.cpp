@@ -132,7 +132,7 @@ Ref<NSView> makeTQComboBoxCellPage()
     auto const parts = form->keep(make<Parts>());
     parts->form = form.get();
     auto const table = make<NSTableView>(Rect { 0, 0, 380, 120 });
-    table->setRowHeight(20);
+    table->setRowHeight(18);
     addColumn(*table, "player", "Player", 180)->setEditable(false);
     auto const instrument = addColumn(*table, "instrument", "Instrument", 200);
     auto const cell = make<TQComboBoxCell>();
@@ -142,7 +142,7 @@ Ref<NSView> makeTQComboBoxCellPage()
     instrument->setDataCell(cell);
     table->setDataSource(parts);
     form->addRow("In a table", { scrolled(table, { 400, 124 }) });
-    form->addStatus("Click a knob at the end of a row, or double-click the text.");
+    form->addStatus("Click the arrows at the end of a row, or double-click the text.");
     form->sizeToRows();
     return form;
 }

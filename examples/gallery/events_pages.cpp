@@ -213,7 +213,7 @@ Ref<NSView> makeNSResponderPage()
         void doCommandBySelector(Selector command) override { log->show("doCommandBySelector()", command.name()); }
     };
     auto const form = Form::page();
-    auto const keys = make<Keys>(Size { 520, 70 }, "Click here, then type: letters, arrows, Ctrl-A, Shift-End, Return");
+    auto const keys = make<Keys>(Size { 520, 70 }, "Click here, then type: letters, arrows, Ctrl+A, Shift+End, Return");
     form->addView(keys);
     form->addRow("The chain", { pushButton("Show", [pad = keys.get()] {
         std::string chain;
@@ -430,8 +430,8 @@ Ref<NSView> makeNSDocumentControllerPage()
     auto const tell = [page = form.get()] {
         auto& controller = NSDocumentController::sharedDocumentController();
         auto const* const current = controller.currentDocument();
-        page->setStatus(std::to_string(controller.documents().size()) + " open; the current one is "
-            + (current ? "“" + current->displayName() + "”." : "none."));
+        page->setStatus(std::to_string(controller.documents().size()) + " open; "
+            + (current ? "“" + current->displayName() + "” is the current one." : "none is current."));
     };
     form->addRow("Documents",
         { pushButton("New",
@@ -452,8 +452,8 @@ Ref<NSView> makeNSDocumentControllerPage()
                 }),
             pushButton("Current", tell) });
     form->addNote(
-        "The current document is that of the main window. When an application ends, its first window takes in what is edited.");
-    form->addStatus("0 open; the current one is none.");
+        "The current document is that of the main window. When an application ends, what is being edited is taken over first.");
+    form->addStatus("0 open; none is current.");
     form->sizeToRows();
     return form;
 }

@@ -109,7 +109,8 @@ Ref<NSView> makeLocalizedStringsPage()
         "\"It’s \\\"hot\\\"\\n\" = \"C’est \\U00AB chaud \\U00BB\";\n");
     write(path + "/fr.lproj/Broken.strings", "\"1 cup\" = \"1 tasse\"\n\"2 cups\" = ");
     transcript->addHeading("fr.lproj/Localizable.strings");
-    transcript->run(textOf(NSFileManager::defaultManager().contentsAtPath(path + "/fr.lproj/Localizable.strings")));
+    auto const source = textOf(NSFileManager::defaultManager().contentsAtPath(path + "/fr.lproj/Localizable.strings"));
+    transcript->run(source.substr(0, source.find_last_not_of('\n') + 1));
     transcript->addHeading("What it gives");
     auto const bundle = NSBundle::bundleWithPath(path);
     SHOW(bundle->localizedStringForKey("1 cup"));

@@ -110,7 +110,7 @@ Ref<NSView> makeDateRangesPage()
         "this month", "this quarter", "this year", "week to date", "month to date", "quarter to date", "year to date" };
     for (int code = 0; code < 14; ++code) {
         DateRangeForMnemonic(code, start, end);
-        transcript->add("DateRangeForMnemonic(" + std::to_string(code) + ")  " + names[code],
+        transcript->add("DateRangeForMnemonic(" + std::to_string(code) + (code < 10 ? ")  " : ") ") + names[code],
             start.descriptionWithCalendarFormat("%d %b %Y – ") + end.descriptionWithCalendarFormat("%d %b %Y"));
     }
     SHOW(end.description());
@@ -141,12 +141,12 @@ Ref<NSView> makeCsvPage()
     SHOW(CSVLineComponents("Assam,\"4,50\",2\r\nSencha"));
     SHOW(CSVLineComponents("a,\"say \"\"when\"\"\",b"));
     SHOW(CSVLineComponents("say \"\"when\"\",b"));
-    SHOW(CSVLineComponents("\"at the start\",b"));
+    SHOW(CSVLineComponents("\"not, here\",b"));
     SHOW(CSVLineComponents(",,"));
     SHOW(CSVLineComponents(""));
     SHOW(CSVLineComponents("a,\"never closed"));
     transcript->addNote(
-        "A quoted field begins right behind a comma, never at the line’s start, and keeps doubled quotes as they are.");
+        "A quoted field begins right after a comma, never at the line’s start, and keeps doubled quotes as they are.");
     return transcript;
 }
 
@@ -161,8 +161,8 @@ Ref<NSView> makeColorTextPage()
     SHOW(colorFromCalibratedRGBString(std::nullopt)->description());
     std::vector<Ref<NSView>> tiles;
     for (auto const* text : { "1,0.5,0,1", "0.2,0.6,0.3,1", "0.25,0.5,0.9,0.5", "" })
-        tiles.push_back(
-            drawing(text, { 121, 40 }, [text](Rect bounds) { colorFromCalibratedRGBString(text)->drawSwatchInRect(bounds); }));
+        tiles.push_back(drawing(*text ? text : "no text", { 121, 40 },
+            [text](Rect bounds) { colorFromCalibratedRGBString(text)->drawSwatchInRect(bounds); }));
     return tiledPage(tiles, transcript);
 }
 
@@ -267,7 +267,7 @@ Ref<NSView> makeMenuAdditionsPage()
     auto const page = LivePage::page(transcript);
     page->addControl(popUp);
     page->addControl(pushButton("Tag 7", [popUp = popUp.get()] { selectItemWithTag(*popUp, 7); }));
-    page->addControl(pushButton("Tag 99 or none", [popUp = popUp.get()] { selectItemWithTagOrNone(*popUp, 99); }));
+    page->addControl(pushButton("Tag 99 or None", [popUp = popUp.get()] { selectItemWithTagOrNone(*popUp, 99); }));
     return page;
 }
 
@@ -279,7 +279,7 @@ Ref<NSView> makeViewAdditionsPage()
     RUN(tabs->addTabViewItem(*item));
     SHOW(tabViewItemWithIdentifier(*tabs, "teas") == item.get());
     SHOW(tabViewItemWithIdentifier(*tabs, "coffees") == nullptr);
-    transcript->addHeading("Behind a view in its chain of responders");
+    transcript->addHeading("After a view in its chain of responders");
     RUN(auto const form = Form::page());
     RUN(auto const box = make<NSView>(Rect { 0, 0, 50, 50 }));
     RUN(auto const field = textField("Tea", 40));

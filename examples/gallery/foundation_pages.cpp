@@ -239,7 +239,7 @@ Ref<NSView> makeComparisonPage()
     SHOW(compare("e\u0301", "\u00E9"));
     SHOW(compare("e\u0301", "\u00E9", NSLiteralSearch));
     SHOW(compare("", "a"));
-    transcript->addHeading("As a person sorts");
+    transcript->addHeading("As a dictionary sorts");
     RUN(std::vector<std::string> words { "zebra", "\u00E4rgern", "Apfel", "\u00C4pfel", "apfel 10", "apfel 9" });
     RUN(FixedWorld const world("de_DE"));
     RUN(std::sort(

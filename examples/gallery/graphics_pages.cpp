@@ -410,7 +410,7 @@ Ref<NSView> makeGraphicsStatePage()
             SHOW(context->clipBounds());
             SHOW(context->currentTransform().tX);
         }
-        transcript->addHeading("Behind the scope of the GraphicsState");
+        transcript->addHeading("After the scope of the GraphicsState");
         SHOW(context->stateDepth() - depth);
         SHOW(context->alpha());
         SHOW(context->clipBounds());
@@ -486,7 +486,7 @@ Ref<NSView> makeRectanglesPage()
             }),
         drawing("NSRectClipList", wide,
             [](Rect bounds) {
-                std::array<Rect, 2> const holes { Rect { 36, 14, 42, 70 }, { 88, 14, 42, 70 } };
+                std::array<Rect, 2> const holes { Rect { 36, 8, 42, 79 }, { 88, 8, 42, 79 } };
                 NSRectClipList(holes);
                 orange()->set();
                 star({ bounds.midX(), bounds.midY() - 4 }, 40)->fill();
@@ -569,7 +569,7 @@ Ref<NSView> makeCGColorSpacePage()
     SHOW(CGColorSpaceGetNumberOfComponents(nullptr));
     SHOW(rgb == CGColorSpaceCreateWithName(kCGColorSpaceGenericRGB));
     SHOW(copyOf(*rgb)->model() == rgb->model());
-    transcript->addNote("Alpha is not counted. What a shading’s function gives is read by its space, with alpha behind.");
+    transcript->addNote("Alpha is not counted. What a shading’s function gives is read by its space, followed by alpha.");
     return transcript;
 }
 

@@ -264,6 +264,7 @@ Ref<NSView> makeSpeechDoorPage()
     };
     auto const log = make<Transcript>();
     log->setLimit(7);
+    log->addNote("What the synthesizers stand on: a channel that speaks one text after another.");
     auto const page = LivePage::page(log);
     auto const speaker = page->keep(make<Speaker>());
     speaker->shown = log.get();

@@ -205,9 +205,9 @@ Ref<NSView> makeFocusLockPage()
             RUN(FocusLock const second(inner));
             SHOW(NSGraphicsContext::currentContext()->clipBounds());
         }
+        transcript->addNote("Where the scope of a FocusLock ends, the context from before is the current one again.");
         SHOW(NSGraphicsContext::currentContext()->clipBounds());
     }
-    transcript->addNote("Where the scope of a FocusLock ends, the context from before is the current one again.");
     SHOW(NSGraphicsContext::currentContext());
     SHOW(image->bitmapAtScale(1)->colorAtX(5, 5)->blueComponent());
     return transcript;
@@ -262,8 +262,8 @@ Ref<NSView> makeNineSlicesPage()
 Ref<NSView> makeBadgesPage()
 {
     std::vector<Ref<NSView>> tiles;
-    std::array const names { "top left", "top center", "top right", "middle left", "center", "middle right", "bottom left",
-        "bottom center", "bottom right" };
+    std::array const names { "top left", "top centre", "top right", "middle left", "centre", "middle right", "bottom left",
+        "bottom centre", "bottom right" };
     for (std::size_t place = 0; place < names.size(); ++place)
         tiles.push_back(picture(names[place], wide,
             [place] { return badgedImage(icon(Icon::folder, 64), icon(Icon::star, 24), static_cast<int>(place)); }));
@@ -277,8 +277,9 @@ Ref<NSView> makeRecoloringPage()
              { "half blue", NSColor::blueColor()->colorWithAlphaComponent(0.5F) }, { "clear", NSColor::clearColor() } })
         tiles.push_back(picture(caption, small, [color = color] { return ReplaceColorsInImage(icon(Icon::folder, 56), color); }));
     auto const images = [] { return std::vector { icon(Icon::paper, 56), icon(Icon::note, 28), icon(Icon::warning, 56) }; };
-    for (std::size_t i = 0; i < 3; ++i)
-        tiles.push_back(picture("an image", small, [images, i] { return images()[i]; }));
+    char const* const names[] { "paper", "a smaller note", "a warning" };
+    for (std::size_t i = 0; i < std::size(names); ++i)
+        tiles.push_back(picture(names[i], small, [images, i] { return images()[i]; }));
     tiles.push_back(picture("composed", small, [images] { return imageByCompositingImages(images()); }));
     return tiledPage(tiles);
 }
@@ -375,7 +376,7 @@ Ref<NSView> makeTextHeightPage()
             { NSFontAttributeName, NSFont::systemFontOfSize(13) }, { NSForegroundColorAttributeName, NSColor::textColor() } });
     std::vector<Ref<NSView>> tiles;
     for (float const width : { 60.F, 80.F, 100.F }) {
-        tiles.push_back(drawing("in a width of " + numberText(width), { 121, 130 }, [text, width](Rect bounds) {
+        tiles.push_back(drawing("in a width of " + numberText(width), { wide.width, 110 }, [text, width](Rect bounds) {
             float const height = PLIXAttributedStringHeightForWidth(*text, width);
             Rect const place { 5, bounds.height - 5 - height, width, height };
             NSColor::colorWithCalibratedRed(1, 0.8F, 0.4F, 0.5F)->set();

@@ -93,7 +93,7 @@ void addImageViews(Sheet& desk, PictureSamples const& samples)
     fitted->setImage(checkered({ 60, 60 }));
     fitted->setImageScaling(NSScaleToFit);
     fitted->setImageFrameStyle(NSImageFrameGrayBezel);
-    desk.add(*fitted, "Other scalings as the platform's");
+    desk.add(*fitted, "Other scalings as the platform’s");
 }
 
 template <typename Control> Ref<Control> segmented(Ref<NSSegmentedCell> const& cell)

@@ -181,7 +181,7 @@ Ref<NSView> makeNSParagraphStylePage()
             caption, { 165, 72 }, [attributes = styled(set)](Rect bounds) { drawInRect(pangram, inner(bounds), attributes); }));
     };
     for (auto const& [caption, alignment] :
-        { std::pair { "left", NSLeftTextAlignment }, { "center", NSCenterTextAlignment }, { "right", NSRightTextAlignment } })
+        { std::pair { "left", NSLeftTextAlignment }, { "centre", NSCenterTextAlignment }, { "right", NSRightTextAlignment } })
         add(caption, [alignment = alignment](NSMutableParagraphStyle& style) { style.setAlignment(alignment); });
     for (auto const& [caption, mode] : { std::pair { "by characters", NSLineBreakByCharWrapping },
              { "truncated in the middle", NSLineBreakByTruncatingMiddle }, { "clipped", NSLineBreakByClipping } })
@@ -253,14 +253,16 @@ Ref<NSView> makeStringDrawingPage()
 // MARK: layout
 
 /// Lines of the text in the container, with what they cover.
-void drawLayout(NSLayoutManager& manager, NSTextContainer& container)
+/// Below the top of what is not flipped.
+void drawLayout(NSLayoutManager& manager, NSTextContainer& container, Rect bounds)
 {
     auto const glyphs = manager.glyphRangeForTextContainer(container);
     auto const used = manager.usedRectForTextContainer(container);
     NSColor::redColor()->colorWithAlphaComponent(0.12F)->set();
-    NSRectFillUsingOperation({ 8, 6, used.width, used.height }, NSCompositeSourceOver);
-    manager.drawBackgroundForGlyphRange(glyphs, { 8, 6 });
-    manager.drawGlyphsForGlyphRange(glyphs, { 8, 6 });
+    Point const origin { 8, bounds.height - 8 - used.height };
+    NSRectFillUsingOperation(rectWith(origin, used.size()), NSCompositeSourceOver);
+    manager.drawBackgroundForGlyphRange(glyphs, origin);
+    manager.drawGlyphsForGlyphRange(glyphs, origin);
 }
 
 Ref<NSView> makeNSLayoutManagerPage()
@@ -270,7 +272,7 @@ Ref<NSView> makeNSLayoutManagerPage()
     auto const container = make<NSTextContainer>(Size { 150, 1000 });
     storage->addLayoutManager(manager);
     manager->addTextContainer(container);
-    auto const shown = drawing("its lines", { 254, 80 }, [=](Rect) { drawLayout(*manager, *container); });
+    auto const shown = drawing("its lines", { 254, 80 }, [=](Rect bounds) { drawLayout(*manager, *container, bounds); });
     shown->keepAlive(storage);
     auto const transcript = make<Transcript>();
     SHOW(manager->numberOfGlyphs());
@@ -299,7 +301,7 @@ Ref<NSView> makeNSTextContainerPage()
         container->setLineFragmentPadding(padding);
         storage->addLayoutManager(manager);
         manager->addTextContainer(container);
-        tiles.push_back(drawing(caption, { 254, 74 }, [=](Rect) { drawLayout(*manager, *container); }));
+        tiles.push_back(drawing(caption, { 254, 80 }, [=](Rect bounds) { drawLayout(*manager, *container, bounds); }));
         tiles.back()->keepAlive(storage);
     }
     auto const transcript = make<Transcript>();
@@ -359,7 +361,10 @@ Ref<NSView> makeInlineObjectPage()
         auto const cup = make<Cup>();
         cup->side = side;
         text->appendAttributedString(*attributedStringWithAttachment(cup));
-        text->appendAttributedString(*make<NSAttributedString>(side < 48 ? ", a larger " : ".", plain(18)));
+        text->appendAttributedString(*make<NSAttributedString>(side < 32 ? ", a larger "
+                : side < 48                                              ? ", the largest "
+                                                                         : ".",
+            plain(18)));
     }
     auto const transcript = make<Transcript>();
     SHOW(text->length());

@@ -106,7 +106,7 @@ Ref<NSView> makeLivePage()
     auto form = make<Form>(Rect { 0, 0, pageWidth, pageHeight });
     auto const save = button("Save", NSMomentaryPushInButton, 90);
     save->setKeyEquivalent("\r");
-    auto const plain = button("First", NSRadioButton, 70);
+    auto const plain = button("First", NSRadioButton, 80);
     plain->setState(NSOnState);
     auto const mixed = button("Some", NSSwitchButton, 80);
     mixed->setAllowsMixedState(true);

@@ -133,11 +133,11 @@ Ref<NSView> makeNSRunLoopPage()
         if (log)
             log->add(text, "in " + mode.value_or("no mode"));
     };
-    page->addControl(pushButton("Call later", [write] {
+    page->addControl(pushButton("Call Later", [write] {
         write("asked for");
         NSRunLoop::performOnMainThread([write] { write("called by the run loop"); });
     }));
-    page->addControl(pushButton("Before the next wait", [write] {
+    page->addControl(pushButton("Before the Next Wait", [write] {
         auto const token = std::make_shared<Ref<NSObject>>();
         *token = NSRunLoop::currentRunLoop().addObserverBeforeWaiting([write, token] {
             write("nothing to do: the loop waits");
@@ -180,7 +180,7 @@ Ref<NSView> makeRunLoopDescriptorPage()
     auto const page = LivePage::page(log);
     auto const pipe = page->keep(make<Pipe>());
     pipe->log = log.get();
-    page->addControl(pushButton("Write 5 bytes", [pipe = pipe.get()] {
+    page->addControl(pushButton("Write 5 Bytes", [pipe = pipe.get()] {
         if (pipe->source && ::write(pipe->ends[1], "water", 5) == 5)
             pipe->log->add("bytes written", "5");
     }));
@@ -218,8 +218,8 @@ Ref<NSView> makeDelayedPerformPage()
         performAfterDelay(*kettle, &Kettle::whistle, 1);
     }));
     page->addControl(
-        pushButton("No whistling", [kettle = kettle.get()] { cancelPreviousPerformRequests(*kettle, &Kettle::whistle); }));
-    page->addControl(pushButton("Cancel all", [kettle = kettle.get()] { cancelPreviousPerformRequests(*kettle); }));
+        pushButton("No Whistling", [kettle = kettle.get()] { cancelPreviousPerformRequests(*kettle, &Kettle::whistle); }));
+    page->addControl(pushButton("Cancel All", [kettle = kettle.get()] { cancelPreviousPerformRequests(*kettle); }));
     return page;
 }
 
@@ -240,9 +240,13 @@ Ref<NSView> makeNSUndoManagerPage()
             shown->update(2, undo->redoMenuItemTitle());
             shown->update(3, undo->canUndo());
             shown->update(4, undo->canRedo());
+            undoButton->setEnabled(undo->canUndo());
+            redoButton->setEnabled(undo->canRedo());
         }
         Ref<NSUndoManager> undo { make<NSUndoManager>() };
         Transcript* shown { nullptr };
+        NSButton* undoButton { nullptr };
+        NSButton* redoButton { nullptr };
         int value { 1 };
     };
     auto const transcript = make<Transcript>();
@@ -253,15 +257,17 @@ Ref<NSView> makeNSUndoManagerPage()
     auto const counter = page->keep(make<Counter>());
     counter->shown = transcript.get();
     auto const add = [&](char const* title, std::function<void(Counter&)> change) {
-        page->addControl(pushButton(title, [counter = counter.get(), change] {
+        auto const button = pushButton(title, [counter = counter.get(), change] {
             change(*counter);
             counter->tell();
-        }));
+        });
+        page->addControl(button);
+        return button.get();
     };
     add("Add 5", [](Counter& it) { it.set(it.value + 5, "Adding"); });
     add("Double", [](Counter& it) { it.set(it.value * 2, "Doubling"); });
-    add("Undo", [](Counter& it) { it.undo->undo(); });
-    add("Redo", [](Counter& it) { it.undo->redo(); });
+    counter->undoButton = add("Undo", [](Counter& it) { it.undo->undo(); });
+    counter->redoButton = add("Redo", [](Counter& it) { it.undo->redo(); });
     counter->tell();
     return page;
 }

@@ -99,7 +99,7 @@ Ref<NSView> makeMenusPage()
     };
     add(editMenu(), 4, 0);
     add(viewMenu(), 1, 0);
-    add(longMenu(), -1, 100);
+    add(longMenu(), -1, 95);
     page->setFrameSize({ x, pageHeight });
     return page;
 }

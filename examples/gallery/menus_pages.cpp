@@ -16,9 +16,11 @@
 #include <plix/platform/graphics/NSImage.h>
 #include <plix/platform/graphics/attribute_names.h>
 
+#include <algorithm>
 #include <cmath>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace gallery {
 
@@ -34,6 +36,24 @@ Ref<NSView> picture(Ref<NSMenu> const& menu, long highlighted)
     view->setFrame(rectWith({}, size));
     view->highlight(highlighted, MenuView::Reveal::no);
     return still(view);
+}
+
+/// A menu, and that of one of its items as it opens: its first item on a line with that item.
+std::vector<Ref<NSView>> besideItem(Ref<NSMenu> const& menu, long index, Ref<NSMenu> const& submenu)
+{
+    auto const topOf
+        = [](Ref<NSMenu> const& of, long item) { return make<MenuView>(of, Ref<NSFont>(), 0.0F)->layout().itemRect(item).y; };
+    float const lowered = topOf(menu, index) - topOf(submenu, 0);
+    auto const shown = picture(menu, index);
+    auto const opened = picture(submenu, 0);
+    float const height = std::max(shown->frame().height, lowered + opened->frame().height);
+    auto const atTop = [height](Ref<NSView> const& view, float below) {
+        auto place = make<NSView>(Rect { 0, 0, view->frame().width, height });
+        view->setFrameOrigin({ 0, height - below - view->frame().height });
+        place->addSubview(*view);
+        return place;
+    };
+    return { atTop(shown, 0), atTop(opened, lowered) };
 }
 
 /// Right-click it for the menu; its items' keys work as well.
@@ -87,10 +107,10 @@ Ref<NSView> makeNSMenuPage()
     menu->addItemWithTitle("Size", {}, "")->setSubmenu(sizes);
     add(*menu, "Remove Format", "r");
     menu->setItemsNeedActions(false);
-    form->addRow("Open", { picture(menu, 4), picture(sizes, 0) });
-    form->addRow("Try", { make<MenuGround>(Size { 390, 90 }, "Right-click here, or press Ctrl-B, Ctrl-I, Ctrl-Shift-U", menu) });
+    form->addRow("Open", besideItem(menu, 4, sizes));
+    form->addRow("Try", { make<MenuGround>(Size { 390, 90 }, "Right-click here, or press Ctrl+B, Ctrl+I, Ctrl+Shift+U", menu) });
     form->addNote("Submenus open beside their items; arrow keys and typed letters go through a menu; a long one scrolls.");
-    form->addStatus("Nothing was chosen yet.");
+    form->addStatus("Nothing has been chosen yet.");
     form->sizeToRows();
     return form;
 }

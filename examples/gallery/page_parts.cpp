@@ -26,6 +26,8 @@ using namespace plix;
 
 namespace {
 
+constexpr float hintHeight = 18;
+
 class Captioned final : public NSView {
 public:
     using NSView::init;
@@ -82,7 +84,7 @@ void drawStar()
     auto const path = NSBezierPath::bezierPath();
     for (int i = 0; i < 10; ++i) {
         float const angle = pi / 2 + static_cast<float>(i) * pi / 5;
-        float const radius = i % 2 == 0 ? 7.5F : 3.2F;
+        float const radius = i % 2 == 0 ? 7.1F : 3;
         Point const point { 8 + radius * std::cos(angle), 7.5F + radius * std::sin(angle) };
         if (i == 0)
             path->moveToPoint(point);
@@ -94,6 +96,7 @@ void drawStar()
     path->fill();
     rgb(206, 146, 20)->set();
     path->setLineWidth(1);
+    path->setLineJoinStyle(NSRoundLineJoinStyle);
     path->stroke();
 }
 
@@ -176,12 +179,18 @@ Ref<NSView> captioned(std::string_view caption, Ref<NSView> const& view, float h
     auto const size = view->frame().size();
     float const width = std::max(size.width, std::ceil(label->frame().width));
     float const place = std::max(size.height, height);
-    auto both = make<Captioned>(Rect { 0, 0, width, place + 18 });
+    auto both = make<Captioned>(Rect { 0, 0, width, place + hintHeight });
     view->setFrameOrigin({ std::floor((width - size.width) / 2), std::floor((place - size.height) / 2) });
     label->setFrame({ 0, place + 3, width, 15 });
     both->addSubview(*view);
     both->addSubview(*label);
     return both;
+}
+
+float heightAboveCaption(NSView const& view)
+{
+    float const height = view.frame().height;
+    return dynamic_cast<Captioned const*>(&view) ? height - hintHeight : height;
 }
 
 static void refuseKeyboard(NSView& view)

@@ -32,6 +32,8 @@ plix::Ref<plix::NSTextField> hint(std::string_view text);
 plix::Ref<plix::NSTextField> textField(std::string_view text, float width);
 /// The view with a hint below its middle. With a height it stands in the middle of that, for captions on one line.
 plix::Ref<plix::NSView> captioned(std::string_view caption, plix::Ref<plix::NSView> const&, float height = 0);
+/// How high that place is, or a view that has no hint.
+float heightAboveCaption(plix::NSView const&);
 /// The view as a picture of itself: it takes neither mouse nor keys.
 plix::Ref<plix::NSView> still(plix::Ref<plix::NSView> const&);
 /// On a strip of a light ground, for which engraved texts are coloured whatever the appearance.

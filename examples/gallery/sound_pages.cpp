@@ -87,7 +87,7 @@ Ref<NSView> makeNSSoundPage()
             { button("Play", &NSSound::play, " plays."), button("Pause", &NSSound::pause, " pauses."),
                 button("Resume", &NSSound::resume, " goes on."), button("Stop", &NSSound::stop, " was stopped.") });
     }
-    form->addNote("A sound is made of a file, of bytes as here, or found by its name. Several play at once.");
+    form->addNote("A sound is made from a file, from bytes as here, or found by its name. Several play at once.");
     form->addStatus("Play one, or all.");
     form->sizeToRows();
     return form;

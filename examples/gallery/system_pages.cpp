@@ -45,7 +45,7 @@ Ref<NSView> makeUniqueNamesPage()
     unique("nowhere/report.txt", true);
     SHOW(PLIXUniqueFilePathAtPath("report.txt", true));
     SHOW(PLIXUniqueFilePathAtPath(std::nullopt, true));
-    transcript->addHeading("For moments");
+    transcript->addHeading("Names for a moment");
     SHOW(PLIXUniqueString().size());
     SHOW(PLIXUniqueString() == PLIXUniqueString());
     SHOW(PLIXTempFolderName().starts_with('.'));
@@ -172,7 +172,7 @@ Ref<NSView> makeSoundNamesPage()
         transcript->update(first + 2, TQSystemVolume());
         transcript->update(first + 3, TQAlertVolume());
     }));
-    page->addControl(pushButton("Play the first", [] {
+    page->addControl(pushButton("Play the First", [] {
         auto const sounds = PLIXSystemSoundPaths();
         if (!sounds.empty())
             TQQTSoundPlay(sounds.front(), 1);

@@ -43,6 +43,14 @@ namespace {
 
 constexpr Size wide { 520, 244 };
 
+/// Numbers and their title stand at the right.
+void addNumbers(NSTableView& table, std::string_view identifier, std::string_view title, float width)
+{
+    auto const column = addColumn(table, identifier, title, width);
+    column->headerCell()->setAlignment(NSRightTextAlignment);
+    column->dataCell()->setAlignment(NSRightTextAlignment);
+}
+
 /// The catalogue's columns, filled, and telling the page's status line.
 Ref<Catalogue> fill(NSTableView& table, Form& form)
 {
@@ -50,7 +58,7 @@ Ref<Catalogue> fill(NSTableView& table, Form& form)
     catalogue->tells = [page = &form](std::string const& text) { page->setStatus(text); };
     addColumn(table, "title", "Title", 230);
     addColumn(table, "composer", "Composer", 170);
-    addColumn(table, "year", "Year", 80)->dataCell()->setAlignment(NSRightTextAlignment);
+    addNumbers(table, "year", "Year", 80);
     return catalogue;
 }
 
@@ -95,7 +103,7 @@ Ref<NSView> makeNSTableViewPage()
     rivers->form = form.get();
     auto const table = make<NSTableView>(rectWith({}, wide));
     addColumn(*table, "name", "River", 360);
-    addColumn(*table, "length", "Kilometres", 130)->dataCell()->setAlignment(NSRightTextAlignment);
+    addNumbers(*table, "length", "Kilometres", 130);
     table->setAllowsMultipleSelection(true);
     table->setUsesAlternatingRowBackgroundColors(true);
     table->setDataSource(rivers);
@@ -182,7 +190,7 @@ Ref<NSView> makeNSTableColumnPage()
     title->setHeaderToolTip("Between 90 and 260 points wide");
     auto const year = table->tableColumnWithIdentifier("year");
     year->setEditable(false);
-    year->dataCell()->setFont(NSFont::boldSystemFontOfSize(12));
+    year->dataCell()->setFont(NSFont::boldSystemFontOfSize(13));
     form->addView(scrolled(table, wide));
     form->addRow("Title",
         { pushButton("90", [title] { title->setWidth(90); }), pushButton("Fit Header", [title] { title->sizeToFit(); }),
@@ -261,6 +269,17 @@ Ref<NSView> makeNSTableHeaderCellPage()
     return form;
 }
 
+/// On the ground of the header that it continues.
+class CornerButton final : public NSButton {
+public:
+    using NSButton::init;
+    void drawRect(Rect dirty) override
+    {
+        Theme::current().drawHeaderBackground(bounds());
+        NSButton::drawRect(dirty);
+    }
+};
+
 /// What lies above the vertical scroller, beside the header.
 Ref<NSView> makeNSTableCornerViewPage()
 {
@@ -271,7 +290,7 @@ Ref<NSView> makeNSTableCornerViewPage()
         table->tableColumnWithIdentifier("title")->setWidth(190);
         table->removeTableColumn(*table->tableColumnWithIdentifier("year"));
         if (isOwn) {
-            auto const button = make<NSButton>(Rect { 0, 0, 16, 22 });
+            auto const button = make<CornerButton>(Rect { 0, 0, 16, 22 });
             button->setBordered(false);
             button->setImage(icon(Icon::star, 12));
             button->setImagePosition(NSImageOnly);
@@ -313,7 +332,7 @@ Ref<Orchestra> fillOutline(NSOutlineView& outline, Form& form)
     auto orchestra = form.keep(make<Orchestra>());
     orchestra->tells = [page = &form](std::string const& text) { page->setStatus(text); };
     outline.setOutlineTableColumn(addColumn(outline, "name", "Section", 390).get());
-    addColumn(outline, "count", "Players", 100)->dataCell()->setAlignment(NSRightTextAlignment);
+    addNumbers(outline, "count", "Players", 100);
     return orchestra;
 }
 
@@ -439,7 +458,7 @@ Ref<NSView> makePLIXOutlineViewPage()
     name->setEditable(true);
     name->setImageSize({ 16, 16 });
     outline->outlineTableColumn()->setDataCell(name);
-    outline->setRowHeight(20);
+    outline->setRowHeight(18);
     auto const icons = form->keep(make<Icons>());
     icons->tells = [page = form.get()](std::string const& text) { page->setStatus(text); };
     outline->setDataSource(icons);
@@ -498,11 +517,11 @@ Ref<NSView> makePLIXImageAndTextCellPage()
         cell->setImageSize({ side, side });
         cell->setFont(NSFont::systemFontOfSize(side * 0.8F));
         addColumn(*table, "name", "Name", 370)->setDataCell(cell);
-        table->setRowHeight(side + 4);
+        table->setRowHeight(side + 2);
         table->setHeaderView(nullptr);
         table->setDataSource(files);
         table->setDelegate(files);
-        form->addRow(std::to_string(static_cast<int>(side)) + " points", { scrolled(table, { 390, 4 * (side + 6) + 6 }) });
+        form->addRow(std::to_string(static_cast<int>(side)) + " points", { scrolled(table, { 390, 4 * (side + 4) + 4 }) });
     }
     form->addStatus("Double-click a name: only the text is edited.");
     form->sizeToRows();

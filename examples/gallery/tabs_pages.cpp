@@ -73,7 +73,7 @@ Ref<NSView> makeNSTabViewPage()
     }
     many->setDelegate(listener);
     form->addView(many);
-    form->addStatus("Ctrl-Tab goes on; tabs for which there is no room are in a menu.");
+    form->addStatus("Ctrl+Tab goes on; tabs for which there is no room are in a menu.");
     form->sizeToRows();
     return form;
 }

@@ -8,6 +8,8 @@
 #include <plix/platform/graphics/NSFont.h>
 #include <plix/platform/graphics/NSGraphics.h>
 
+#include <cmath>
+
 namespace gallery {
 
 using namespace plix;
@@ -15,10 +17,12 @@ using namespace plix;
 namespace {
 
 constexpr float pageWidth = 560;
-constexpr float pageHeight = 428;
+constexpr float pageHeight = 421;
 constexpr float margin = 20;
 constexpr float captionWidth = 150;
 constexpr float fieldLeft = margin + captionWidth + 10;
+// A higher view holds more than one line.
+constexpr float highestLine = 30;
 constexpr float fieldWidth = pageWidth - fieldLeft - margin;
 
 class Rows final : public NSView {
@@ -36,7 +40,8 @@ public:
     {
         auto const label = NSTextField::labelWithString(caption);
         label->setAlignment(NSRightTextAlignment);
-        label->setFrame({ margin, m_y + 3, captionWidth, 16 });
+        float const height = view.frame().height;
+        label->setFrame({ margin, m_y + (height > highestLine ? 3 : std::floor((height - 16) / 2)), captionWidth, 16 });
         addSubview(*label);
         view.setFrameOrigin({ fieldLeft, m_y });
         addSubview(view);
@@ -89,7 +94,7 @@ Ref<NSView> makeTextPage()
     auto const empty = field("");
     static_cast<NSTextFieldCell*>(empty->cell())->setPlaceholderString("What stands in for an empty text");
     page->addRow("Empty", *empty);
-    auto const disabled = field("Can't be changed now");
+    auto const disabled = field("Can’t be changed now");
     disabled->setEnabled(false);
     page->addRow("Disabled", *disabled);
     auto const round = field("With round ends");
@@ -105,6 +110,7 @@ Ref<NSView> makeTextPage()
     selectable->setSelectable(true);
     selectable->setBezeled(false);
     selectable->setDrawsBackground(false);
+    selectable->setFrameSize({ fieldWidth, 16 });
     page->addRow("Selectable", *selectable);
     auto const wrapping = field("A field that wraps shows a text of several lines, as long as there is room for them.");
     wrapping->cell()->setWraps(true);

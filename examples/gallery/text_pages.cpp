@@ -65,7 +65,7 @@ Ref<NSView> makeNSTextFieldPage()
         }
         bool didFailToFormatString(NSControl&, std::string_view text, std::string_view)
         {
-            form->setStatus("“" + std::string(text) + "” is no date.");
+            form->setStatus("“" + std::string(text) + "” is not a date.");
             return false;
         }
         Form* form { nullptr };
@@ -91,7 +91,7 @@ Ref<NSView> makeNSTextFieldPage()
     auto const date = field("", 110);
     date->setFormatter(make<NSDateFormatter>("%Y-%m-%d", false));
     date->setStringValue("2008-07-12");
-    form->addRow("A date", { date, hint("What is no date can’t be left.") });
+    form->addRow("A date", { date, hint("It is left only with a date.") });
     auto const notes = field("", 240);
     notes->cell()->setScrollable(false);
     notes->cell()->setWraps(true);
@@ -103,7 +103,7 @@ Ref<NSView> makeNSTextFieldPage()
     form->addRow("Disabled", { disabled });
     auto const label = NSTextField::labelWithString("Can be selected and copied");
     label->setSelectable(true);
-    label->setFrameSize({ 240, 17 });
+    label->setFrameSize({ 240, 16 });
     form->addRow("Label", { label });
     form->addStatus("Return sends the action, Tab goes on, Escape restores.");
     form->sizeToRows();
@@ -124,11 +124,13 @@ Ref<NSView> makeNSTextFieldCellPage()
     auto const bordered = field("Bordered");
     bordered->setBezeled(false);
     bordered->setBordered(true);
+    bordered->setFrameSize({ 150, 18 });
     form->addRow("Frame", { captioned("square bezel", field("Square", 120)), captioned("round bezel", round) });
     auto const bare = field("Bare");
     bare->setBezeled(false);
     bare->setDrawsBackground(false);
-    form->addRow("", { captioned("border", bordered), captioned("none", bare) });
+    bare->setFrameSize({ 150, 16 });
+    form->addRow("", { captioned("border", bordered, 18), captioned("none", bare, 18) });
     auto const colored = field("On yellow");
     auto* const cell = static_cast<NSTextFieldCell*>(colored->cell());
     cell->setTextColor(NSColor::colorWithCalibratedRed(0.45F, 0.25F, 0, 1));
@@ -355,7 +357,7 @@ Ref<NSView> makePLIXChiseledTextFieldPage()
     };
     form->addRow("11 points", { label("1,204 items, 12.4 GB available", NSFont::systemFontOfSize(11), 16) });
     form->addRow("13, bold", { label("Playlists", NSFont::boldSystemFontOfSize(13), 18) });
-    form->addRow("24", { label("The Well-Tempered Clavier", NSFont::systemFontOfSize(24), 32) });
+    form->addRow("24 points", { label("The Well-Tempered Clavier", NSFont::systemFontOfSize(24), 32) });
     auto const colored = label("In colours of its own", NSFont::boldSystemFontOfSize(15), 22);
     auto const& red = labels.back();
     red->setActiveColor(NSColor::colorWithCalibratedRed(0.65F, 0.1F, 0.1F, 1));

@@ -118,7 +118,7 @@ void addControls(Desk& desk, Point at)
     segments->setSegmentCount(3);
     for (long i = 0; i < 3; ++i) {
         segments->setLabel(std::vector { "Day", "Week", "Month" }[static_cast<std::size_t>(i)], i);
-        segments->setWidth(61, i);
+        segments->setWidth(i == 1 ? 62 : 63, i);
     }
     segments->setSelectedSegment(1);
     add(*segments, 0, 38);

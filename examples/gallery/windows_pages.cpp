@@ -91,7 +91,7 @@ Ref<NSView> makeNSWindowPage()
     constexpr unsigned usual = NSTitledWindowMask | NSClosableWindowMask | NSMiniaturizableWindowMask | NSResizableWindowMask;
     form->addRow("Open",
         { open("Resizable", usual, [](NSWindow&) {}),
-            open("Of One Size", NSTitledWindowMask | NSClosableWindowMask, [](NSWindow&) {}),
+            open("Fixed Size", NSTitledWindowMask | NSClosableWindowMask, [](NSWindow&) {}),
             open("Utility", usual | NSUtilityWindowMask, [](NSWindow&) {}) });
     form->addRow("",
         { open("Limited", usual,
@@ -159,7 +159,7 @@ Ref<NSView> makeNSPanelPage()
                 working->makeKeyAndOrderFront(nullptr);
             }) });
     form->addNote(
-        "A panel never is the main window, closes with Escape, may float above other windows, and may leave the keyboard to "
+        "A panel is never the main window, closes with Escape, may float above other windows, and may leave the keyboard to "
         "them until a field of it is clicked.");
     form->sizeToRows();
     return form;
@@ -520,7 +520,7 @@ Ref<NSView> makeInspectorPage()
 {
     auto const form = Form::page();
     form->addNote(
-        "Ctrl-Shift-I in any application built with it: the view tree of the key window, the fields of the view that is "
+        "Ctrl+Shift+I in any application built with it: the view tree of the key window, the fields of the view that is "
         "chosen, frames and flashes of what is drawn over the window, and the last events, which can be copied as a test.");
     auto const say
         = [page = form.get()] { page->setStatus(isInspectorOpen() ? "The inspector is open." : "The inspector is closed."); };

@@ -424,9 +424,9 @@ TEST_F(ControlPages, DocumentsOpenAndClose)
 {
     open("NSDocumentController");
     press("New");
-    EXPECT_TRUE(shows("1 open; the current one is “Score 1.score”."));
+    EXPECT_TRUE(shows("1 open; “Score 1.score” is the current one."));
     press("Close All");
-    EXPECT_TRUE(shows("0 open; the current one is none."));
+    EXPECT_TRUE(shows("0 open; none is current."));
 }
 
 // MARK: sound and speech

@@ -84,7 +84,7 @@ private:
 TEST_F(GalleryLivePages, LogsWhatIsLogged)
 {
     open("NSLog");
-    press("The kettle boils");
+    press("Boil the Kettle");
     EXPECT_EQ(countOf("The kettle boils."), 1);
 }
 
@@ -130,10 +130,10 @@ TEST_F(GalleryLivePages, TheTimerGoesWithItsPage)
 TEST_F(GalleryLivePages, TheRunLoopCallsLater)
 {
     open("NSRunLoop");
-    press("Call later");
+    press("Call Later");
     EXPECT_EQ(result("called by the run loop"), "in kCFRunLoopDefaultMode");
     EXPECT_EQ(countOf("called by the run loop"), 1);
-    press("Before the next wait");
+    press("Before the Next Wait");
     pass(1);
     pass(1);
     EXPECT_EQ(countOf("nothing to do: the loop waits"), 1);
@@ -146,11 +146,11 @@ TEST_F(GalleryLivePages, PerformsAfterADelayUnlessCancelled)
     pass(0.6);
     EXPECT_EQ(countOf("boil"), 1);
     EXPECT_EQ(countOf("whistle"), 0);
-    press("No whistling");
+    press("No Whistling");
     pass(2);
     EXPECT_EQ(countOf("whistle"), 0);
     press("Ask");
-    press("Cancel all");
+    press("Cancel All");
     pass(2);
     EXPECT_EQ(countOf("boil"), 1);
     press("Ask");
