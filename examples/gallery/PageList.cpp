@@ -18,6 +18,7 @@
 #include <plix/tables/PLIXOutlineView.h>
 
 #include <algorithm>
+#include <cmath>
 
 namespace gallery {
 
@@ -28,6 +29,26 @@ namespace {
 constexpr float rowHeight = 20;
 constexpr float footHeight = 24;
 constexpr float fieldHeight = 24;
+
+/// Its text stands in the middle of a row, level with the triangle of a section.
+class RowCell final : public NSTextFieldCell {
+    PLIX_CLASS(RowCell, NSTextFieldCell);
+
+public:
+    using NSTextFieldCell::init;
+    Rect titleRectForBounds(Rect bounds) const override
+    {
+        auto place = NSTextFieldCell::titleRectForBounds(bounds);
+        float const spare = std::max(0.0F, place.height - std::ceil(cellSize().height));
+        place.y += std::floor(spare / 2);
+        place.height -= spare;
+        return place;
+    }
+};
+
+PLIX_DESCRIBE(RowCell)
+{
+}
 
 }
 
@@ -96,7 +117,7 @@ void PageList::makeOutline()
     m_outline->setHighlightFollowsIndentation(false);
     auto const column = make<NSTableColumn>(ObjectValue("page"));
     column->setEditable(false);
-    auto const cell = make<NSTextFieldCell>("");
+    auto const cell = make<RowCell>("");
     cell->setLineBreakMode(NSLineBreakByTruncatingTail);
     column->setDataCell(cell);
     column->setWidth(bounds().width - 20);
