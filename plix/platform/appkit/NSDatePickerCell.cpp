@@ -646,9 +646,9 @@ void NSDatePickerCell::drawInteriorWithFrame(Rect frame, NSView& controlView)
         bool const isSelected = isField && showsSelection && index == m_selected;
         bool const isRefused = m_showsRefusal && isField && m_typing.isEmptied(part.field.kind);
         if (isRefused)
-            theme.fill(NSInsetRect(part.rect, -1, 0), ThemeRole::errorText);
+            theme.fill(part.rect, ThemeRole::errorText);
         else if (isSelected)
-            theme.fill(NSInsetRect(part.rect, -1, 0), *NSColor::alternateSelectedControlColor());
+            theme.fill(part.rect, *NSColor::alternateSelectedControlColor());
         Ref<NSColor> const ink = isRefused ? NSColor::textBackgroundColor()
             : isSelected                   ? NSColor::alternateSelectedControlTextColor()
                                            : color;
