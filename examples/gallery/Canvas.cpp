@@ -3,6 +3,7 @@
 #include "Transcript.h"
 #include "page_parts.h"
 
+#include <plix/platform/appkit/Theme.h>
 #include <plix/platform/graphics/NSColor.h>
 #include <plix/platform/graphics/NSGraphics.h>
 #include <plix/platform/graphics/NSGraphicsContext.h>
@@ -30,8 +31,7 @@ void Canvas::drawRect(Rect)
         NSRectClip(bounds());
         m_draw(bounds());
     }
-    NSColor::gridColor()->set();
-    NSFrameRect(bounds());
+    Theme::current().drawBorder(NSLineBorder, bounds());
 }
 
 Ref<NSView> drawing(std::string_view caption, Size size, Canvas::Draw draw)

@@ -15,6 +15,7 @@
 #include <plix/platform/appkit/NSPopUpButtonCell.h>
 #include <plix/platform/appkit/NSSegmentedCell.h>
 #include <plix/platform/appkit/NSSegmentedControl.h>
+#include <plix/platform/appkit/Theme.h>
 #include <plix/platform/graphics/NSColor.h>
 #include <plix/platform/graphics/NSFont.h>
 #include <plix/platform/graphics/NSImage.h>
@@ -187,10 +188,10 @@ Ref<NSView> makeNSPopUpButtonCellPage()
         return form->told(made);
     };
     auto const cellOf = [](NSPopUpButton& button) { return static_cast<NSPopUpButtonCell*>(button.cell()); };
-    auto const center = popUp(true);
-    auto const bottom = popUp(true);
+    auto const center = popUp(false);
+    auto const bottom = popUp(false);
     cellOf(*bottom)->setArrowPosition(NSPopUpArrowAtBottom);
-    auto const none = popUp(true);
+    auto const none = popUp(false);
     cellOf(*none)->setArrowPosition(NSPopUpNoArrow);
     form->addRow("Arrow", { captioned("at the centre", center), captioned("at the bottom", bottom), captioned("none", none) });
     auto const below = popUp(true);
@@ -226,7 +227,8 @@ Ref<NSView> makeTQPopUpButtonCellPage()
         auto const text = make<NSMutableAttributedString>(std::string(stand) + popUp.titleOfSelectedItem(),
             Attributes { { NSFontAttributeName, NSFont::boldSystemFontOfSize(12) }, { NSParagraphStyleAttributeName, style },
                 { NSForegroundColorAttributeName, NSColor::controlTextColor() } });
-        text->addAttribute(NSForegroundColorAttributeName, NSColor::disabledControlTextColor(), { 0, std::ssize(stand) });
+        text->addAttribute(
+            NSForegroundColorAttributeName, Theme::current().color(ThemeRole::secondaryText), { 0, std::ssize(stand) });
         static_cast<TQPopUpButtonCell*>(popUp.cell())->setDisplayAttributedString(text);
         page->setStatus("Shows “" + text->string() + "”");
     };

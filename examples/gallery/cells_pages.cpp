@@ -246,7 +246,7 @@ Ref<NSView> makePLIXImageViewPage()
     auto const own = place({ 96, 120 }, std::nullopt);
     own->setDefaultImage(icon(Icon::note, 48));
     form->addRow("While empty",
-        { captioned("with a caption", artwork), captioned("a border", place({ 96, 120 }, std::nullopt)),
+        { captioned("with a caption", artwork), captioned("a border", place({ 114, 120 }, std::nullopt)),
             captioned("an image of one’s own", own) });
     auto const filled = place({ 150, 90 }, std::nullopt);
     filled->setImage(icon(Icon::folder, 64));

@@ -106,7 +106,7 @@ Ref<NSView> makeLocalizedStringsPage()
     std::string const path = world.folder() + "/Tea.bundle";
     write(path + "/fr.lproj/Localizable.strings",
         "/* A note\n   for translators */\n\"1 cup\" = \"1 tasse\";\n\"%i cups\" = \"%i tasses\";\nYes = Oui;\n"
-        "\"It’s \\\"hot\\\"\\n\" = \"C’est \\U00AB chaud \\U00BB\";\n");
+        "\"It’s \\\"hot\\\"\\n\" = \"C’est \\U00AB chaud \\U00BB\";");
     write(path + "/fr.lproj/Broken.strings", "\"1 cup\" = \"1 tasse\"\n\"2 cups\" = ");
     transcript->addHeading("fr.lproj/Localizable.strings");
     auto const source = textOf(NSFileManager::defaultManager().contentsAtPath(path + "/fr.lproj/Localizable.strings"));

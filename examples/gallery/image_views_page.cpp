@@ -18,7 +18,7 @@ using namespace plix;
 
 namespace {
 
-constexpr Size place { 180, 110 };
+constexpr Size place { 184, 110 };
 constexpr float gap = 24;
 constexpr float pageWidth = 3 * place.width + 4 * gap;
 constexpr float pageHeight = 424;

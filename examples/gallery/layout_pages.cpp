@@ -3,6 +3,7 @@
 #include "Transcript.h"
 #include "page_parts.h"
 
+#include <plix/platform/appkit/Theme.h>
 #include <plix/platform/graphics/NSBezierPath.h>
 #include <plix/platform/graphics/NSColor.h>
 #include <plix/platform/graphics/NSFont.h>
@@ -74,7 +75,7 @@ Ref<NSView> makeNSFontPage()
         auto const font = NSFont::systemFontOfSize(48);
         float const baseline = 20;
         for (float const height : { font->ascender(), font->capHeight(), font->xHeight(), 0.F, font->descender() }) {
-            NSColor::redColor()->colorWithAlphaComponent(0.6F)->set();
+            Theme::current().color(ThemeRole::errorText)->colorWithAlphaComponent(0.8F)->set();
             NSRectFill({ 0, baseline + height, bounds.width, 1 });
         }
         drawAtPoint("Typography", { 120, baseline + font->descender() },

@@ -158,7 +158,7 @@ void addCode(Desk& desk, Rect frame, std::string_view code)
 
 Ref<NSView> makeWelcomePage()
 {
-    auto desk = make<Desk>(Rect { 0, 0, pageWidth, 500 });
+    auto desk = make<Desk>(Rect { 0, 0, pageWidth, 492 });
     float const width = pageWidth - 2 * margin;
     addText(*desk, "plix", NSFont::boldSystemFontOfSize(30), { margin, 14, width, 40 }, ThemeRole::buttonText);
     addText(*desk,
@@ -175,7 +175,7 @@ Ref<NSView> makeWelcomePage()
     engraved->activate(nullptr);
     desk->addSubview(*engraved);
     addText(*desk, "Linking it", NSFont::boldSystemFontOfSize(13), { margin, 346, width, 18 }, ThemeRole::buttonText);
-    addCode(*desk, { margin, 370, width, 106 },
+    addCode(*desk, { margin, 370, width, 98 },
         "# CMakeLists.txt\n"
         "find_package(plix 0.1 REQUIRED)\n"
         "target_link_libraries(application PRIVATE plix::plix)\n"

@@ -35,6 +35,12 @@ DateHalves currentHalves()
     return { names->amPm[0], names->amPm[1] };
 }
 
+// There is room for that many.
+std::size_t digitsOf(DateFieldKind kind)
+{
+    return kind == DateFieldKind::year ? 4 : 2;
+}
+
 }
 
 struct NSDatePickerCell::Placed {
@@ -473,9 +479,8 @@ bool NSDatePickerCell::takeKey(NSEvent& event)
 
 std::string NSDatePickerCell::shownText(DateField const& field, bool isSelected) const
 {
-    auto const width = static_cast<std::size_t>(field.kind == DateFieldKind::year ? 4 : 2);
     if (field.kind != DateFieldKind::literal && m_typing.isEmptied(field.kind))
-        return std::string(width, '-');
+        return std::string(digitsOf(field.kind), '-');
     if (isSelected && m_typing.digits.count > 0) {
         auto const digits = std::to_string(m_typing.digits.value);
         auto const count = static_cast<std::size_t>(m_typing.digits.count);
@@ -517,7 +522,7 @@ std::vector<NSDatePickerCell::Placed> NSDatePickerCell::placedFields(Rect frame)
         if (field.kind == DateFieldKind::half)
             width = std::max(widthOfTextLine(halves.morning, *textFont), widthOfTextLine(halves.afternoon, *textFont));
         else if (field.kind != DateFieldKind::literal)
-            width = std::max(width, digit * static_cast<float>(field.kind == DateFieldKind::year ? 4 : 2));
+            width = std::max(width, digit * static_cast<float>(digitsOf(field.kind)));
         width = std::ceil(width) + (field.kind == DateFieldKind::literal ? 0 : 2);
         part.rect = { x, room.y + std::floor((room.height - height) / 2), width, height };
         x += width;
@@ -653,8 +658,9 @@ void NSDatePickerCell::drawInteriorWithFrame(Rect frame, NSView& controlView)
             : isSelected                   ? NSColor::alternateSelectedControlTextColor()
                                            : color;
         // A single digit stands where the units do, next to what follows it.
-        Rect const place = isField ? NSInsetRect(part.rect, 1, 0) : part.rect;
-        auto const alignment = isField && part.field.kind != DateFieldKind::half ? NSRightTextAlignment : NSLeftTextAlignment;
+        bool const isShort = isField && part.field.kind != DateFieldKind::half && part.text.size() < digitsOf(part.field.kind);
+        auto const alignment = isShort ? NSRightTextAlignment : isField ? NSCenterTextAlignment : NSLeftTextAlignment;
+        Rect const place = NSInsetRect(part.rect, isShort ? 1 : 0, 0);
         drawTextLine(part.text, place, { *textFont, ink.get(), alignment, NSLineBreakByClipping });
         index += isField ? 1 : 0;
     }

@@ -15,11 +15,15 @@ namespace plix {
 
 namespace {
 
+// How much black is in the lower end of a lit face while it is pressed.
+constexpr float pressedShade = 0.25F;
+
 struct FaceColors {
     ThemeRole top;
     ThemeRole bottom;
     ThemeRole border;
     ThemeRole edge;
+    float shade { 0 };
 };
 
 FaceColors faceColors(ButtonLook const& look)
@@ -31,7 +35,8 @@ FaceColors faceColors(ButtonLook const& look)
     if ((look.isOn || look.isDefault) && control.isWindowActive && !control.isPressed)
         return { ThemeRole::buttonOnTop, ThemeRole::buttonOnBottom, ThemeRole::buttonOnBorder, ThemeRole::buttonOnBorder };
     if ((look.isOn || look.isDefault) && control.isPressed)
-        return { ThemeRole::buttonOnBottom, ThemeRole::buttonOnBorder, ThemeRole::buttonOnBorder, ThemeRole::buttonOnBorder };
+        return { ThemeRole::buttonOnBottom, ThemeRole::buttonOnBottom, ThemeRole::buttonOnBorder, ThemeRole::buttonOnBorder,
+            pressedShade };
     if (control.isPressed || look.isOn)
         return { ThemeRole::buttonPressedTop, ThemeRole::buttonPressedBottom, ThemeRole::buttonEdge, ThemeRole::buttonEdge };
     if (control.isHovered)
@@ -129,7 +134,8 @@ void drawFace(Theme const& theme, Rect rect, ButtonLook const& look)
     {
         GraphicsState const clipped;
         facePath(rect, radius, look)->addClip();
-        fillVertically(rect, *theme.color(colors.top), *theme.color(colors.bottom));
+        auto const bottom = theme.color(colors.bottom)->blendedColorWithFraction(colors.shade, *NSColor::blackColor());
+        fillVertically(rect, *theme.color(colors.top), *bottom);
         // The lower edge is darker, as if light came from above.
         if (colors.edge != colors.border && radius < rect.height / 2)
             theme.fill({ rect.x, rect.maxY() - 1, rect.width, 1 }, colors.edge);

@@ -50,7 +50,7 @@ void Theme::drawBorder(NSBorderType border, Rect rect) const
         fill(topLine(rect), ThemeRole::fieldBorderTop);
         break;
     case NSGrooveBorder:
-        frame(rect, 1, *color(ThemeRole::line));
+        frame(rect, 1, *NSColor::controlShadowColor());
         frame(NSInsetRect(rect, 1, 1), 1, *NSColor::controlLightHighlightColor());
         break;
     }

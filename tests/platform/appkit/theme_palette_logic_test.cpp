@@ -35,6 +35,31 @@ TEST(ThemePalette, KeepsTextReadableOnWhatItStandsOn)
     }
 }
 
+TEST(ThemePalette, LetsLinesBeSeenOnWhatTheyEnclose)
+{
+    struct Row {
+        ThemeRole line;
+        ThemeRole ground;
+        float least;
+    };
+    Row const rows[] = {
+        { ThemeRole::line, ThemeRole::barBackground, 1.5F },
+        { ThemeRole::line, ThemeRole::headerBackground, 1.5F },
+        { ThemeRole::fieldBorder, ThemeRole::barBackground, 1.5F },
+        { ThemeRole::fieldBorderTop, ThemeRole::barBackground, 2 },
+        { ThemeRole::headerDivider, ThemeRole::headerBackground, 1.3F },
+        { ThemeRole::buttonBorder, ThemeRole::barBackground, 1.5F },
+        { ThemeRole::buttonDisabledBorder, ThemeRole::barBackground, 1.2F },
+        { ThemeRole::menuBorder, ThemeRole::menuBackground, 1.5F },
+        { ThemeRole::menuBorder, ThemeRole::barBackground, 1.5F },
+    };
+    for (auto appearance : { Appearance::light, Appearance::dark }) {
+        for (auto const& row : rows)
+            EXPECT_GE(contrastRatio(themeColor(row.line, appearance), themeColor(row.ground, appearance)), row.least)
+                << "row " << &row - rows << (appearance == Appearance::light ? ", light" : ", dark");
+    }
+}
+
 TEST(ThemePalette, LetsTheKnobStandOutMoreWhenItIsHoveredAndPressed)
 {
     for (auto appearance : { Appearance::light, Appearance::dark }) {
