@@ -5,10 +5,22 @@ namespace plix {
 /// What can be made to fail.
 enum class Call {
     allocate, ///< operator new, on the thread that asked; throws std::bad_alloc
+    allocateElsewhere, ///< the same on any other thread
     open, ///< of files, anywhere in the process; EMFILE
     read, ///< read() and pread(), anywhere; EIO
     shortRead, ///< gives one byte, and nothing from then on
     connect, ///< ECONNREFUSED
+    startThread, ///< EAGAIN
+    // On any thread but the one that asked:
+    socket, ///< EMFILE
+    send, ///< through a socket; ECONNRESET
+    receive, ///< from a socket; ECONNRESET
+    hangUp, ///< the same, as if the other end had closed it
+    wait, ///< poll() and ppoll(); ENOMEM
+    pipe, ///< EMFILE
+    share, ///< shm_open() and memfd_create(); ENFILE
+    map, ///< mmap(); ENOMEM
+    last = map
 };
 
 /// Makes the n-th of these calls fail, once, as long as it lives. n counts from 1. Allocations by C libraries, which end the
@@ -28,5 +40,7 @@ public:
 
 /// How many files the process has open.
 long openFiles();
+/// How many threads it has.
+long threads();
 
 }

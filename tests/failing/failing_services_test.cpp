@@ -9,6 +9,7 @@
 #include <plix/platform/host/headless/HeadlessHost.h>
 #include <plix/platform/host/sound_file_bytes.h>
 #include <tests/support/PulseServer.h>
+#include <tests/support/SpeechListener.h>
 #include <tests/support/sound_files.h>
 
 #include <sys/socket.h>
@@ -18,6 +19,7 @@
 #include <atomic>
 #include <chrono>
 #include <cstring>
+#include <filesystem>
 #include <thread>
 
 namespace plix {
@@ -185,6 +187,121 @@ TEST_F(FailingSpeech, IsGivenUpWhereNobodyAnswers)
     DispatcherSpeech speech(options());
     EXPECT_TRUE(isGivenUp(speech, 20));
     EXPECT_GE(listener.taken(), 1);
+}
+
+/// A text that is spoken by a service on this thread, while the other one has no memory once.
+class FailingSpeaker {
+public:
+    explicit FailingSpeaker(DispatcherOptions const& options)
+        : m_listener(options.socketPath, SpeechListener::Manner::Speaking)
+        , m_speech(std::make_unique<DispatcherSpeech>(options))
+        , m_channel(m_speech->openChannel("", { [this](SpeechEnd end) { m_ends.push_back(end); }, {} }))
+    {
+        m_speech->setVoicesNews([this] { ++m_voicesNews; });
+    }
+
+    bool begin() { return m_speech->start(m_channel, "hello. and on"); }
+    /// How the text ended, once that is told.
+    std::vector<SpeechEnd> speak()
+    {
+        m_ends.clear();
+        EXPECT_TRUE(begin());
+        EXPECT_TRUE(answerUntil([this] { return !m_ends.empty(); }));
+        EXPECT_FALSE(m_speech->isSpeaking(m_channel));
+        return m_ends;
+    }
+    bool listsVoices()
+    {
+        return answerUntil([this] {
+            m_speech->voices();
+            return m_voicesNews > 0;
+        });
+    }
+    void takesText()
+    {
+        EXPECT_TRUE(answerUntil([this] { return !m_listener.texts().empty(); }));
+    }
+    void end() { m_speech.reset(); }
+
+private:
+    bool answerUntil(std::function<bool()> const& condition)
+    {
+        return waitUntil([&] {
+            m_listener.answer();
+            NSRunLoop::currentRunLoop().runUntilDate(NSDate::dateWithTimeIntervalSinceNow(0.001));
+            return condition();
+        });
+    }
+
+    SpeechListener m_listener;
+    std::unique_ptr<DispatcherSpeech> m_speech;
+    std::vector<SpeechEnd> m_ends;
+    int m_voicesNews { 0 };
+    SpeechChannel m_channel;
+};
+
+class FailingSpeechThread : public FailingSpeech {
+protected:
+    /// Answers how many allocations there were to fail.
+    template <typename Operation> long failEach(Operation const& operation)
+    {
+        for (long nth = 1;; ++nth) {
+            SCOPED_TRACE(nth);
+            std::filesystem::remove(path());
+            auto const files = openFiles();
+            bool const hasFailed = operation(nth);
+            EXPECT_EQ(openFiles(), files);
+            EXPECT_EQ(threads(), 1);
+            if (!hasFailed || HasFailure()) {
+                std::printf("%ld calls\n", nth - 1);
+                return nth - 1;
+            }
+        }
+    }
+};
+
+TEST_F(FailingSpeechThread, TextsWithoutMemoryAreGivenUpAndTheNextOneIsSpoken)
+{
+    FailingSpeaker(options()).speak();
+    auto const calls = failEach([this](long nth) {
+        FailingSpeaker speaker(options());
+        bool hasFailed = false;
+        {
+            Failing const failing(Call::allocateElsewhere, nth);
+            auto const ends = speaker.speak();
+            hasFailed = failing.hasFailed();
+            EXPECT_EQ(ends.size(), 1U);
+            EXPECT_TRUE(hasFailed || ends.front() == SpeechEnd::Finished);
+        }
+        EXPECT_EQ(speaker.speak(), std::vector { SpeechEnd::Finished });
+        return hasFailed;
+    });
+    EXPECT_GT(calls, 50);
+}
+
+TEST_F(FailingSpeechThread, VoicesWithoutMemoryAreAskedForAgain)
+{
+    std::filesystem::remove(path());
+    auto const calls = failEach([this](long nth) {
+        FailingSpeaker speaker(options());
+        Failing const failing(Call::allocateElsewhere, nth);
+        EXPECT_TRUE(speaker.listsVoices());
+        return failing.hasFailed();
+    });
+    EXPECT_GT(calls, 20);
+}
+
+TEST_F(FailingSpeechThread, EndsWithoutMemory)
+{
+    auto const calls = failEach([this](long nth) {
+        FailingSpeaker speaker(options());
+        EXPECT_TRUE(speaker.begin());
+        speaker.takesText();
+        Failing const failing(Call::allocateElsewhere, nth);
+        speaker.end();
+        return failing.hasFailed();
+    });
+    EXPECT_GE(calls, 2);
 }
 
 }

@@ -1,5 +1,7 @@
 #include <plix/platform/host/desktop/DeviceOutput.h>
 
+#include <plix/platform/foundation/NSProcessInfo.h>
+#include <plix/platform/host/desktop/PulsePlayback.h>
 #include <plix/platform/host/desktop/SoundReader.h>
 #include <plix/platform/host/desktop/quiet_thread.h>
 #include <plix/platform/host/desktop/sdl_handles.h>
@@ -9,7 +11,9 @@
 #include <condition_variable>
 #include <cstdlib>
 #include <mutex>
+#include <new>
 #include <string>
+#include <string_view>
 
 namespace plix {
 
@@ -17,12 +21,23 @@ namespace {
 
 using namespace std::chrono_literals;
 
+using Clock = std::chrono::steady_clock;
+
 /// 21 ms: soon enough for a click to sound at once, long enough for a busy machine.
 constexpr Uint16 framesAtOnce = 1024;
 constexpr auto idleTime = 5s;
+/// How soon a stream that nothing happens on notices that it is not wanted any more.
+constexpr auto turnTime = 20ms;
 constexpr auto betweenLooks = 200ms;
 constexpr auto betweenTries = 500ms;
 constexpr auto patienceAtEnd = 1s;
+
+/// "" for any.
+std::string_view namedDriver()
+{
+    char const* const named = std::getenv("SDL_AUDIODRIVER");
+    return named ? named : "";
+}
 
 /// SDL has one driver of sound for the whole program, which may be another one's already.
 class Driver {
@@ -57,16 +72,17 @@ private:
 /// ALSA says on standard error that it has no card, so it is asked only where there is one.
 bool Driver::start()
 {
-    if (char const* const named = std::getenv("SDL_AUDIODRIVER"); named && *named)
-        return SDL_AudioInit(named) == 0;
-    return SDL_AudioInit("pulseaudio") == 0 || SDL_AudioInit("pipewire") == 0 || (hasSoundCard() && SDL_AudioInit("alsa") == 0);
+    if (!namedDriver().empty())
+        return SDL_AudioInit(namedDriver().data()) == 0;
+    return (!PulsePlayback::isAvailable() && SDL_AudioInit("pulseaudio") == 0) || SDL_AudioInit("pipewire") == 0
+        || (hasSoundCard() && SDL_AudioInit("alsa") == 0);
 }
 
 /// One opened device.
 class Device {
 public:
-    explicit Device(SoundOutput::Fetch fetch)
-        : m_fetch(std::move(fetch))
+    explicit Device(SoundOutput::Fetch const& fetch)
+        : m_fetch(fetch)
         , m_hasDriver(Driver::retain())
     {
         SDL_AudioSpec wanted {};
@@ -97,7 +113,7 @@ public:
     bool isOpen() const { return m_device != 0 && SDL_GetAudioDeviceStatus(m_device) == SDL_AUDIO_PLAYING; }
 
 private:
-    SoundOutput::Fetch m_fetch;
+    SoundOutput::Fetch const& m_fetch;
     bool m_hasDriver { false };
     SDL_AudioDeviceID m_device { 0 };
 };
@@ -108,6 +124,7 @@ struct DeviceOutput::State {
     mutable std::mutex mutex;
     std::condition_variable changed;
     Fetch fetch;
+    std::string applicationName { NSProcessInfo::processInfo().processName() };
     bool isWanted { false };
     bool isMissing { false };
     bool isOver { false };
@@ -119,6 +136,42 @@ struct DeviceOutput::State {
         std::unique_lock lock(mutex);
         changed.wait_for(lock, time, [&] { return isOver || isWanted != wanted; });
         return isWanted && !isOver;
+    }
+    bool isWantedSince(Clock::time_point& last)
+    {
+        std::scoped_lock const lock(mutex);
+        if (isWanted)
+            last = Clock::now();
+        return !isOver && Clock::now() - last < idleTime;
+    }
+    /// Not with SDL's driver of that name: it ends the program where the server goes away in a wrong moment. False where it was
+    /// not to be had.
+    bool playOnPulse()
+    {
+        if (!PulsePlayback::isAvailable() || (!namedDriver().empty() && namedDriver() != "pulseaudio"))
+            return false;
+        PulsePlayback playback(fetch, applicationName);
+        bool wasOpen = false;
+        auto last = Clock::now();
+        while (playback.state() != PulsePlayback::State::Lost) {
+            if (!isWantedSince(last))
+                return true;
+            playback.turn(turnTime);
+            if (!wasOpen && playback.state() == PulsePlayback::State::Open) {
+                wasOpen = true;
+                noteMissing(false);
+            }
+        }
+        return wasOpen;
+    }
+    bool playOnDevice()
+    {
+        Device const device(fetch);
+        bool const wasOpen = device.isOpen();
+        noteMissing(!wasOpen);
+        if (wasOpen)
+            keepOpen(device);
+        return wasOpen;
     }
     void keepOpen(Device const& device)
     {
@@ -140,18 +193,19 @@ struct DeviceOutput::State {
         std::scoped_lock const lock(mutex);
         isMissing = missing;
     }
+    bool play()
+    {
+        try {
+            return playOnPulse() || playOnDevice();
+        } catch (std::bad_alloc const&) {
+            noteMissing(true);
+            return false;
+        }
+    }
     void run()
     {
         while (waitForWish()) {
-            bool wasOpen = false;
-            {
-                Device const device(fetch);
-                wasOpen = device.isOpen();
-                noteMissing(!wasOpen);
-                if (wasOpen)
-                    keepOpen(device);
-            }
-            if (!wasOpen)
+            if (!play())
                 waitWhile(true, betweenTries);
         }
         // What SDL keeps for a thread goes by itself with its own threads only.
@@ -183,12 +237,12 @@ void DeviceOutput::setFetch(Fetch fetch)
 void DeviceOutput::setWanted(bool wanted)
 {
     std::scoped_lock const lock(m_state->mutex);
-    if (m_state->isWanted == wanted)
-        return;
-    m_state->isWanted = wanted;
-    // It is tried anew.
-    m_state->isMissing = m_state->isMissing && !wanted;
-    m_state->changed.notify_all();
+    if (m_state->isWanted != wanted) {
+        m_state->isWanted = wanted;
+        // It is tried anew.
+        m_state->isMissing = m_state->isMissing && !wanted;
+        m_state->changed.notify_all();
+    }
     if (!wanted || m_state->hasThread)
         return;
     auto thread = quietThread([state = m_state] { state->run(); });

@@ -77,7 +77,7 @@ void DispatcherService::close(std::uint32_t number)
 void DispatcherService::speak(std::uint32_t number, long utterance, std::string text)
 {
     if (auto const found = m_channels.find(number); found != m_channels.end())
-        found->second->utterance = Utterance { utterance, std::move(text), 0, false };
+        found->second->utterance = Utterance { utterance, std::move(text), 0, false, {} };
 }
 
 void DispatcherService::stop(std::uint32_t number)
@@ -142,6 +142,9 @@ void DispatcherService::turn(double now)
 void DispatcherService::turnChannel(std::uint32_t number, Channel& channel, double now)
 {
     auto& line = channel.line;
+    tellEnd(number, channel);
+    if (channel.areVoicesGivenUp)
+        tellNoVoices(channel);
     bool isGood = line.transfer(std::exchange(channel.revents, 0), now);
     if (isGood && line.isOnline()) {
         auto& session = line.session();
@@ -185,18 +188,23 @@ void DispatcherService::takeNews(std::uint32_t number, Channel& channel)
 {
     auto& session = channel.line.session();
     auto const end = session.takeEnd();
-    if (end && channel.utterance && channel.utterance->isHandedOver) {
-        auto const utterance = std::exchange(channel.utterance, std::nullopt)->number;
-        m_news.ended(number, utterance, *end);
-    }
+    if (end && channel.utterance && channel.utterance->isHandedOver)
+        channel.utterance->end = end;
+    tellEnd(number, channel);
     if (auto voices = session.takeVoices()) {
-        channel.wantsVoices = false;
         m_news.voices(std::move(voices));
-    }
-    if (session.takeVoicesRefusal()) {
         channel.wantsVoices = false;
-        m_news.voices(std::nullopt);
     }
+    if (session.takeVoicesRefusal())
+        tellNoVoices(channel);
+}
+
+void DispatcherService::tellEnd(std::uint32_t number, Channel& channel)
+{
+    if (!channel.utterance || !channel.utterance->end)
+        return;
+    m_news.ended(number, channel.utterance->number, *channel.utterance->end);
+    channel.utterance.reset();
 }
 
 bool DispatcherService::isAnyoneHeardBefore(Channel const& channel) const
@@ -241,9 +249,26 @@ void DispatcherService::fail(std::uint32_t number, Channel& channel)
 {
     channel.deadline.reset();
     if (channel.utterance)
-        m_news.ended(number, std::exchange(channel.utterance, std::nullopt)->number, false);
-    if (std::exchange(channel.wantsVoices, false))
-        m_news.voices(std::nullopt);
+        channel.utterance->end = false;
+    tellEnd(number, channel);
+    if (channel.wantsVoices)
+        tellNoVoices(channel);
+}
+
+void DispatcherService::tellNoVoices(Channel& channel)
+{
+    m_news.voices(std::nullopt);
+    channel.wantsVoices = channel.areVoicesGivenUp = false;
+}
+
+void DispatcherService::giveUp()
+{
+    for (auto& [number, channel] : m_channels) {
+        channel->line.close();
+        channel->areVoicesGivenUp = channel->wantsVoices;
+        if (channel->utterance)
+            channel->utterance->end = channel->utterance->end.value_or(false);
+    }
 }
 
 void DispatcherService::askForSound(double now)

@@ -34,7 +34,7 @@ struct DispatcherOptions {
 /// were lost. Belongs to one thread; nothing here waits but wait().
 class DispatcherService {
 public:
-    /// Called inside turn().
+    /// Called inside turn(), again where they throw.
     struct News {
         std::function<void(std::uint32_t channel, long utterance, bool isFinished)> ended;
         std::function<void(std::optional<std::vector<SsipVoice>>)> voices;
@@ -49,8 +49,10 @@ public:
     void stop(std::uint32_t channel);
     void listVoices();
 
-    /// Goes on with all that can go on now.
+    /// Goes on with all that can go on now. After it has thrown only giveUp() is right.
     void turn(double now);
+    /// Ends all connections; the next turn tells that what was wanted has failed. Throws nothing.
+    void giveUp();
     /// Has everything stopped, for an end after some more turns.
     void stopAll();
     /// Whether the service knows all that was stopped.
@@ -66,6 +68,8 @@ private:
         std::string text;
         int attempts { 0 };
         bool isHandedOver { false };
+        /// How it ended, where that is still to be told.
+        std::optional<bool> end;
     };
     struct Channel {
         std::string voice;
@@ -76,6 +80,7 @@ private:
         DispatcherLine line;
         short revents { 0 };
         bool isClosing { false };
+        bool areVoicesGivenUp { false };
 
         bool hasWork() const { return utterance || wantsVoices; }
     };
@@ -90,6 +95,8 @@ private:
     void takeNews(std::uint32_t number, Channel&);
     void lose(std::uint32_t number, Channel&, double now);
     void fail(std::uint32_t number, Channel&);
+    void tellEnd(std::uint32_t number, Channel&);
+    void tellNoVoices(Channel&);
     void endStuckService(Channel const&);
     bool anyoneHasWork() const;
     bool isAnyoneHeardBefore(Channel const&) const;

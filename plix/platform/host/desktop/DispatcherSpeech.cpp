@@ -47,18 +47,19 @@ DispatcherWorker& DispatcherSpeech::worker()
 SpeechChannel DispatcherSpeech::openChannel(std::string_view voice, SpeechNews news)
 {
     auto const channel = newChannel();
-    m_channels[channel.number].news = std::move(news);
     worker().perform(
         [number = channel.number, voice = std::string(voice)](DispatcherService& service) { service.open(number, voice); });
+    m_channels[channel.number].news = std::move(news);
     return channel;
 }
 
 void DispatcherSpeech::closeChannel(SpeechChannel channel)
 {
-    if (m_channels.erase(channel.number) == 0)
+    if (!hasChannel(channel))
         return;
-    m_options.mark->setHeld(isSpeaking());
     worker().perform([number = channel.number](DispatcherService& service) { service.close(number); });
+    m_channels.erase(channel.number);
+    m_options.mark->setHeld(isSpeaking());
 }
 
 bool DispatcherSpeech::hasChannel(SpeechChannel channel) const
@@ -82,11 +83,10 @@ bool DispatcherSpeech::start(SpeechChannel channel, std::string_view text)
         return true;
     }
     auto const utterance = ++m_lastUtterance;
-    setUtterance(found->second, utterance);
     bool const isTaken = worker().perform([number = channel.number, utterance, speakable = std::move(speakable)](
                                               DispatcherService& service) { service.speak(number, utterance, speakable); });
-    if (!isTaken)
-        setUtterance(found->second, 0);
+    if (isTaken)
+        setUtterance(found->second, utterance);
     return isTaken;
 }
 
@@ -95,21 +95,21 @@ void DispatcherSpeech::stop(SpeechChannel channel)
     auto const found = m_channels.find(channel.number);
     if (found == m_channels.end() || found->second.utterance == 0)
         return;
-    stopUtterance(channel.number, found->second);
     worker().perform([number = channel.number](DispatcherService& service) { service.stop(number); });
+    stopUtterance(channel.number, found->second);
 }
 
 void DispatcherSpeech::stopUtterance(std::uint32_t number, Channel& channel)
 {
     if (channel.utterance == 0)
         return;
-    setUtterance(channel, 0);
     NSRunLoop::performOnMainThread([self = m_self, number] {
         if (!*self || !(*self)->m_channels.contains(number))
             return;
         if (auto const news = (*self)->m_channels.at(number).news.ended)
             news(SpeechEnd::Stopped);
     });
+    setUtterance(channel, 0);
 }
 
 void DispatcherSpeech::ended(std::uint32_t number, long utterance, SpeechEnd how)

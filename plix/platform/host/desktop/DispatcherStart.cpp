@@ -21,6 +21,10 @@ constexpr double secondsBetweenLooks = 0.02;
 /// The program that starts it, or -1. Nothing of this process's signals and open files is left to it.
 pid_t spawnStarter(std::string const& socketPath)
 {
+    std::string words[] = { "speech-dispatcher", "--spawn", "--communication-method", "unix_socket", "--socket-path", socketPath };
+    char* arguments[std::size(words) + 1] {};
+    for (std::size_t index = 0; index < std::size(words); ++index)
+        arguments[index] = words[index].data();
     posix_spawn_file_actions_t files;
     posix_spawn_file_actions_init(&files);
     posix_spawn_file_actions_addopen(&files, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
@@ -37,10 +41,6 @@ pid_t spawnStarter(std::string const& socketPath)
     posix_spawnattr_setsigdefault(&attributes, &all);
     posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
 
-    std::string words[] = { "speech-dispatcher", "--spawn", "--communication-method", "unix_socket", "--socket-path", socketPath };
-    char* arguments[std::size(words) + 1] {};
-    for (std::size_t index = 0; index < std::size(words); ++index)
-        arguments[index] = words[index].data();
     pid_t starter = -1;
     if (::posix_spawnp(&starter, arguments[0], &files, &attributes, arguments, environ) != 0)
         starter = -1;

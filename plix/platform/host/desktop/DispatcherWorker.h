@@ -3,8 +3,9 @@
 #include <plix/platform/host/desktop/DispatcherService.h>
 
 #include <atomic>
-#include <deque>
 #include <functional>
+#include <list>
+#include <memory>
 #include <mutex>
 #include <thread>
 
@@ -15,7 +16,7 @@ class DispatcherWorker {
 public:
     using Call = std::function<void(DispatcherService&)>;
 
-    /// The news are called on the worker's thread.
+    /// The news are called on the worker's thread. What it has no memory for ends what is being spoken; calls are made again.
     DispatcherWorker(DispatcherOptions, DispatcherService::News);
     /// Silences what is being spoken; comes back in a moment, whether the service answers or not. The end of the program does the
     /// same.
@@ -28,12 +29,14 @@ public:
     void end();
 
 private:
-    void run(DispatcherOptions const&, DispatcherService::News const&);
-    std::deque<Call> takeCalls();
+    void run(DispatcherService&);
+    void performCalls(DispatcherService&, std::list<Call>& rest);
+    void sayFarewell(DispatcherService&);
     void wake();
 
+    std::unique_ptr<DispatcherService> m_service;
     std::mutex m_mutex;
-    std::deque<Call> m_calls;
+    std::list<Call> m_calls;
     int m_wakeDescriptor { -1 };
     std::atomic<bool> m_isEnding { false };
     std::thread m_thread;

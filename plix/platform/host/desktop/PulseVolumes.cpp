@@ -5,12 +5,13 @@
 #include <plix/platform/host/desktop/pulse_library.h>
 #include <plix/platform/host/desktop/quiet_thread.h>
 
+#include <array>
 #include <chrono>
 #include <condition_variable>
 #include <mutex>
+#include <new>
 #include <thread>
 #include <utility>
-#include <vector>
 #endif
 
 namespace plix {
@@ -25,6 +26,8 @@ using Clock = std::chrono::steady_clock;
 constexpr auto patience = 500ms;
 constexpr auto betweenTries = 1s;
 constexpr auto idleTime = 2s;
+/// After what the machine had no memory for.
+constexpr auto moment = 20ms;
 
 ChannelVolume::Ear earOf(pa_channel_position_t position)
 {
@@ -40,12 +43,13 @@ ChannelVolume::Ear earOf(pa_channel_position_t position)
 
 std::optional<StereoVolume> volumeOf(pa_sink_info const& sink)
 {
-    std::vector<ChannelVolume> channels;
-    for (int channel = 0; channel < sink.volume.channels; ++channel) {
+    std::array<ChannelVolume, PA_CHANNELS_MAX> channels {};
+    auto const count = std::min<std::size_t>(sink.volume.channels, channels.size());
+    for (std::size_t channel = 0; channel < count; ++channel) {
         auto const volume = static_cast<float>(sink.volume.values[channel]) / static_cast<float>(PA_VOLUME_NORM);
-        channels.push_back({ earOf(sink.channel_map.map[channel]), volume });
+        channels[channel] = { earOf(sink.channel_map.map[channel]), volume };
     }
-    return stereoVolume(channels);
+    return stereoVolume({ channels.data(), count });
 }
 
 }
@@ -103,6 +107,7 @@ private:
     void query();
     void take(pa_sink_info const&);
     void answer(std::optional<StereoVolume>);
+    void tellChange();
     static void release(pa_operation* operation)
     {
         if (operation)
@@ -117,7 +122,7 @@ private:
     mutable std::mutex m_mutex;
     std::condition_variable m_answers;
     std::optional<StereoVolume> m_known;
-    std::string m_knownOutput;
+    std::optional<std::uint32_t> m_knownOutput;
     Ticket m_asked { 0 };
     Ticket m_answered { 0 };
     bool m_isWatched { false };
@@ -132,7 +137,8 @@ private:
     bool m_isQuerying { false };
     bool m_isStale { false };
     std::optional<StereoVolume> m_found;
-    std::string m_foundOutput;
+    std::optional<std::uint32_t> m_foundOutput;
+    bool m_hasChangeToTell { false };
     Clock::time_point m_nextTry {};
     Clock::time_point m_lastUse {};
 };
@@ -175,8 +181,11 @@ void PulseVolumes::Connection::run()
         // What came before was swallowed by the line above.
         if (hasNews())
             library().wakeUp(m_loop.get());
-        library().poll(m_loop.get());
-        library().dispatch(m_loop.get());
+        // Where the system could not wait the loop is back before its preparation, and must not dispatch.
+        if (library().poll(m_loop.get()) >= 0)
+            library().dispatch(m_loop.get());
+        else
+            std::this_thread::sleep_for(moment);
     }
     m_context.reset();
 }
@@ -192,6 +201,8 @@ bool PulseVolumes::Connection::hasNews() const
 
 std::optional<Clock::time_point> PulseVolumes::Connection::due() const
 {
+    if (m_hasChangeToTell)
+        return Clock::now() + moment;
     std::scoped_lock const lock(m_mutex);
     if (m_isWatched)
         return m_context ? std::nullopt : std::optional(m_nextTry);
@@ -224,6 +235,7 @@ bool PulseVolumes::Connection::act()
         }
         answer({});
     }
+    tellChange();
     bool wantsAnswer = false;
     bool isWatched = false;
     {
@@ -274,7 +286,7 @@ void PulseVolumes::Connection::query()
     m_isQuerying = true;
     m_isStale = false;
     m_found.reset();
-    m_foundOutput.clear();
+    m_foundOutput.reset();
     {
         std::scoped_lock const lock(m_mutex);
         if (m_queried != m_asked)
@@ -305,24 +317,32 @@ void PulseVolumes::Connection::query()
 void PulseVolumes::Connection::take(pa_sink_info const& sink)
 {
     m_found = volumeOf(sink);
-    m_foundOutput = sink.name;
+    m_foundOutput = sink.index;
 }
 
 void PulseVolumes::Connection::answer(std::optional<StereoVolume> volume)
 {
     m_isQuerying = false;
-    bool isNews = false;
-    {
-        std::scoped_lock const lock(m_mutex);
-        auto const output = volume ? m_foundOutput : std::string();
-        isNews = m_isWatched && (m_known != volume || m_knownOutput != output);
-        m_known = volume;
-        m_knownOutput = output;
-        m_answered = m_queried;
-        m_answers.notify_all();
-    }
-    if (isNews)
+    std::scoped_lock const lock(m_mutex);
+    auto const output = volume ? m_foundOutput : std::nullopt;
+    bool const isNews = m_isWatched && (m_known != volume || m_knownOutput != output);
+    m_hasChangeToTell = m_hasChangeToTell || isNews;
+    m_known = volume;
+    m_knownOutput = output;
+    m_answered = m_queried;
+    m_answers.notify_all();
+}
+
+void PulseVolumes::Connection::tellChange()
+{
+    if (!m_hasChangeToTell)
+        return;
+    try {
         m_changed();
+        m_hasChangeToTell = false;
+    } catch (std::bad_alloc const&) {
+        // Somewhat later there may be memory.
+    }
 }
 
 std::unique_ptr<PulseVolumes> PulseVolumes::make(std::function<void()> changed)

@@ -5,6 +5,7 @@
 #include <plix/platform/host/sound_volume.h>
 
 #include <algorithm>
+#include <new>
 #include <utility>
 
 namespace plix {
@@ -13,7 +14,16 @@ namespace {
 
 /// A third of a second is read ahead, in pieces of 43 ms.
 constexpr std::size_t samplesAhead = 32768;
-constexpr std::size_t samplesAtOnce = 4096;
+
+/// How many samples there were; nil where there was no memory to read them.
+std::optional<std::size_t> readSamples(SoundReader& reader, std::span<float> samples)
+{
+    try {
+        return reader.read(samples);
+    } catch (std::bad_alloc const&) {
+        return {};
+    }
+}
 
 }
 
@@ -47,9 +57,9 @@ std::shared_ptr<SoundMixer::Voice> SoundMixer::add(std::shared_ptr<SoundReader> 
     std::scoped_lock const lock(m_mutex);
     if (!isAnyoneHeardNow())
         m_lastFetch = voice->begun;
-    m_voices.push_back(voice);
     // Who fetches finds the place ready.
-    m_over.reserve(m_over.size() + m_voices.size());
+    m_over.reserve(m_over.size() + m_voices.size() + 1);
+    m_voices.push_back(voice);
     ++m_begunCount;
     m_work.notify_one();
     return voice;
@@ -125,26 +135,27 @@ bool SoundMixer::readAhead()
         return false;
     float samples[samplesAtOnce];
     bool const canRead = std::exchange(voice->isRewound, true) || voice->reader->rewind();
-    auto const count = canRead ? voice->reader->read(samples) : 0;
+    auto const count = canRead ? readSamples(*voice->reader, samples) : std::nullopt;
     std::scoped_lock const lock(m_mutex);
-    voice->queue.push({ samples, count });
-    voice->isRead = count < samplesAtOnce;
-    voice->couldRead = canRead && !voice->reader->isBroken();
+    voice->queue.push({ samples, count.value_or(0) });
+    voice->isRead = count.value_or(0) < samplesAtOnce;
+    voice->couldRead = count && !voice->reader->isBroken();
     return true;
 }
 
-std::vector<std::function<void()>> SoundMixer::takeEnded()
+bool SoundMixer::tellEnded()
 {
-    std::vector<std::shared_ptr<Voice>> over;
+    std::shared_ptr<Voice> over;
     {
         std::scoped_lock const lock(m_mutex);
-        over.swap(m_over);
-        m_over.reserve(m_voices.size());
+        if (m_over.empty())
+            return false;
+        over = m_over.front();
     }
-    std::vector<std::function<void()>> calls;
-    for (auto const& voice : over)
-        calls.emplace_back([ended = std::move(voice->ended), wasRead = voice->couldRead] { ended(wasRead); });
-    return calls;
+    over->ended(over->couldRead);
+    std::scoped_lock const lock(m_mutex);
+    m_over.erase(m_over.begin());
+    return true;
 }
 
 bool SoundMixer::hasWork() const
@@ -178,12 +189,19 @@ SoundMixer::Clock::time_point SoundMixer::lastFetch() const
 
 void SoundMixer::mixVoice(Voice& voice, std::span<float> sum, Listener listener)
 {
-    m_mixed.resize(std::max(m_mixed.size(), sum.size()));
     auto const count = voice.queue.pop(std::span(m_mixed).first(sum.size()));
     if (count > 0 && listener == Listener::Device && !voice.firstFetch)
         voice.firstFetch = Clock::now();
     addSamples(sum, std::span(m_mixed).first(count), voice.heardGain, voice.gain);
     voice.heardGain = voice.gain;
+}
+
+void SoundMixer::mix(std::span<float> sum, Listener listener)
+{
+    for (auto const& voice : m_voices) {
+        if (!voice->isPaused)
+            mixVoice(*voice, sum, listener);
+    }
 }
 
 void SoundMixer::fetch(std::span<float> stereo, Listener listener)
@@ -192,10 +210,8 @@ void SoundMixer::fetch(std::span<float> stereo, Listener listener)
     std::scoped_lock const lock(m_mutex);
     if (listener == Listener::Device)
         m_lastFetch = Clock::now();
-    for (auto const& voice : m_voices) {
-        if (!voice->isPaused)
-            mixVoice(*voice, stereo, listener);
-    }
+    for (auto rest = stereo; !rest.empty(); rest = rest.subspan(std::min(rest.size(), samplesAtOnce)))
+        mix(rest.first(std::min(rest.size(), samplesAtOnce)), listener);
     std::erase_if(m_voices, [this](auto& voice) {
         bool const isOver = voice->isRead && voice->queue.size() == 0 && !voice->isPaused;
         if (isOver)

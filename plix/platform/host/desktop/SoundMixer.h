@@ -2,6 +2,7 @@
 
 #include <plix/platform/host/SampleQueue.h>
 
+#include <array>
 #include <chrono>
 #include <condition_variable>
 #include <functional>
@@ -31,7 +32,7 @@ public:
     SoundMixer(SoundMixer const&) = delete;
     SoundMixer& operator=(SoundMixer const&) = delete;
 
-    /// Begins a sound from its start. `ended` is for takeEnded(), with whether the file could be read.
+    /// Begins a sound from its start. `ended` is for tellEnded(), with whether the file could be read.
     std::shared_ptr<Voice> add(std::shared_ptr<SoundReader>, float gain, Ended);
     void remove(Voice const&);
     void setPaused(Voice&, bool paused);
@@ -47,22 +48,27 @@ public:
     std::size_t begunCount() const;
 
     // For the thread that reads.
-    /// Reads on in the sound that needs it most; false where none does.
+    /// Reads on in the sound that needs it most; false where none does. One that there is no memory for counts as one that could
+    /// not be read.
     bool readAhead();
-    /// What was said about the sounds that have ended since the last time. Lets them go.
-    std::vector<std::function<void()>> takeEnded();
+    /// Calls what is for the end of one of the sounds that have ended, and lets it go; false where there is none. What throws is
+    /// called again the next time.
+    bool tellEnded();
     /// Sleeps until there is something to read, a sound has begun or ended, wakeUp() was called or the time has come.
     void waitForWork(std::optional<Clock::time_point> until);
     void wakeUp();
     /// When the device last fetched, or since when it could have: the first sound began, or went on, when all was still.
     Clock::time_point lastFetch() const;
 
-    /// Fills with the sum, two channels side by side.
+    /// Fills with the sum, two channels side by side. Allocates nothing.
     void fetch(std::span<float> stereo, Listener);
 
 private:
+    static constexpr std::size_t samplesAtOnce = 4096;
+
     bool hasWork() const;
     bool isAnyoneHeardNow() const;
+    void mix(std::span<float> sum, Listener);
     void mixVoice(Voice&, std::span<float> sum, Listener);
 
     mutable std::mutex m_mutex;
@@ -70,7 +76,7 @@ private:
     std::vector<std::shared_ptr<Voice>> m_voices;
     /// They have ended, and are let go where files may be closed.
     std::vector<std::shared_ptr<Voice>> m_over;
-    std::vector<float> m_mixed;
+    std::array<float, samplesAtOnce> m_mixed {};
     std::size_t m_begunCount { 0 };
     Clock::time_point m_lastFetch {};
     bool m_isWoken { false };

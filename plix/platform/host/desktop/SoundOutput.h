@@ -18,7 +18,7 @@ public:
     /// Once, before anything else.
     virtual void setFetch(Fetch) = 0;
     /// Whether there is something to play. Comes back at once; the device is opened when there is, and may be closed some time
-    /// after there was.
+    /// after there was. Said again of a device that is missing, what it needs beside the device is tried anew.
     virtual void setWanted(bool) = 0;
     /// Whether it could not be opened when it was tried last, since it is wanted. Never waits.
     virtual bool isMissing() const = 0;

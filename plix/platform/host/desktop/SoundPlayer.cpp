@@ -3,6 +3,8 @@
 #include <plix/platform/host/desktop/SoundReader.h>
 #include <plix/platform/host/desktop/quiet_thread.h>
 
+#include <new>
+
 namespace plix {
 
 namespace {
@@ -58,7 +60,7 @@ void SoundPlayer::run()
         noteOutput();
         while (!m_isOver && m_mixer->readAhead()) { }
         letTimePass(passedUntil);
-        tellEnded();
+        tellNews();
         m_mixer->waitForWork(m_wasWanted ? std::optional(Clock::now() + beat) : std::nullopt);
     }
 }
@@ -66,14 +68,9 @@ void SoundPlayer::run()
 void SoundPlayer::noteOutput()
 {
     bool const isWanted = m_mixer->isAnyoneHeard();
-    if (isWanted != m_wasWanted)
+    if (isWanted != m_wasWanted || (isWanted && m_output->isMissing()))
         m_output->setWanted(isWanted);
     m_wasWanted = isWanted;
-    auto const begun = m_mixer->begunCount();
-    if (isWanted && begun != m_toldMissing && m_output->isMissing()) {
-        m_toldMissing = begun;
-        m_outputMissing();
-    }
 }
 
 void SoundPlayer::letTimePass(Clock::time_point& passedUntil)
@@ -94,10 +91,19 @@ void SoundPlayer::letTimePass(Clock::time_point& passedUntil)
     }
 }
 
-void SoundPlayer::tellEnded()
+void SoundPlayer::tellNews()
 {
-    for (auto const& ended : m_mixer->takeEnded())
-        ended();
+    try {
+        auto const begun = m_mixer->begunCount();
+        if (m_wasWanted && begun != m_toldMissing && m_output->isMissing()) {
+            m_outputMissing();
+            m_toldMissing = begun;
+        }
+        while (m_mixer->tellEnded()) { }
+    } catch (std::bad_alloc const&) {
+        // Somewhat later there may be memory.
+        std::this_thread::sleep_for(beat);
+    }
 }
 
 }

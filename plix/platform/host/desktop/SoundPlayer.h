@@ -12,7 +12,8 @@ namespace plix {
 /// nothing.
 class SoundPlayer {
 public:
-    /// `outputMissing` is called on another thread when a sound has begun and the output can't be opened.
+    /// `outputMissing` is called on another thread when a sound has begun and the output can't be opened; again where it throws
+    /// std::bad_alloc, as `ended` is below.
     SoundPlayer(std::unique_ptr<SoundOutput>, std::function<void()> outputMissing);
     ~SoundPlayer();
     SoundPlayer(SoundPlayer const&) = delete;
@@ -27,7 +28,7 @@ public:
 
 private:
     void run();
-    void tellEnded();
+    void tellNews();
     void letTimePass(SoundMixer::Clock::time_point& passedUntil);
     void noteOutput();
 

@@ -40,6 +40,8 @@ struct SoundServerWatch::Connection {
     void turn(std::vector<pollfd>& wanted, int milliseconds)
     {
         own = &wanted;
+        room = std::max(room, wanted.size() + descriptorsOfServer);
+        all.reserve(room);
         constexpr int microseconds = 1000;
         auto const timeout
             = milliseconds < 0 ? -1 : std::min(milliseconds, std::numeric_limits<int>::max() / microseconds) * microseconds;
@@ -51,8 +53,14 @@ struct SoundServerWatch::Connection {
 
     static int pollAll(pollfd* descriptors, unsigned long count, int timeout, void* self)
     {
+        auto& all = static_cast<Connection*>(self)->all;
         auto& wanted = *static_cast<Connection*>(self)->own;
-        std::vector<pollfd> all(descriptors, descriptors + count);
+        auto& room = static_cast<Connection*>(self)->room;
+        room = std::max<std::size_t>(room, count + wanted.size());
+        // C calls this, which no exception may pass: more room is made the next time.
+        if (all.capacity() < room)
+            return 0;
+        all.assign(descriptors, descriptors + count);
         all.insert(all.end(), wanted.begin(), wanted.end());
         auto const result = ::poll(all.data(), all.size(), timeout);
         std::copy_n(all.begin(), count, descriptors);
@@ -60,7 +68,12 @@ struct SoundServerWatch::Connection {
         return result;
     }
 
+    /// What the library has at most, usually: its pipe and a socket.
+    static constexpr std::size_t descriptorsOfServer = 4;
+
     std::vector<pollfd>* own { nullptr };
+    std::vector<pollfd> all;
+    std::size_t room { 0 };
     Handle<pa_mainloop> loop;
     Handle<pa_context> context;
     bool hasDevice { hasSoundCard() };

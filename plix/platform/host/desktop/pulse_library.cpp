@@ -34,6 +34,14 @@ PulseLibrary::PulseLibrary()
     library.find(serverInfo, "pa_context_get_server_info");
     library.find(sinkInfo, "pa_context_get_sink_info_by_name");
     library.find(releaseOperation, "pa_operation_unref");
+    library.find(newStream, "pa_stream_new");
+    library.find(connectPlayback, "pa_stream_connect_playback");
+    library.find(disconnectStream, "pa_stream_disconnect");
+    library.find(releaseStream, "pa_stream_unref");
+    library.find(streamState, "pa_stream_get_state");
+    library.find(setWriteCallback, "pa_stream_set_write_callback");
+    library.find(beginWrite, "pa_stream_begin_write");
+    library.find(write, "pa_stream_write");
     isLoaded = library.isComplete();
 }
 

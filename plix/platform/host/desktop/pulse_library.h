@@ -29,6 +29,14 @@ struct PulseLibrary {
     decltype(&pa_context_get_server_info) serverInfo { nullptr };
     decltype(&pa_context_get_sink_info_by_name) sinkInfo { nullptr };
     decltype(&pa_operation_unref) releaseOperation { nullptr };
+    decltype(&pa_stream_new) newStream { nullptr };
+    decltype(&pa_stream_connect_playback) connectPlayback { nullptr };
+    decltype(&pa_stream_disconnect) disconnectStream { nullptr };
+    decltype(&pa_stream_unref) releaseStream { nullptr };
+    decltype(&pa_stream_get_state) streamState { nullptr };
+    decltype(&pa_stream_set_write_callback) setWriteCallback { nullptr };
+    decltype(&pa_stream_begin_write) beginWrite { nullptr };
+    decltype(&pa_stream_write) write { nullptr };
     bool isLoaded { false };
 
     static PulseLibrary const& shared();
@@ -48,6 +56,15 @@ template <> struct HandleDeleter<pa_context> {
         PulseLibrary::shared().setSubscribeCallback(context, nullptr, nullptr);
         PulseLibrary::shared().disconnect(context);
         PulseLibrary::shared().releaseContext(context);
+    }
+};
+
+template <> struct HandleDeleter<pa_stream> {
+    void operator()(pa_stream* stream) const
+    {
+        PulseLibrary::shared().setWriteCallback(stream, nullptr, nullptr);
+        PulseLibrary::shared().disconnectStream(stream);
+        PulseLibrary::shared().releaseStream(stream);
     }
 };
 

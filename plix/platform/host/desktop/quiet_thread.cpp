@@ -1,25 +1,17 @@
 #include <plix/platform/host/desktop/quiet_thread.h>
 
-#include <csignal>
-#include <system_error>
-#include <utility>
-
 namespace plix {
 
-std::thread quietThread(std::function<void()> function)
+SignalsBlocked::SignalsBlocked()
 {
     sigset_t all;
-    sigset_t before;
     sigfillset(&all);
-    pthread_sigmask(SIG_SETMASK, &all, &before);
-    std::thread thread;
-    try {
-        thread = std::thread(std::move(function));
-    } catch (std::system_error const&) {
-        // What it was for goes without it.
-    }
-    pthread_sigmask(SIG_SETMASK, &before, nullptr);
-    return thread;
+    pthread_sigmask(SIG_SETMASK, &all, &m_before);
+}
+
+SignalsBlocked::~SignalsBlocked()
+{
+    pthread_sigmask(SIG_SETMASK, &m_before, nullptr);
 }
 
 }

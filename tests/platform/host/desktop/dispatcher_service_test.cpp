@@ -4,18 +4,16 @@
 #include <plix/platform/host/desktop/DispatcherSpeech.h>
 #include <plix/platform/host/desktop/PulseVolumes.h>
 #include <tests/support/ChildProcess.h>
+#include <tests/support/SpeechListener.h>
 #include <tests/support/StandInService.h>
 
 #include <gmock/gmock.h>
 
 #include <csignal>
-#include <cstring>
 
 #include <poll.h>
 #include <sys/ioctl.h>
 #include <sys/resource.h>
-#include <sys/socket.h>
-#include <sys/un.h>
 #include <unistd.h>
 
 namespace plix {
@@ -23,78 +21,6 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-/// A socket of the service's, answered by the test's hand.
-class Listener {
-public:
-    explicit Listener(std::string const& path)
-    {
-        sockaddr_un address {};
-        address.sun_family = AF_UNIX;
-        std::strncpy(address.sun_path, path.c_str(), sizeof address.sun_path - 1);
-        EXPECT_EQ(::bind(m_descriptor, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
-        EXPECT_EQ(::listen(m_descriptor, 8), 0);
-    }
-    ~Listener()
-    {
-        for (auto const& client : m_clients)
-            ::close(client.descriptor);
-        ::close(m_descriptor);
-    }
-    Listener(Listener const&) = delete;
-    Listener& operator=(Listener const&) = delete;
-
-    /// Answers all that was asked: each text gets a number, and nothing begins.
-    void answer()
-    {
-        if (int const client = ::accept4(m_descriptor, nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK); client >= 0)
-            m_clients.push_back({ client, {} });
-        for (auto& client : m_clients)
-            answer(client);
-    }
-    void send(std::size_t client, std::string const& bytes) { write(m_clients.at(client).descriptor, bytes); }
-    std::size_t clientCount() const { return m_clients.size(); }
-    /// The texts that came, in order.
-    std::vector<std::string> const& texts() const { return m_texts; }
-
-private:
-    struct Client {
-        int descriptor;
-        std::string rest;
-        bool isTakingText { false };
-    };
-
-    void answer(Client& client)
-    {
-        char bytes[4096];
-        for (auto size = ::recv(client.descriptor, bytes, sizeof bytes, 0); size > 0;
-             size = ::recv(client.descriptor, bytes, sizeof bytes, 0))
-            client.rest.append(bytes, static_cast<std::size_t>(size));
-        for (auto end = client.rest.find("\r\n"); end != std::string::npos; end = client.rest.find("\r\n")) {
-            auto const line = client.rest.substr(0, end);
-            client.rest.erase(0, end + 2);
-            answer(client, line);
-        }
-    }
-    void answer(Client& client, std::string const& line)
-    {
-        if (client.isTakingText && line != ".") {
-            m_texts.push_back(line);
-        } else if (client.isTakingText) {
-            client.isTakingText = false;
-            auto const number = std::to_string(m_texts.size());
-            write(client.descriptor, "225-" + number + "\r\n225 OK\r\n");
-        } else {
-            client.isTakingText = line == "SPEAK";
-            write(client.descriptor, client.isTakingText ? "230 OK\r\n" : "200 OK\r\n");
-        }
-    }
-    static void write(int descriptor, std::string const& bytes) { ::send(descriptor, bytes.data(), bytes.size(), MSG_NOSIGNAL); }
-
-    int m_descriptor { ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0) };
-    std::vector<Client> m_clients;
-    std::vector<std::string> m_texts;
-};
 
 /// A service whose time the test lets pass, with a real sound server.
 class DispatcherServiceTest : public testing::Test {
@@ -111,14 +37,14 @@ protected:
         service = std::make_unique<DispatcherService>(
             options, DispatcherService::News { [this](std::uint32_t channel, long, bool) { ended.push_back(channel); }, {} });
     }
-    bool turnUntil(std::function<bool()> const& condition, Listener* listener = nullptr)
+    bool turnUntil(std::function<bool()> const& condition, SpeechListener* listener = nullptr)
     {
         return waitUntil([&] {
             turn(listener);
             return condition();
         });
     }
-    void turn(Listener* listener = nullptr)
+    void turn(SpeechListener* listener = nullptr)
     {
         if (listener)
             listener->answer();
@@ -153,7 +79,7 @@ TEST_F(DispatcherServiceTest, ATextThatIsStoppedWhileTheServiceStartsLeavesNothi
     EXPECT_NE(::kill(std::stoi(standIn.text("pid")), 0), 0);
     EXPECT_FALSE(service->deadline());
     now += 10;
-    Listener listener(standIn.socketPath());
+    SpeechListener listener(standIn.socketPath());
     service->speak(1, 2, "again");
     EXPECT_TRUE(turnUntil([&] { return !listener.texts().empty(); }, &listener));
     EXPECT_THAT(ended, IsEmpty());
@@ -162,7 +88,7 @@ TEST_F(DispatcherServiceTest, ATextThatIsStoppedWhileTheServiceStartsLeavesNothi
 TEST_F(DispatcherServiceTest, ATextBehindAnotherOfThisProgramWaitsForItsTurn)
 {
     TestFolder const folder;
-    Listener listener(folder / "socket");
+    SpeechListener listener(folder / "socket");
     make(folder / "socket", DispatcherOptions::Start::Never);
     for (std::uint32_t channel : { 1U, 2U }) {
         service->open(channel, "");
@@ -190,7 +116,7 @@ TEST_F(DispatcherServiceTest, ATextBehindAnotherOfThisProgramWaitsForItsTurn)
 TEST(DispatcherLine, APeerThatNeverPausesHoldsNobodyUp)
 {
     TestFolder const folder;
-    Listener listener(folder / "socket");
+    SpeechListener listener(folder / "socket");
     DispatcherLine line;
     ASSERT_EQ(line.connect(folder / "socket", { "me", "test", "" }, 0), DispatcherLine::Attempt::Connected);
     listener.answer();
