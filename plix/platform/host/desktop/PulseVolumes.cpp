@@ -146,7 +146,9 @@ private:
 std::optional<StereoVolume> PulseVolumes::Connection::ask()
 {
     std::unique_lock lock(m_mutex);
-    bool const hangs = m_asked != m_answered;
+    // What was asked before is still to be answered. Asked once more, a slow server would never catch up.
+    if (m_asked != m_answered)
+        return {};
     auto const ticket = ++m_asked;
     startThread();
     if (!m_thread.joinable()) {
@@ -154,7 +156,7 @@ std::optional<StereoVolume> PulseVolumes::Connection::ask()
         return {};
     }
     library().wakeUp(m_loop.get());
-    if (hangs || !m_answers.wait_for(lock, patience, [&] { return m_answered >= ticket; }))
+    if (!m_answers.wait_for(lock, patience, [&] { return m_answered >= ticket; }))
         return {};
     return m_known;
 }

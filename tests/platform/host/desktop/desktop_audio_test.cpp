@@ -332,6 +332,19 @@ TEST_F(DesktopAudioTest, AServerThatHangsHoldsNothingUp)
     EXPECT_NEAR(measured(*sound), whole, whole * 0.05);
 }
 
+TEST_F(DesktopAudioTest, AVolumeThatIsAskedForWithoutAPauseIsAnsweredWhenTheServerGoesOn)
+{
+    EXPECT_TRUE(audio().outputVolume());
+    server->freeze();
+    EXPECT_EQ(audio().outputVolume(), std::nullopt);
+    server->goOn();
+    auto const until = clock().uptime() + 20;
+    bool isAnswered = false;
+    while (!isAnswered && clock().uptime() < until)
+        isAnswered = audio().outputVolume().has_value();
+    EXPECT_TRUE(isAnswered);
+}
+
 TEST_F(DesktopAudioTest, WithoutAServerSoundsTakeTheirTimeInSilence)
 {
     server->kill();
