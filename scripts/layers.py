@@ -40,7 +40,7 @@ ROOMS = [
 
 # Other toolkits' headers, and the one example (and what tests it) that each may be included in.
 TOOLKITS = [
-    (r"Qt\w+/.*|Q[A-Z]\w+", ("examples/embed_qt/", "tests/desktop/embedding/qt")),
+    (r"Qt\w+/.*|Q[A-Z]\w+", ("examples/embed_qt/", "tests/desktop/embedding/qt", "tests/embedding/qt")),
     (r"gtk/.*|gdk/.*", ("examples/embed_gtk/", "tests/desktop/embedding/gtk")),
 ]
 

@@ -103,22 +103,35 @@ std::uint32_t buttonsFrom(GdkModifierType state)
 
 plix::ToolkitKey keyFrom(GdkEvent* event)
 {
+    return keyOf(gdk_key_event_get_keyval(event), gdk_event_get_modifier_state(event), gdk_key_event_get_keycode(event));
+}
+
+plix::ToolkitKey keyOf(unsigned keysym, GdkModifierType state, unsigned code)
+{
     plix::ToolkitKey key;
-    key.keysym = gdk_key_event_get_keyval(event);
+    key.keysym = keysym;
     auto const character = gdk_keyval_to_unicode(key.keysym);
     key.character = character >= 0x20 && character != 0x7F ? char32_t { character } : 0;
-    key.modifiers = plix::modifiersOfToolkitState(gdk_event_get_modifier_state(event));
-    key.keyCode = static_cast<std::uint16_t>(gdk_key_event_get_keycode(event));
+    key.modifiers = plix::modifiersOfToolkitState(state);
+    key.keyCode = static_cast<std::uint16_t>(code);
     return key;
 }
 
 plix::Size linesFrom(GdkEvent* event)
 {
-    constexpr double linesPerNotch = 3;
-    constexpr double pixelsPerLine = 10;
     double x = 0;
     double y = 0;
-    switch (gdk_scroll_event_get_direction(event)) {
+    auto const direction = gdk_scroll_event_get_direction(event);
+    if (direction == GDK_SCROLL_SMOOTH)
+        gdk_scroll_event_get_deltas(event, &x, &y);
+    return linesOf(direction, x, y, gdk_scroll_event_get_unit(event));
+}
+
+plix::Size linesOf(GdkScrollDirection direction, double x, double y, GdkScrollUnit unit)
+{
+    constexpr double linesPerNotch = 3;
+    constexpr double pixelsPerLine = 10;
+    switch (direction) {
     case GDK_SCROLL_UP:
         y = -1;
         break;
@@ -132,11 +145,9 @@ plix::Size linesFrom(GdkEvent* event)
         x = 1;
         break;
     case GDK_SCROLL_SMOOTH:
-        gdk_scroll_event_get_deltas(event, &x, &y);
         break;
     }
-    auto const isInPixels = gdk_scroll_event_get_unit(event) == GDK_SCROLL_UNIT_SURFACE;
-    auto const lines = isInPixels ? 1 / pixelsPerLine : linesPerNotch;
+    auto const lines = unit == GDK_SCROLL_UNIT_SURFACE ? 1 / pixelsPerLine : linesPerNotch;
     return { static_cast<float>(-x * lines), static_cast<float>(-y * lines) };
 }
 

@@ -33,8 +33,11 @@ std::vector<plix::HostScreen> screens();
 int buttonFrom(unsigned button);
 std::uint32_t buttonsFrom(GdkModifierType);
 plix::ToolkitKey keyFrom(GdkEvent*);
+plix::ToolkitKey keyOf(unsigned keysym, GdkModifierType state, unsigned code);
 /// A notch of the wheel is three lines; a touchpad says pixels, and ten of them are one.
 plix::Size linesFrom(GdkEvent*);
+/// x and y are those of a smooth turn.
+plix::Size linesOf(GdkScrollDirection, double x, double y, GdkScrollUnit);
 char const* nameOf(plix::CursorShape);
 /// Characters to UTF-16 units.
 long unitsOf(char const* text, int characters);
