@@ -19,6 +19,11 @@ bool isPress(NSEventType type)
     return type == NSLeftMouseDown || type == NSRightMouseDown || type == NSOtherMouseDown;
 }
 
+bool isRelease(NSEventType type)
+{
+    return type == NSLeftMouseUp || type == NSRightMouseUp || type == NSOtherMouseUp;
+}
+
 bool isInput(NSEvent const& event)
 {
     auto const type = event.type();
@@ -188,8 +193,8 @@ void NSApplication::sendEvent(NSEvent& event)
             m->beepForBlocked(*window);
         return;
     }
-    // Input that was meant for a window which has left the screen since goes nowhere.
-    if (window && isInput(event) && window->internals().wasOrderedIn && !window->internals().isOrderedIn)
+    // Input that was meant for a window which has left the screen since goes nowhere; but what was pressed there is let go.
+    if (window && isInput(event) && !isRelease(event.type()) && window->internals().hasLeftScreen())
         return;
     if (event.type() == NSKeyDown)
         return m->sendKeyDown(event);

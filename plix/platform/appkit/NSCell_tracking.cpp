@@ -85,7 +85,7 @@ bool NSCell::trackMouse(NSEvent& event, Rect frame, NSView& controlView, bool un
         bool const isInside = view->mouseInRect(point, frame);
         if (next->type() == NSLeftMouseUp) {
             stopTracking(last, point, *view, true);
-            if (!isInside && !untilMouseUp)
+            if ((!isInside && !untilMouseUp) || isAbandoned(*next))
                 return false;
             setNextState();
             sendActionOnEvent(NSLeftMouseUpMask);

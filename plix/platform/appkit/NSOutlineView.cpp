@@ -7,6 +7,7 @@
 #include <plix/platform/appkit/NSWindow.h>
 #include <plix/platform/appkit/Theme.h>
 #include <plix/platform/appkit/button_constants.h>
+#include <plix/platform/appkit/tracking_wait.h>
 #include <plix/platform/foundation/NSCoder.h>
 #include <plix/platform/foundation/NSNotificationCenter.h>
 #include <plix/platform/graphics/NSColor.h>
@@ -448,7 +449,7 @@ bool NSOutlineView::trackRowDecoration(NSEvent& event, long row)
         setNeedsDisplayInRect(rect);
         Ref<NSWindow> const ownWindow(window());
         auto const next = ownWindow ? ownWindow->nextEventMatchingMask(NSLeftMouseUpMask | NSLeftMouseDraggedMask) : nullptr;
-        isPressed = next && isInside(*next);
+        isPressed = next && isInside(*next) && !isAbandoned(*next);
         if (!next || next->type() == NSLeftMouseUp)
             break;
     }

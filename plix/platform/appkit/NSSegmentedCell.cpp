@@ -10,6 +10,7 @@
 #include <plix/platform/appkit/button_layout.h>
 #include <plix/platform/appkit/cell_layout.h>
 #include <plix/platform/appkit/segment_layout.h>
+#include <plix/platform/appkit/tracking_wait.h>
 #include <plix/platform/base/exceptions.h>
 #include <plix/platform/base/utf16.h>
 #include <plix/platform/foundation/NSCoder.h>
@@ -361,7 +362,7 @@ bool NSSegmentedCell::trackMouse(NSEvent& event, Rect frame, NSView& controlView
         long const under = segmentAtPoint(view->convertPointFromView(next->locationInWindow(), nullptr), frame);
         if (next->type() == NSLeftMouseUp) {
             setPressed(-1);
-            if (under == pressed)
+            if (under == pressed && !isAbandoned(*next))
                 press(pressed);
             return true;
         }

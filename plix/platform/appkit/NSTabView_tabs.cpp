@@ -4,6 +4,7 @@
 #include <plix/platform/appkit/NSTabView.h>
 #include <plix/platform/appkit/NSWindow.h>
 #include <plix/platform/appkit/Theme.h>
+#include <plix/platform/appkit/tracking_wait.h>
 #include <plix/platform/graphics/NSBezierPath.h>
 #include <plix/platform/graphics/NSColor.h>
 #include <plix/platform/graphics/NSFont.h>
@@ -284,7 +285,7 @@ void NSTabView::press(NSTabViewItem& item)
         bool const isInside = tabViewItemAtPoint(convertPointFromView(event->locationInWindow(), nullptr)) == &item;
         if (event->type() == NSLeftMouseUp) {
             setState(item, NSBackgroundTab);
-            if (isInside)
+            if (isInside && !isAbandoned(*event))
                 selectTabViewItem(&item);
             return;
         }

@@ -10,6 +10,7 @@
 #include <plix/platform/appkit/NSWindow.h>
 #include <plix/platform/appkit/Theme.h>
 #include <plix/platform/appkit/column_layout.h>
+#include <plix/platform/appkit/tracking_wait.h>
 #include <plix/platform/graphics/NSImage.h>
 
 #include <algorithm>
@@ -221,7 +222,7 @@ void NSTableHeaderView::pressColumn(NSEvent& press, long column)
             break;
         }
         auto const point = convertPointFromView(event->locationInWindow(), nullptr);
-        isInside = mouseInRect(point, headerRectOfColumn(table->columnWithTableColumn(*pressed)));
+        isInside = mouseInRect(point, headerRectOfColumn(table->columnWithTableColumn(*pressed))) && !isAbandoned(*event);
         if (event->type() == NSLeftMouseUp)
             break;
         if (table->allowsColumnReordering() && std::abs(point.x - start.x) >= dragThreshold) {
@@ -248,7 +249,7 @@ void NSTableHeaderView::dragColumn(NSEvent& press, NSTableColumn& dragged)
         auto const event
             = ownWindow ? ownWindow->nextEventMatchingMask(NSLeftMouseUpMask | NSLeftMouseDraggedMask | NSKeyDownMask) : nullptr;
         bool const isCancelled = event && event->type() == NSKeyDown && event->character() == NSEscapeCharacter;
-        if (!event || isCancelled || m_tableView != table.get() || column->tableView() != table.get())
+        if (!event || isCancelled || isAbandoned(*event) || m_tableView != table.get() || column->tableView() != table.get())
             break;
         if (event->type() == NSKeyDown)
             continue;

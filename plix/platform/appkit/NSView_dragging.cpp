@@ -7,6 +7,7 @@
 #include <plix/platform/appkit/NSView_internal.h>
 #include <plix/platform/appkit/NSWindow_internal.h>
 #include <plix/platform/appkit/drag_operations.h>
+#include <plix/platform/appkit/tracking_wait.h>
 #include <plix/platform/graphics/NSImage.h>
 
 #include <algorithm>
@@ -209,10 +210,11 @@ void DragSession::run(bool slideBack)
         moveTo(window ? window->convertBaseToScreen(event->locationInWindow()) : m_pointer, modifierFlags);
         if (!event)
             continue;
-        if (event->type() == NSKeyDown && event->character() == NSEscapeCharacter) {
+        bool const isRelease = event->type() == NSLeftMouseUp || event->type() == NSRightMouseUp || event->type() == NSOtherMouseUp;
+        if ((event->type() == NSKeyDown && event->character() == NSEscapeCharacter) || (isRelease && isAbandoned(*event))) {
             leaveDestination();
             isDragging = false;
-        } else if (event->type() == NSLeftMouseUp || event->type() == NSRightMouseUp || event->type() == NSOtherMouseUp) {
+        } else if (isRelease) {
             drop();
             isDragging = false;
         }

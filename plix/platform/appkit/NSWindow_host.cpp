@@ -1,3 +1,5 @@
+#include <plix/platform/appkit/ComboList.h>
+#include <plix/platform/appkit/MenuTracker.h>
 #include <plix/platform/appkit/NSApplication_internal.h>
 #include <plix/platform/appkit/NSCursor.h>
 #include <plix/platform/appkit/NSEvent.h>
@@ -7,6 +9,7 @@
 #include <plix/platform/appkit/ToolTips.h>
 #include <plix/platform/appkit/WindowWatcher.h>
 #include <plix/platform/appkit/window_sizing.h>
+#include <plix/platform/base/clock.h>
 #include <plix/platform/graphics/NSGraphicsContext.h>
 #include <plix/platform/host/HostEvent.h>
 
@@ -104,6 +107,21 @@ void NSWindow::Internals::hostMovement(HostEvent const& event)
             target.convertScreenToBase(event.locationOnScreen), true, event.modifiers, event.pressedButtons != 0);
     if (event.pressedButtons || target.acceptsMouseMovedEvents())
         postMouse(application, target, event, movementType(event.pressedButtons), heldButton(event.pressedButtons));
+}
+
+// The machine gives the mouse to others then, and with it the release.
+void NSWindow::Internals::letGoOfButtons()
+{
+    auto& application = NSApp->internals();
+    if (application.mouseWindow != &self)
+        return;
+    application.mouseWindow = nullptr;
+    for (auto held = NSEvent::pressedMouseButtons(); held != 0; held &= held - 1) {
+        int const button = std::countr_zero(held);
+        auto const release = NSEvent::mouseEventWithType(releaseType(button), self.mouseLocationOutsideOfEventStream(),
+            NSEvent::currentModifierFlags(), clock().uptime(), number, nullptr, application.nextEventNumber++, 1, 0);
+        NSApp->postEvent(*release->eventWithButton(button, 0, 0), false);
+    }
 }
 
 void NSWindow::Internals::hostWindowEvent(HostEvent const& event)
@@ -218,7 +236,10 @@ void NSWindow::Internals::hostWindowMiniaturizedChanged(bool miniaturized)
         return;
     isMiniaturized = miniaturized;
     if (miniaturized) {
+        letGoOfButtons();
         NSApp->internals().windowOrderedOut(self);
+        MenuTracker::viewsLeftWindow();
+        ComboList::viewsLeftWindow();
         post(NSWindowDidMiniaturizeNotification, &NSWindowDelegate::windowDidMiniaturize);
         return;
     }

@@ -132,6 +132,7 @@ struct NSWindow::Internals final : HostWindowClient {
     Rect frame() const { return frameAround(content); }
     Rect frameAround(Rect contentRect) const;
     Rect contentInside(Rect frameRect) const;
+    bool hasLeftScreen() const { return wasOrderedIn && (!isOrderedIn || isMiniaturized); }
     bool isSheet() const { return sheetParent.get() != nullptr; }
     bool isSliding() const { return shownShare < 1; }
     /// What the host's window shows of the content, on screen: all but of sliding sheets.
@@ -164,6 +165,8 @@ struct NSWindow::Internals final : HostWindowClient {
     void leaveScreen();
     void selectInitialFirstResponder();
     void takeKeyboardAway(NSResponder* next);
+    /// Before the window leaves the screen: whoever follows a button that is held in it is told of a release.
+    void letGoOfButtons();
     /// False for another key than Return and Enter, and where there is no such button.
     bool pressDefaultButton(NSEvent const& key);
     void post(char const* name, Hook<void(NSNotification const&)> NSWindowDelegate::*hook);

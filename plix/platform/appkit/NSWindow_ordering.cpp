@@ -1,14 +1,12 @@
 #include <plix/platform/appkit/ComboList.h>
 #include <plix/platform/appkit/MenuTracker.h>
 #include <plix/platform/appkit/NSApplication_internal.h>
-#include <plix/platform/appkit/NSEvent.h>
 #include <plix/platform/appkit/NSPanel.h>
 #include <plix/platform/appkit/NSScreen.h>
 #include <plix/platform/appkit/NSView_internal.h>
 #include <plix/platform/appkit/NSWindow.h>
 #include <plix/platform/appkit/NSWindow_internal.h>
 #include <plix/platform/appkit/ToolTips.h>
-#include <plix/platform/base/clock.h>
 #include <plix/platform/graphics/NSGraphicsContext.h>
 #include <plix/platform/host/Display.h>
 #include <plix/platform/host/Host.h>
@@ -150,9 +148,9 @@ void NSWindow::Internals::orderOut()
 void NSWindow::Internals::leaveScreen()
 {
     auto const kept = std::exchange(keptOnScreen, nullptr);
+    letGoOfButtons();
     isOrderedIn = false;
     isMiniaturized = false;
-    bool const isFollowed = pressedView && (NSEvent::pressedMouseButtons() & 1) != 0;
     pressedView = nullptr;
     rightPressedView = nullptr;
     otherPressedView = nullptr;
@@ -163,11 +161,6 @@ void NSWindow::Internals::leaveScreen()
     NSApp->internals().windowOrderedOut(self);
     MenuTracker::viewsLeftWindow();
     ComboList::viewsLeftWindow();
-    // Whoever still follows the mouse from a press in the window would wait for a release that never comes.
-    if (isFollowed)
-        NSApp->postEvent(*NSEvent::mouseEventWithType(NSLeftMouseUp, self.mouseLocationOutsideOfEventStream(), 0, clock().uptime(),
-                             self.windowNumber(), nullptr, 0, 1, 0),
-            false);
 }
 
 bool NSWindow::isVisible() const

@@ -1,17 +1,18 @@
 #pragma once
 
-#include <plix/platform/appkit/NSEvent.h>
-#include <plix/platform/base/NSDate.h>
 #include <plix/platform/base/Ref.h>
 
 namespace plix {
 
+class NSDate;
+class NSEvent;
+
 /// Whether a wait for the mouse ended without an event before its time: the application is ending, and a loop that goes on waiting
 /// for the button's release would never end.
-inline bool isCutShort(Ref<NSEvent> const& event, NSDate until)
-{
-    constexpr NSTimeInterval earlyWake = 0.005;
-    return !event && until.timeIntervalSinceNow() > earlyWake;
-}
+bool isCutShort(Ref<NSEvent> const& event, NSDate until);
+
+/// Whether a release is nobody's doing: the window in which the button was held has left the screen. The loop that followed it
+/// ends, and what a person chooses by letting go is not done.
+bool isAbandoned(NSEvent const& release);
 
 }
