@@ -68,7 +68,7 @@ public:
         }
         // Whoever was told of the change may have given the keyboard to another.
         auto* const window = m_pane->window();
-        if (m_keyboardHolder && window && window->firstResponder() == window)
+        if (m_keyboardHolder && m_keyboardHolder->canBecomeKeyView() && window && window->firstResponder() == window)
             window->makeFirstResponder(m_keyboardHolder.get());
     }
 

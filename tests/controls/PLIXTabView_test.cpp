@@ -683,6 +683,21 @@ TEST_F(FittingTest, WhoTookTheKeyboardMeanwhileKeepsIt)
     EXPECT_EQ(window->firstResponder(), tabs.get());
 }
 
+TEST_F(FittingTest, WhoWasHiddenMeanwhileDoesNotGetTheKeyboardBack)
+{
+    auto const view = pane({ { 0, 0, 10, 30 } });
+    auto const field = make<NSTextField>(Rect { 20, 20, 80, 22 });
+    view->addSubview(*field);
+    add<NSTabViewItem>("first", view);
+    tabs->selectTabViewItemAtIndex(1);
+    window->makeFirstResponder(field.get());
+    view->addSubview(*make<CountingView>(Rect { 0, 0, 10, 90 }));
+    delegate->whenResized = [&] { field->setHidden(true); };
+    tabs->resizeToFitContent();
+    EXPECT_FALSE(field->currentEditor());
+    EXPECT_EQ(window->firstResponder(), window.get());
+}
+
 // MARK: labels
 
 TEST_F(FittingTest, AnImageMakesItsLabelWider)
