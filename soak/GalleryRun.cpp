@@ -1,10 +1,10 @@
 #include "GalleryRun.h"
-#include "invariants.h"
 
 #include <examples/gallery/pages.h>
 
 #include <plix/platform/appkit/NSApplication_internal.h>
 #include <plix/platform/appkit/NSPasteboard.h>
+#include <plix/platform/appkit/NSSpeechSynthesizer.h>
 #include <plix/platform/appkit/NSView.h>
 #include <plix/platform/appkit/NSWindow_internal.h>
 #include <plix/platform/base/living_objects.h>
@@ -27,6 +27,7 @@ constexpr int leavingSteps = 400;
 /// Longer than anything that ends by itself.
 constexpr int restingSteps = 30;
 constexpr double restingStep = 0.5;
+constexpr int mostSpeakingSteps = 10000;
 /// Objects that caches may have taken in between two chapters of the same page.
 constexpr std::size_t cachedObjects = 600;
 constexpr std::size_t chaptersToWarmUp = 3;
@@ -106,7 +107,8 @@ void GalleryRun::feed()
         return;
     m_host.headlessEvents().whenIdle([this] { feed(); });
     if (m_phase == Phase::Playing) {
-        for (auto problem : { brokenDrawing(), brokenWindows(), m_next % eventsBetweenViewChecks == 0 ? brokenViews() : "" }) {
+        for (auto problem : { brokenDrawing(), brokenWindows(), m_timers.brokenTimer(),
+                 m_next % eventsBetweenViewChecks == 0 ? brokenViews() : "" }) {
             if (!problem.empty())
                 return fail(std::move(problem));
         }
@@ -166,11 +168,15 @@ void GalleryRun::leave()
     PLIXSpeechSynthesizer::classStopSpeaking();
     m_phase = Phase::Resting;
     m_patience = restingSteps;
+    m_speakingSteps = mostSpeakingSteps;
 }
 
 void GalleryRun::rest()
 {
     m_host.headlessClock().advance(restingStep);
+    // What waits to be spoken is spoken to its end.
+    if (NSSpeechSynthesizer::isAnyApplicationSpeaking() && --m_speakingSteps > 0)
+        m_patience = restingSteps;
     if (--m_patience > 0)
         return;
     m_window = nullptr;

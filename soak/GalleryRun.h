@@ -2,6 +2,7 @@
 
 #include "EventPlayer.h"
 #include "RandomEvent.h"
+#include "invariants.h"
 
 #include <plix/platform/base/Ref.h>
 
@@ -70,10 +71,12 @@ private:
     EventPlayer m_player;
     plix::Ref<plix::NSWindow> m_window;
     gallery::Page const* m_page { nullptr };
+    ViewTimerWatch m_timers;
     std::vector<RandomEvent> m_events;
     std::size_t m_next { 0 };
     Phase m_phase { Phase::Over };
     int m_patience { 0 };
+    int m_speakingSteps { 0 };
     std::uint32_t m_chapter { 0 };
     long m_eventNumber { 0 };
     std::string m_failure;

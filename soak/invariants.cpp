@@ -12,9 +12,11 @@
 #include <plix/platform/appkit/NSTableView.h>
 #include <plix/platform/appkit/NSTextView.h>
 #include <plix/platform/appkit/NSWindow_internal.h>
+#include <plix/platform/appkit/view_timers.h>
 #include <plix/platform/base/NSIndexSet.h>
 #include <plix/platform/base/utf16.h>
 #include <plix/platform/foundation/NSRunLoop.h>
+#include <plix/platform/foundation/NSTimer.h>
 #include <plix/platform/graphics/NSGraphicsContext.h>
 
 #include <algorithm>
@@ -179,7 +181,7 @@ std::string brokenWindows()
     }
     for (auto const* const chosen : { NSApp->keyWindow(), NSApp->mainWindow() }) {
         if (chosen && !chosen->isVisible())
-            return "the window with the keyboard is not on screen";
+            return "the window with the keyboard is not on screen (" + chosen->description() + " “" + chosen->title() + "”)";
     }
     return brokenModality();
 }
@@ -201,6 +203,22 @@ std::string brokenViews()
                 return problem;
         }
     }
+    return {};
+}
+
+std::string ViewTimerWatch::brokenTimer()
+{
+    std::map<std::uint64_t, double> unseen;
+    for (auto const& [view, timer] : viewTimers()) {
+        if (view->canDraw())
+            continue;
+        auto const known = m_unseen.find(timer->serialNumber());
+        auto const due = known == m_unseen.end() ? timer->fireDate().timeIntervalSinceReferenceDate : known->second;
+        if (timer->fireDate().timeIntervalSinceReferenceDate > due)
+            return "a timer goes on for a view that is not seen (" + view->description() + ')';
+        unseen.emplace(timer->serialNumber(), due);
+    }
+    m_unseen = std::move(unseen);
     return {};
 }
 

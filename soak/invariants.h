@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
+#include <map>
 #include <string>
 
 namespace plix {
@@ -23,6 +25,16 @@ std::string brokenViews();
 /// Of one view alone, and of one window's first responder.
 std::string brokenView(plix::NSView&);
 std::string brokenFirstResponder(plix::NSWindow&);
+/// Looks for timers of views that cannot be seen. Such a timer may fire once more, to find that out.
+class ViewTimerWatch {
+public:
+    /// What is wrong, or "".
+    std::string brokenTimer();
+
+private:
+    /// When those would fire whose views were not seen the last time, by serial number.
+    std::map<std::uint64_t, double> m_unseen;
+};
 /// Whether a timer is left that could fire in any of the usual modes.
 std::string runningTimer();
 

@@ -5,10 +5,12 @@
 #include <examples/gallery/pages.h>
 
 #include <plix/platform/appkit/NSApplication_internal.h>
+#include <plix/platform/appkit/NSProgressIndicator.h>
 #include <plix/platform/appkit/NSTableColumn.h>
 #include <plix/platform/appkit/NSTableView.h>
 #include <plix/platform/appkit/NSTextField.h>
 #include <plix/platform/appkit/NSWindow_internal.h>
+#include <plix/platform/appkit/view_timers.h>
 #include <plix/platform/base/NSIndexSet.h>
 #include <plix/platform/base/NSLog.h>
 #include <plix/platform/foundation/NSTimer.h>
@@ -123,6 +125,48 @@ TEST_F(Invariants, NoticeTimers)
     EXPECT_NE(runningTimer(), "");
     timer->invalidate();
     EXPECT_EQ(runningTimer(), "");
+}
+
+TEST_F(Invariants, NoticeATimerOfAViewThatIsNotSeen)
+{
+    auto const window = showWindow();
+    auto const view = make<OddView>();
+    window->contentView()->addSubview(*view);
+    auto const timer = NSTimer::scheduledTimerWithTimeInterval(
+        1, [](NSTimer&) {}, true);
+    noteViewTimer(*view, *timer);
+    ViewTimerWatch watch;
+    pass(1.5);
+    EXPECT_EQ(watch.brokenTimer(), "");
+    view->setHidden(true);
+    EXPECT_EQ(watch.brokenTimer(), "");
+    pass(1);
+    EXPECT_NE(watch.brokenTimer().find("not seen"), std::string::npos);
+    view->setHidden(false);
+    EXPECT_EQ(watch.brokenTimer(), "");
+    window->miniaturize(nullptr);
+    EXPECT_EQ(watch.brokenTimer(), "");
+    timer->invalidate();
+    pass(2);
+    EXPECT_EQ(watch.brokenTimer(), "");
+}
+
+TEST_F(Invariants, NoticeThatAProgressIndicatorMovesUnseen)
+{
+    auto const window = showWindow();
+    auto const bar = make<NSProgressIndicator>(Rect { 20, 20, 200, 20 });
+    window->contentView()->addSubview(*bar);
+    bar->startAnimation(nullptr);
+    pump();
+    ASSERT_EQ(viewTimers().size(), 1U);
+    EXPECT_EQ(viewTimers()[0].view, bar);
+    ViewTimerWatch watch;
+    EXPECT_EQ(watch.brokenTimer(), "");
+    window->orderOut(nullptr);
+    EXPECT_EQ(watch.brokenTimer(), "");
+    pass(1);
+    EXPECT_EQ(watch.brokenTimer(), "");
+    EXPECT_TRUE(viewTimers().empty());
 }
 
 class GalleryRunTest : public HeadlessTest {

@@ -3,6 +3,7 @@
 #include <plix/platform/appkit/NSWindow.h>
 #include <plix/platform/appkit/Theme.h>
 #include <plix/platform/appkit/progress_layout.h>
+#include <plix/platform/appkit/view_timers.h>
 #include <plix/platform/foundation/NSCoder.h>
 #include <plix/platform/foundation/NSRunLoop.h>
 #include <plix/platform/foundation/NSTimer.h>
@@ -194,6 +195,7 @@ void NSProgressIndicator::beginMoving()
     m_timer = NSTimer::timerWithTimeInterval(
         animationDelay(), [this](NSTimer&) { step(); }, true);
     NSRunLoop::currentRunLoop().addTimer(*m_timer, NSRunLoopCommonModes);
+    noteViewTimer(*this, *m_timer);
 }
 
 void NSProgressIndicator::endMoving()

@@ -3,6 +3,7 @@
 #include <plix/platform/appkit/NSCursor.h>
 #include <plix/platform/appkit/NSWindow.h>
 #include <plix/platform/appkit/Theme.h>
+#include <plix/platform/appkit/view_timers.h>
 #include <plix/platform/foundation/NSTimer.h>
 #include <plix/platform/graphics/NSColor.h>
 #include <plix/platform/graphics/NSGraphics.h>
@@ -143,6 +144,7 @@ void NSTextView::restartCaret()
                 blinking->blink();
         },
         true);
+    noteViewTimer(*this, *m_blinkTimer);
 }
 
 void NSTextView::blink()
