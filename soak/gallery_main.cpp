@@ -114,7 +114,7 @@ private:
 
 void dieTelling()
 {
-    constexpr unsigned hang = 120;
+    constexpr unsigned hang = 900;
     std::signal(SIGABRT, tellAndDie);
     std::signal(SIGALRM, tellAndDie);
     ::alarm(hang);

@@ -15,6 +15,9 @@
 #include <plix/platform/appkit/NSSplitView.h>
 #include <plix/platform/appkit/NSTextField.h>
 #include <plix/platform/appkit/NSTextFieldCell.h>
+#include <plix/platform/appkit/NSWindow.h>
+#include <plix/platform/base/Weak.h>
+#include <plix/platform/foundation/NSNotification.h>
 #include <plix/platform/foundation/NSTimer.h>
 #include <plix/platform/graphics/NSColor.h>
 #include <plix/platform/graphics/NSFont.h>
@@ -276,7 +279,7 @@ Ref<NSView> makeNSProgressIndicatorPage()
             0.05,
             [weakBar, weakPage](NSTimer& timer) {
                 auto* const running = weakBar.get();
-                if (!running || !running->window() || running->doubleValue() >= 100)
+                if (!running || !running->window() || !running->window()->isVisible() || running->doubleValue() >= 100)
                     return timer.invalidate();
                 running->incrementBy(2);
                 weakPage->setStatus(std::to_string(std::lround(running->doubleValue())) + " %");
@@ -364,16 +367,17 @@ Ref<NSView> makeNSSplitViewPage()
         float constrainMinCoordinate(NSSplitView&, float proposed, long divider) { return divider == 0 ? proposed + 60 : proposed; }
         bool canCollapseSubview(NSSplitView& view, NSView& pane) { return &pane == view.subviews().back().get(); }
         bool shouldCollapseSubview(NSSplitView&, NSView&, long) { return true; }
-        void splitViewDidResizeSubviews(NSNotification const&)
+        void splitViewDidResizeSubviews(NSNotification const& notification)
         {
+            auto const& split = *static_cast<NSSplitView*>(notification.object.get());
             std::string widths;
-            for (auto const& pane : split->subviews())
+            for (auto const& pane : split.subviews())
                 widths += (widths.empty() ? "" : " + ")
-                    + std::to_string(std::lround(split->isSubviewCollapsed(*pane) ? 0 : pane->frame().width));
-            form->setStatus("Panes: " + widths + " points");
+                    + std::to_string(std::lround(split.isSubviewCollapsed(*pane) ? 0 : pane->frame().width));
+            if (form)
+                form->setStatus("Panes: " + widths + " points");
         }
-        NSSplitView* split { nullptr };
-        Form* form { nullptr };
+        Weak<Form> form; // the page may go first
     };
     auto const form = Form::page();
     auto const limits = form->keep(make<Limits>());
@@ -393,8 +397,7 @@ Ref<NSView> makeNSSplitViewPage()
         split->setPosition(343, 1);
     }) });
     form->addStatus("Drag the dividers; double-click the last one.");
-    limits->split = split.get();
-    limits->form = form.get();
+    limits->form = form;
     split->setDelegate(limits);
     form->sizeToRows();
     return form;

@@ -11,6 +11,7 @@
 #include <plix/platform/appkit/NSSegmentedControl.h>
 #include <plix/platform/appkit/NSTableColumn.h>
 #include <plix/platform/appkit/NSTableView.h>
+#include <plix/platform/base/Weak.h>
 #include <plix/platform/foundation/NSNotification.h>
 #include <plix/platform/foundation/NSTimeZone.h>
 #include <plix/platform/foundation/calendar_fields.h>
@@ -41,13 +42,14 @@ Ref<NSView> makeNSComboBoxPage()
         void comboBoxSelectionDidChange(NSNotification const& notification)
         {
             auto& combo = *static_cast<NSComboBox*>(notification.object.get());
-            form->setStatus("Chosen from the list: " + combo.itemObjectValueAtIndex(combo.indexOfSelectedItem()).description());
+            if (form)
+                form->setStatus("Chosen from the list: " + combo.itemObjectValueAtIndex(combo.indexOfSelectedItem()).description());
         }
-        Form* form { nullptr };
+        Weak<Form> form; // the page may go first
     };
     auto const form = Form::page();
     auto const listener = form->keep(make<Listener>());
-    listener->form = form.get();
+    listener->form = form;
     auto const fruit = make<NSComboBox>(Rect { 0, 0, 180, 22 });
     fruit->addItemsWithObjectValues({ "Apple", "Apricot", "Banana", "Cherry", "Elderberry", "Fig", "Grape" });
     fruit->setCompletes(true);
@@ -122,15 +124,16 @@ Ref<NSView> makeTQComboBoxCellPage()
         {
             auto& part = rows[static_cast<std::size_t>(row)];
             part.second = value.description();
-            form->setStatus(part.first + " plays the " + part.second + ".");
+            if (form)
+                form->setStatus(part.first + " plays the " + part.second + ".");
         }
         std::array<std::pair<std::string, std::string>, 4> rows { { { "Anna", "Flute" }, { "Bruno", "Oboe" }, { "Clara", "Horn" },
             { "David", "Bassoon" } } };
-        Form* form { nullptr };
+        Weak<Form> form; // the page may go first
     };
     auto const form = Form::page();
     auto const parts = form->keep(make<Parts>());
-    parts->form = form.get();
+    parts->form = form;
     auto const table = make<NSTableView>(Rect { 0, 0, 380, 120 });
     table->setRowHeight(18);
     addColumn(*table, "player", "Player", 180)->setEditable(false);

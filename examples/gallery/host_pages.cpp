@@ -3,6 +3,7 @@
 #include "page_parts.h"
 
 #include <plix/platform/appkit/NSTextField.h>
+#include <plix/platform/base/Weak.h>
 #include <plix/platform/graphics/NSColor.h>
 #include <plix/platform/graphics/NSGraphics.h>
 #include <plix/platform/graphics/NSGraphicsContext.h>
@@ -91,13 +92,21 @@ Ref<NSView> makeHostWindowPage()
         }
         void hostWindowEvent(HostEvent const& event) override
         {
-            if (event.type == HostEvent::Type::mouseDown)
+            if (log && event.type == HostEvent::Type::mouseDown)
                 log->show("mouseDown", event.locationOnScreen);
-            if (event.type == HostEvent::Type::keyDown)
+            if (log && event.type == HostEvent::Type::keyDown)
                 log->show("keyDown", event.characters);
         }
-        void hostWindowContentRectChanged(Rect rect) override { log->show("content rect", rect); }
-        void hostWindowFocusChanged(bool hasFocus) override { log->show("focus", hasFocus); }
+        void hostWindowContentRectChanged(Rect rect) override
+        {
+            if (log)
+                log->show("content rect", rect);
+        }
+        void hostWindowFocusChanged(bool hasFocus) override
+        {
+            if (log)
+                log->show("focus", hasFocus);
+        }
         void hostWindowCloseRequested() override { window = nullptr; }
         void hostWindowNeedsRepaint(Rect) override
         {
@@ -115,14 +124,14 @@ Ref<NSView> makeHostWindowPage()
         void hostWindowMiniaturizedChanged(bool) override { }
         void hostWindowLiveResizeChanged(bool) override { }
         std::unique_ptr<HostWindow> window;
-        Transcript* log { nullptr };
+        Weak<Transcript> log; // the page may go first
     };
     auto const log = make<Transcript>();
     log->addNote("What NSWindow stands on: pixels to draw into, and a client that is told what happens.");
     log->setLimit(6);
     auto const page = LivePage::page(log);
     auto const client = page->keep(make<Client>());
-    client->log = log.get();
+    client->log = log;
     page->addControl(pushButton("Open", [client = client.get()] { client->open(); }));
     page->addControl(pushButton("Close", [client = client.get()] { client->window = nullptr; }));
     return page;
@@ -199,6 +208,8 @@ Ref<NSView> makeHostSoundPage()
     public:
         void tell()
         {
+            if (!shown)
+                return;
             shown->update(0, sound ? std::optional(sound->isPlaying()) : std::nullopt);
             shown->update(1, sound ? std::optional(sound->isPaused()) : std::nullopt);
         }
@@ -207,19 +218,20 @@ Ref<NSView> makeHostSoundPage()
             sound = host().audio() ? host().audio()->openSound(fadingTone(2)) : nullptr;
             if (sound)
                 sound->setFinished([this](bool playedToEnd) {
-                    shown->update(2, playedToEnd);
+                    if (shown)
+                        shown->update(2, playedToEnd);
                     tell();
                 });
         }
         std::unique_ptr<HostSound> sound;
-        Transcript* shown { nullptr };
+        Weak<Transcript> shown; // the page may go first
     };
     auto const transcript = make<Transcript>();
     addQuestions(*transcript, { "sound->isPlaying()", "sound->isPaused()", "playedToEnd" });
     transcript->addNote("A tone of two seconds that is computed here.");
     auto const page = LivePage::page(transcript);
     auto const player = page->keep(make<Player>());
-    player->shown = transcript.get();
+    player->shown = transcript;
     auto const add = [&](char const* title, bool (HostSound::*operation)()) {
         page->addControl(pushButton(title, [player = player.get(), operation] {
             if (!player->sound)
@@ -250,9 +262,13 @@ Ref<NSView> makeSpeechDoorPage()
             auto* const speech = host().speech();
             if (speech && !channel)
                 channel = speech->openChannel("",
-                    { [this](SpeechEnd end) { shown->add("ended", end == SpeechEnd::Finished ? "finished" : "stopped"); },
+                    { [this](SpeechEnd end) {
+                         if (shown)
+                             shown->add("ended", end == SpeechEnd::Finished ? "finished" : "stopped");
+                     },
                         nullptr });
-            shown->show("speech->start(channel, " + quotedText(text) + ")", speech && speech->start(channel, text));
+            if (shown)
+                shown->show("speech->start(channel, " + quotedText(text) + ")", speech && speech->start(channel, text));
         }
         void stop()
         {
@@ -260,14 +276,14 @@ Ref<NSView> makeSpeechDoorPage()
                 speech->stop(channel);
         }
         SpeechChannel channel;
-        Transcript* shown { nullptr };
+        Weak<Transcript> shown; // the page may go first
     };
     auto const log = make<Transcript>();
     log->setLimit(7);
     log->addNote("What the synthesizers stand on: a channel that speaks one text after another.");
     auto const page = LivePage::page(log);
     auto const speaker = page->keep(make<Speaker>());
-    speaker->shown = log.get();
+    speaker->shown = log;
     auto const field = textField("Tea is ready.", 180);
     page->addControl(field);
     page->addControl(pushButton("Speak", [speaker = speaker.get(), field = field.get()] { speaker->speak(field->stringValue()); }));

@@ -43,15 +43,19 @@ Ref<NSView> makeNSNotificationCenterPage()
 {
     class Listener : public NSObject {
     public:
-        void heard(NSNotification const& notification) { log->add(notification.name, valueText(notification.userInfo)); }
-        Transcript* log { nullptr };
+        void heard(NSNotification const& notification)
+        {
+            if (log)
+                log->add(notification.name, valueText(notification.userInfo));
+        }
+        Weak<Transcript> log; // the page may go first
     };
     auto const log = make<Transcript>();
     log->addNote("Kettles and cups are posted; the listener observes what is ticked.");
     log->setLimit(8);
     auto const page = LivePage::page(log);
     auto const listener = page->keep(make<Listener>());
-    listener->log = log.get();
+    listener->log = log;
     auto const center = page->keep(make<NSNotificationCenter>());
     auto const observe = [listener = listener.get(), center = center.get()](std::string const& name) {
         return [=](bool isOn) {
@@ -83,23 +87,33 @@ Ref<NSView> makeNSTimerPage()
         {
             stop();
             timer = NSTimer::scheduledTimerWithTimeInterval(
-                0.1, [this](NSTimer&) { shown->update(line, ++tenths / 10.0); }, true);
+                0.1, [this](NSTimer&) { count(); }, true);
             tell();
+        }
+        void count()
+        {
+            ++tenths;
+            if (shown)
+                shown->update(line, tenths / 10.0);
         }
         void stop()
         {
             if (timer)
                 timer->invalidate();
         }
-        void tell() { shown->update(line + 1, timer && timer->isValid()); }
+        void tell()
+        {
+            if (shown)
+                shown->update(line + 1, timer && timer->isValid());
+        }
         Ref<NSTimer> timer;
-        Transcript* shown { nullptr };
+        Weak<Transcript> shown; // the page may go first
         long line { 0 };
         int tenths { 0 };
     };
     auto const transcript = make<Transcript>();
     auto const counter = make<Counter>();
-    counter->shown = transcript.get();
+    counter->shown = transcript;
     counter->line = transcript->show("seconds counted", 0.0);
     transcript->show("timer->isValid()", false);
     transcript->addHeading("One that nobody waits for");
@@ -158,7 +172,7 @@ Ref<NSView> makeRunLoopDescriptorPage()
             source = make<RunLoopDescriptor>(ends[0], short { POLLIN }, [this](short) {
                 char bytes[64];
                 auto const size = ::read(ends[0], bytes, sizeof bytes);
-                log->add("bytes arrived", valueText(static_cast<long>(size)));
+                tell("bytes arrived", valueText(static_cast<long>(size)));
             });
             NSRunLoop::currentRunLoop().addDescriptor(*source, NSRunLoopCommonModes);
         }
@@ -170,25 +184,30 @@ Ref<NSView> makeRunLoopDescriptorPage()
             ::close(ends[0]);
             ::close(ends[1]);
         }
+        void tell(char const* what, std::string const& result)
+        {
+            if (log)
+                log->add(what, result);
+        }
         Ref<RunLoopDescriptor> source;
         std::array<int, 2> ends {};
-        Transcript* log { nullptr };
+        Weak<Transcript> log; // the page may go first
     };
     auto const log = make<Transcript>();
     log->addNote("A pipe, a socket, whatever poll() knows: called when it is ready, until it is invalidated.");
     log->setLimit(7);
     auto const page = LivePage::page(log);
     auto const pipe = page->keep(make<Pipe>());
-    pipe->log = log.get();
+    pipe->log = log;
     page->addControl(pushButton("Write 5 Bytes", [pipe = pipe.get()] {
         if (pipe->source && ::write(pipe->ends[1], "water", 5) == 5)
-            pipe->log->add("bytes written", "5");
+            pipe->tell("bytes written", "5");
     }));
     page->addControl(pushButton("Invalidate", [pipe = pipe.get()] {
         if (!pipe->source)
             return;
         pipe->source->invalidate();
-        pipe->log->add("source->isValid()", valueText(pipe->source->isValid()));
+        pipe->tell("source->isValid()", valueText(pipe->source->isValid()));
     }));
     return page;
 }
@@ -235,6 +254,8 @@ Ref<NSView> makeNSUndoManagerPage()
         }
         void tell()
         {
+            if (!shown || !undoButton || !redoButton)
+                return;
             shown->update(0, value);
             shown->update(1, undo->undoMenuItemTitle());
             shown->update(2, undo->redoMenuItemTitle());
@@ -244,9 +265,9 @@ Ref<NSView> makeNSUndoManagerPage()
             redoButton->setEnabled(undo->canRedo());
         }
         Ref<NSUndoManager> undo { make<NSUndoManager>() };
-        Transcript* shown { nullptr };
-        NSButton* undoButton { nullptr };
-        NSButton* redoButton { nullptr };
+        Weak<Transcript> shown; // the page may go first
+        Weak<NSButton> undoButton;
+        Weak<NSButton> redoButton;
         int value { 1 };
     };
     auto const transcript = make<Transcript>();
@@ -255,7 +276,7 @@ Ref<NSView> makeNSUndoManagerPage()
         transcript->add(line, "–");
     auto const page = LivePage::page(transcript);
     auto const counter = page->keep(make<Counter>());
-    counter->shown = transcript.get();
+    counter->shown = transcript;
     auto const add = [&](char const* title, std::function<void(Counter&)> change) {
         auto const button = pushButton(title, [counter = counter.get(), change] {
             change(*counter);

@@ -10,6 +10,7 @@
 #include <plix/platform/appkit/NSTextField.h>
 #include <plix/platform/appkit/NSTextView.h>
 #include <plix/platform/base/NSData.h>
+#include <plix/platform/base/Weak.h>
 #include <plix/platform/foundation/NSNotification.h>
 #include <plix/platform/foundation/NSNotificationCenter.h>
 #include <plix/platform/graphics/NSFont.h>
@@ -65,13 +66,14 @@ Ref<NSView> makeNSSoundPage()
     public:
         void didFinishPlaying(NSSound& sound, bool toItsEnd)
         {
-            form->setStatus(sound.name() + (toItsEnd ? " was played to its end." : " was stopped."));
+            if (form)
+                form->setStatus(sound.name() + (toItsEnd ? " was played to its end." : " was stopped."));
         }
-        Form* form { nullptr };
+        Weak<Form> form; // the page may go first
     };
     auto const form = Form::page();
     auto const listener = form->keep(make<Listener>());
-    listener->form = form.get();
+    listener->form = form;
     for (auto const& [name, hertz] : { std::pair { "Low A", 220.0 }, { "Middle A", 440.0 }, { "High A", 880.0 } }) {
         auto const sound = make<NSSound>(*make<NSData>(toneFile(hertz)));
         if (sound) {
@@ -99,13 +101,17 @@ Ref<NSView> makeNSSpeechSynthesizerPage()
     class Listener : public NSObject {
     public:
         void willSpeakWord(NSSpeechSynthesizer&, NSRange word, std::string const&) { text->setSelectedRange(word); }
-        void didFinishSpeaking(NSSpeechSynthesizer&, bool finished) { form->setStatus(finished ? "Said it all." : "Stopped."); }
+        void didFinishSpeaking(NSSpeechSynthesizer&, bool finished)
+        {
+            if (form)
+                form->setStatus(finished ? "Said it all." : "Stopped.");
+        }
         Ref<NSTextView> text;
-        Form* form { nullptr };
+        Weak<Form> form; // the page may go first
     };
     auto const form = Form::page();
     auto const listener = form->keep(make<Listener>());
-    listener->form = form.get();
+    listener->form = form;
     listener->text = make<NSTextView>(Rect { 0, 0, 504, 90 });
     listener->text->setTextContainerInset({ 4, 6 });
     listener->text->setFont(NSFont::systemFontOfSize(13));

@@ -17,6 +17,7 @@
 #include <plix/platform/appkit/NSTableView.h>
 #include <plix/platform/appkit/Theme.h>
 #include <plix/platform/base/NSIndexSet.h>
+#include <plix/platform/base/Weak.h>
 #include <plix/platform/foundation/NSNotification.h>
 #include <plix/platform/graphics/NSColor.h>
 #include <plix/platform/graphics/NSFont.h>
@@ -85,22 +86,24 @@ Ref<NSView> makeNSTableViewPage()
         void setObjectValue(NSTableView&, ObjectValue value, NSTableColumn&, long row)
         {
             rivers[static_cast<std::size_t>(row)].first = value.description();
-            form->setStatus("Renamed to " + value.description());
+            if (form)
+                form->setStatus("Renamed to " + value.description());
         }
         bool shouldEditTableColumn(NSTableView&, NSTableColumn& column, long) { return column.identifier() == ObjectValue("name"); }
         void tableViewSelectionDidChange(NSNotification const& notification)
         {
             auto const& table = *static_cast<NSTableView*>(notification.object.get());
-            form->setStatus(std::to_string(table.numberOfSelectedRows()) + " selected");
+            if (form)
+                form->setStatus(std::to_string(table.numberOfSelectedRows()) + " selected");
         }
         std::vector<std::pair<std::string, int>> rivers { { "Danube", 2850 }, { "Dnieper", 2201 }, { "Ebro", 930 },
             { "Elbe", 1094 }, { "Loire", 1006 }, { "Oder", 854 }, { "Rhine", 1233 }, { "Rhône", 813 }, { "Seine", 777 },
             { "Tagus", 1007 }, { "Thames", 346 }, { "Tiber", 405 }, { "Vistula", 1047 }, { "Volga", 3531 } };
-        Form* form { nullptr };
+        Weak<Form> form; // the page may go first
     };
     auto const form = Form::page();
     auto const rivers = form->keep(make<Rivers>());
-    rivers->form = form.get();
+    rivers->form = form;
     auto const table = make<NSTableView>(rectWith({}, wide));
     addColumn(*table, "name", "River", 360);
     addNumbers(*table, "length", "Kilometres", 130);
@@ -148,17 +151,18 @@ Ref<NSView> makeNSDraggingInfoPage()
             auto const moved = steps[static_cast<std::size_t>(from)];
             steps.erase(steps.begin() + from);
             steps.insert(steps.begin() + row - (row > from ? 1 : 0), moved);
-            form->setStatus("“" + moved + "” moved from place " + std::to_string(from + 1));
+            if (form)
+                form->setStatus("“" + moved + "” moved from place " + std::to_string(from + 1));
             table.reloadData();
             return true;
         }
         std::vector<std::string> steps { "Tune", "Play the scales", "Read the score", "Practise slowly", "Play it through",
             "Rest" };
-        Form* form { nullptr };
+        Weak<Form> form; // the page may go first
     };
     auto const form = Form::page();
     auto const steps = form->keep(make<Steps>());
-    steps->form = form.get();
+    steps->form = form;
     auto const table = make<NSTableView>(Rect { 0, 0, 300, 160 });
     addColumn(*table, "step", "What comes first?", 360);
     table->setDataSource(steps);
@@ -354,7 +358,8 @@ Ref<NSView> makeNSOutlineViewPage()
         void outlineViewItemDidExpand(NSNotification const& notification)
         {
             auto const& outline = *static_cast<NSOutlineView*>(notification.object.get());
-            form->setStatus(std::to_string(outline.numberOfRows()) + " rows");
+            if (form)
+                form->setStatus(std::to_string(outline.numberOfRows()) + " rows");
         }
         Node& nodeOf(NSObject* item) { return item ? *static_cast<Node*>(item) : *sun; }
         Ref<Node> sun = Node::with("Sun", 0,
@@ -362,11 +367,11 @@ Ref<NSView> makeNSOutlineViewPage()
                 Node::with("Mars", 0, { Node::with("Phobos", 0), Node::with("Deimos", 0) }),
                 Node::with("Jupiter", 0,
                     { Node::with("Io", 0), Node::with("Europa", 0), Node::with("Ganymede", 0), Node::with("Callisto", 0) }) });
-        Form* form { nullptr };
+        Weak<Form> form; // the page may go first
     };
     auto const form = Form::page();
     auto const planets = form->keep(make<Planets>());
-    planets->form = form.get();
+    planets->form = form;
     auto const outline = make<NSOutlineView>(rectWith({}, wide));
     outline->setOutlineTableColumn(addColumn(*outline, "name", "Planets and moons", 490).get());
     outline->setDataSource(planets);
@@ -497,7 +502,8 @@ Ref<NSView> makePLIXImageAndTextCellPage()
         void setObjectValue(NSTableView&, ObjectValue value, NSTableColumn&, long row)
         {
             names[static_cast<std::size_t>(row)] = value.description();
-            form->setStatus("Renamed to " + value.description());
+            if (form)
+                form->setStatus("Renamed to " + value.description());
         }
         void willDisplayCell(NSTableView&, NSCell& cell, NSTableColumn&, long row)
         {
@@ -505,11 +511,11 @@ Ref<NSView> makePLIXImageAndTextCellPage()
             cell.setImage(icon(icons[row], 32));
         }
         std::vector<std::string> names { "Recordings", "A piece for two flutes", "Programme notes", "Favourites" };
-        Form* form { nullptr };
+        Weak<Form> form; // the page may go first
     };
     auto const form = Form::page();
     auto const files = form->keep(make<Files>());
-    files->form = form.get();
+    files->form = form;
     for (float const side : { 16.0F, 28.0F }) {
         auto const table = make<PLIXTableView>(Rect { 0, 0, 390, 100 });
         auto const cell = make<PLIXImageAndTextCell>("");

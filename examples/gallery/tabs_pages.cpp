@@ -10,6 +10,7 @@
 #include <plix/platform/appkit/NSTabViewItem.h>
 #include <plix/platform/appkit/NSTextField.h>
 #include <plix/platform/appkit/NSWindow.h>
+#include <plix/platform/base/Weak.h>
 #include <plix/platform/graphics/NSColor.h>
 #include <plix/platform/graphics/NSFont.h>
 #include <plix/platform/graphics/NSImage.h>
@@ -42,12 +43,16 @@ Ref<NSView> makeNSTabViewPage()
 {
     class Listener : public NSObject {
     public:
-        void didSelectTabViewItem(NSTabView&, NSTabViewItem& item) { form->setStatus("Selected: " + item.label()); }
-        Form* form { nullptr };
+        void didSelectTabViewItem(NSTabView&, NSTabViewItem& item)
+        {
+            if (form)
+                form->setStatus("Selected: " + item.label());
+        }
+        Weak<Form> form; // the page may go first
     };
     auto const form = Form::page();
     auto const listener = form->keep(make<Listener>());
-    listener->form = form.get();
+    listener->form = form;
     auto const tabs = make<NSTabView>(Rect { 0, 0, 520, 170 });
     for (auto const& [label, titles] : { std::pair { "Page", std::vector { "Show margins", "Show rulers" } },
              { "Fonts", std::vector { "Smooth text", "Ligatures", "Kerning" } }, { "Printing", std::vector { "Both sides" } } }) {

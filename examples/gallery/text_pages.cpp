@@ -14,6 +14,7 @@
 #include <plix/platform/appkit/NSTextView.h>
 #include <plix/platform/appkit/NSWindow.h>
 #include <plix/platform/appkit/Theme.h>
+#include <plix/platform/base/Weak.h>
 #include <plix/platform/foundation/NSDateFormatter.h>
 #include <plix/platform/foundation/NSNotification.h>
 #include <plix/platform/graphics/NSBezierPath.h>
@@ -24,6 +25,7 @@
 #include <plix/platform/graphics/NSTextStorage.h>
 #include <plix/platform/graphics/attribute_names.h>
 
+#include <algorithm>
 #include <string>
 #include <tuple>
 #include <utility>
@@ -61,18 +63,20 @@ Ref<NSView> makeNSTextFieldPage()
     public:
         void controlTextDidChange(NSNotification const& notification)
         {
-            form->setStatus("While typing: “" + static_cast<NSControl*>(notification.object.get())->stringValue() + "”");
+            if (form)
+                form->setStatus("While typing: “" + static_cast<NSControl*>(notification.object.get())->stringValue() + "”");
         }
         bool didFailToFormatString(NSControl&, std::string_view text, std::string_view)
         {
-            form->setStatus("“" + std::string(text) + "” is not a date.");
+            if (form)
+                form->setStatus("“" + std::string(text) + "” is not a date.");
             return false;
         }
-        Form* form { nullptr };
+        Weak<Form> form; // the page may go first
     };
     auto const form = Form::page();
     auto const listener = form->keep(make<Listener>());
-    listener->form = form.get();
+    listener->form = form;
     auto const field = [&](std::string_view text, float width) {
         auto const made = make<NSTextField>(Rect { 0, 0, width, 22 });
         made->cell()->setScrollable(true);
@@ -163,13 +167,14 @@ Ref<NSView> makeNSTextPage()
     public:
         void textDidChange(NSNotification const& notification)
         {
-            form->setStatus(std::to_string(static_cast<NSText*>(notification.object.get())->length()) + " characters");
+            if (form)
+                form->setStatus(std::to_string(static_cast<NSText*>(notification.object.get())->length()) + " characters");
         }
-        Form* form { nullptr };
+        Weak<Form> form; // the page may go first
     };
     auto const form = Form::page();
     auto const listener = form->keep(make<Listener>());
-    listener->form = form.get();
+    listener->form = form;
     auto const view = textView(120, "The score is for two flutes.\nA second line.\nAnd a third one.");
     view->setDelegate(listener);
     Ref<NSText> const text = view;
@@ -180,7 +185,8 @@ Ref<NSView> makeNSTextPage()
              page->setStatus("Selected: 4 to 9");
          }) });
     form->addRow("Changes", { pushButton("Replace 4–9", [text, page = form.get()] {
-        text->replaceCharactersInRange({ 4, 5 }, "piece");
+        long const begin = std::min(text->length(), 4L);
+        text->replaceCharactersInRange({ begin, std::min(text->length() - begin, 5L) }, "piece");
         page->setStatus("Without asking anybody: " + std::to_string(text->length()) + " characters");
     }) });
     auto const alignment = make<NSSegmentedControl>(Rect { 0, 0, 210, 24 });
@@ -209,20 +215,21 @@ Ref<NSView> makeNSTextViewPage()
         bool shouldChangeTextInRange(NSTextView&, NSRange, std::string_view replacement)
         {
             bool const hasDigit = replacement.find_first_of("0123456789") != std::string_view::npos;
-            if (hasDigit)
+            if (hasDigit && form)
                 form->setStatus("Digits are refused.");
             return !hasDigit;
         }
         void textViewDidChangeSelection(NSNotification const& notification)
         {
             auto const range = static_cast<NSTextView*>(notification.object.get())->selectedRange();
-            form->setStatus("Selected: " + std::to_string(range.length) + " characters at " + std::to_string(range.location));
+            if (form)
+                form->setStatus("Selected: " + std::to_string(range.length) + " characters at " + std::to_string(range.location));
         }
-        Form* form { nullptr };
+        Weak<Form> form; // the page may go first
     };
     auto const form = Form::page();
     auto const digits = form->keep(make<Digits>());
-    digits->form = form.get();
+    digits->form = form;
     auto const view = textView(180,
         "Text has fonts, colours and pictures.\nIt wraps at the view’s edge, in every script: "
         "Ελληνικά, \u05E2\u05D1\u05E8\u05D9\u05EA, e\u0301.\nTyping can be undone word by word. ");

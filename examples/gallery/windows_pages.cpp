@@ -65,19 +65,24 @@ Ref<NSView> makeNSWindowPage()
         void windowDidMove(NSNotification const& notification) { tell("Moved", notification); }
         void windowDidResize(NSNotification const& notification) { tell("Resized", notification); }
         void windowDidBecomeKey(NSNotification const& notification) { tell("Has the keyboard", notification); }
-        void windowWillClose(NSNotification const&) { form->setStatus("Closed"); }
+        void windowWillClose(NSNotification const&)
+        {
+            if (form)
+                form->setStatus("Closed");
+        }
         Size windowWillResize(NSWindow&, Size proposed) { return { proposed.width, std::max(proposed.height, 140.0F) }; }
         void tell(std::string const& what, NSNotification const& notification) const
         {
             auto const frame = static_cast<NSWindow*>(notification.object.get())->frame();
-            form->setStatus(
-                what + ": " + std::to_string(std::lround(frame.width)) + " × " + std::to_string(std::lround(frame.height)));
+            if (form)
+                form->setStatus(
+                    what + ": " + std::to_string(std::lround(frame.width)) + " × " + std::to_string(std::lround(frame.height)));
         }
-        Form* form { nullptr };
+        Weak<Form> form; // the page may go first
     };
     auto const form = Form::page();
     auto const listener = form->keep(make<Listener>());
-    listener->form = form.get();
+    listener->form = form;
     auto const open = [listener](std::string title, unsigned style, auto change) {
         return pushButton(title, [listener, title, style, change] {
             auto const window = make<NSWindow>(Rect { 0, 0, 320, 160 }, style, NSBackingStoreBuffered, false);
@@ -182,17 +187,21 @@ Ref<NSView> makeNSWindowControllerPage()
             letter->center();
             setWindow(letter);
         }
-        void windowDidLoad() override { form->setStatus("The window was loaded."); }
-        Form* form { nullptr };
+        void windowDidLoad() override
+        {
+            if (form)
+                form->setStatus("The window was loaded.");
+        }
+        Weak<Form> form; // the page may go first
     };
     auto const form = Form::page();
     auto const letter = form->keep(make<Letter>());
-    letter->form = form.get();
+    letter->form = form;
     auto const say = [letter, page = form.get()](std::string const& what) {
         page->setStatus(what + (letter->isWindowLoaded() ? " There is a window." : " There is no window yet."));
     };
     auto const other = make<Letter>();
-    other->form = form.get();
+    other->form = form;
     form->addRow("Its window", { picture(Ref<NSWindow>(other->window())) });
     form->addRow("",
         { pushButton("Show",
