@@ -58,30 +58,31 @@ Ref<NSView> picture(Ref<NSWindow> const& window)
 
 // MARK: windows
 
+class WindowListener : public NSObject {
+public:
+    void windowDidMove(NSNotification const& notification) { tell("Moved", notification); }
+    void windowDidResize(NSNotification const& notification) { tell("Resized", notification); }
+    void windowDidBecomeKey(NSNotification const& notification) { tell("Has the keyboard", notification); }
+    void windowWillClose(NSNotification const&)
+    {
+        if (form)
+            form->setStatus("Closed");
+    }
+    Size windowWillResize(NSWindow&, Size proposed) { return { proposed.width, std::max(proposed.height, 140.0F) }; }
+    void tell(std::string const& what, NSNotification const& notification) const
+    {
+        auto const frame = static_cast<NSWindow*>(notification.object.get())->frame();
+        if (form)
+            form->setStatus(
+                what + ": " + std::to_string(std::lround(frame.width)) + " × " + std::to_string(std::lround(frame.height)));
+    }
+    Weak<Form> form; // the page may go first
+};
+
 Ref<NSView> makeNSWindowPage()
 {
-    class Listener : public NSObject {
-    public:
-        void windowDidMove(NSNotification const& notification) { tell("Moved", notification); }
-        void windowDidResize(NSNotification const& notification) { tell("Resized", notification); }
-        void windowDidBecomeKey(NSNotification const& notification) { tell("Has the keyboard", notification); }
-        void windowWillClose(NSNotification const&)
-        {
-            if (form)
-                form->setStatus("Closed");
-        }
-        Size windowWillResize(NSWindow&, Size proposed) { return { proposed.width, std::max(proposed.height, 140.0F) }; }
-        void tell(std::string const& what, NSNotification const& notification) const
-        {
-            auto const frame = static_cast<NSWindow*>(notification.object.get())->frame();
-            if (form)
-                form->setStatus(
-                    what + ": " + std::to_string(std::lround(frame.width)) + " × " + std::to_string(std::lround(frame.height)));
-        }
-        Weak<Form> form; // the page may go first
-    };
     auto const form = Form::page();
-    auto const listener = form->keep(make<Listener>());
+    auto const listener = form->keep(make<WindowListener>());
     listener->form = form;
     auto const open = [listener](std::string title, unsigned style, auto change) {
         return pushButton(title, [listener, title, style, change] {

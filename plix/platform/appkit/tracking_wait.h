@@ -4,7 +4,7 @@
 
 namespace plix {
 
-class NSDate;
+struct NSDate;
 class NSEvent;
 
 /// Whether a wait for the mouse ended without an event before its time: the application is ending, and a loop that goes on waiting
