@@ -6,6 +6,7 @@
 
 #include <plix/platform/appkit/NSApplication_internal.h>
 #include <plix/platform/appkit/NSProgressIndicator.h>
+#include <plix/platform/appkit/NSSpeechSynthesizer.h>
 #include <plix/platform/appkit/NSTableColumn.h>
 #include <plix/platform/appkit/NSTableView.h>
 #include <plix/platform/appkit/NSTextField.h>
@@ -214,6 +215,13 @@ TEST_F(GalleryRunTest, StaysOnThePageThatIsAskedFor)
     EXPECT_EQ(run.eventNumber(), 40);
     EXPECT_NE(run.story().find("seed 1, chapter 7, page text, event 40"), std::string::npos);
     EXPECT_TRUE(NSApp->windows().empty());
+}
+
+TEST_F(GalleryRunTest, WaitsForWhatIsStillSpoken)
+{
+    GalleryRun run(machine(), { .seed = 5, .page = "PLIXSpeakingTextField" });
+    EXPECT_TRUE(run.playChapter(4)) << run.failure();
+    EXPECT_FALSE(NSSpeechSynthesizer::isAnyApplicationSpeaking());
 }
 
 // A timer that somebody left running is a failure of the chapter in which it is seen.

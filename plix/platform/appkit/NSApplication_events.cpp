@@ -19,9 +19,10 @@ bool isPress(NSEventType type)
     return type == NSLeftMouseDown || type == NSRightMouseDown || type == NSOtherMouseDown;
 }
 
-bool isRelease(NSEventType type)
+/// What a view waits for that was told of the beginning.
+bool isEnd(NSEventType type)
 {
-    return type == NSLeftMouseUp || type == NSRightMouseUp || type == NSOtherMouseUp;
+    return type == NSLeftMouseUp || type == NSRightMouseUp || type == NSOtherMouseUp || type == NSMouseExited;
 }
 
 bool isInput(NSEvent const& event)
@@ -194,7 +195,7 @@ void NSApplication::sendEvent(NSEvent& event)
         return;
     }
     // Input that was meant for a window which has left the screen since goes nowhere; but what was pressed there is let go.
-    if (window && isInput(event) && !isRelease(event.type()) && window->internals().hasLeftScreen())
+    if (window && isInput(event) && !isEnd(event.type()) && window->internals().hasLeftScreen())
         return;
     if (event.type() == NSKeyDown)
         return m->sendKeyDown(event);

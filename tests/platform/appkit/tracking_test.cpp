@@ -51,6 +51,22 @@ TEST_F(Tracking, EnteringAndLeavingIsToldToTheOwner)
     EXPECT_EQ(view->log.size(), 2U);
 }
 
+TEST_F(Tracking, LeavingIsToldAlsoWhereTheWindowHasLeftTheScreen)
+{
+    view->addTrackingRect(view->bounds(), view.get(), nullptr, false);
+    for (bool const isMiniaturized : { true, false }) {
+        view->forget();
+        moveMouse(*view, { 10, 10 });
+        ASSERT_THAT(view->log, ElementsAre("mouseEntered"));
+        isMiniaturized ? window->miniaturize(nullptr) : window->orderOut(nullptr);
+        person().moveMouse({ 1, 1 });
+        pump();
+        EXPECT_THAT(view->log, ElementsAre("mouseEntered", "mouseExited"));
+        isMiniaturized ? window->deminiaturize(nullptr) : window->orderFront(nullptr);
+        pump();
+    }
+}
+
 TEST_F(Tracking, AssumingInsideTellsTheLeavingAlone)
 {
     view->addTrackingRect(view->bounds(), view.get(), nullptr, true);
