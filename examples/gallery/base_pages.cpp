@@ -4,6 +4,7 @@
 #include "Transcript.h"
 #include "page_parts.h"
 
+#include <plix/library_classes.h>
 #include <plix/platform/appkit/NSButton.h>
 #include <plix/platform/base/Class.h>
 #include <plix/platform/base/Global.h>

@@ -93,6 +93,12 @@ std::string appearanceName(testing::TestParamInfo<Appearance> const& info)
 INSTANTIATE_TEST_SUITE_P(Appearances, GalleryPages, bothAppearances, appearanceName);
 INSTANTIATE_TEST_SUITE_P(Appearances, GalleryRetinaPages, bothAppearances, appearanceName);
 
+// Also where its page is the first that is opened.
+TEST_F(GalleryTest, KnowsTheLibrarysClassesByName)
+{
+    EXPECT_NE(NSClassFromString("TQComboBoxCell"), nullptr);
+}
+
 TEST_F(GalleryTest, DumpsPagesAtBothScalesLightAndDark)
 {
     TestFolder const folder;
