@@ -24,21 +24,17 @@ failures() {
     build asan test_failing && build/asan/tests/test_failing --gtest_brief=1
 }
 
-# Of each target: how many inputs it ran in how many seconds.
+# Of each target: how many inputs it ran in how many seconds. As many targets at once as there are jobs.
 fuzz() {
-    status=0
     cmake --preset fuzz >/dev/null || return 1
     for target in $(scripts/fuzz.sh); do
-        log="out/soak/fuzz-$target.log"
-        if scripts/fuzz.sh "$target" "${SECONDS_A_TARGET:-3600}" >"$log" 2>&1; then
-            result=clean
-        else
-            result="FAILED, see $log"
-            status=1
-        fi
-        echo "$target: $(sed -n 's/^Done \([0-9]*\) runs in \([0-9]*\) second.*/\1 inputs in \2 seconds, /p' "$log")$result"
+        build fuzz "fuzz_$target" || return 1
     done
-    return $status
+    scripts/fuzz.sh | seconds=${SECONDS_A_TARGET:-3600} xargs -P "$jobs" -I{} sh -c '
+        log=out/soak/fuzz-{}.log
+        scripts/fuzz.sh {} "$seconds" >"$log" 2>&1 && result=clean || result="FAILED, see $log"
+        echo "{}: $(sed -n "s/^Done \([0-9]*\) runs in \([0-9]*\) second.*/\1 inputs in \2 seconds, /p" "$log")$result"
+        [ "$result" = clean ]'
 }
 
 browser() {

@@ -40,8 +40,8 @@ int run(soak::BrowserLoop::Options const& options)
     plix::installHost(std::move(machine));
     auto const application = plix::make<plix::PLIXApplication>();
     soak::BrowserLoop loop(host, options, [](soak::MemorySample const& sample) {
-        std::printf("%8.1f s  resident %9.0f KiB  heap %9.0f KiB  objects %.0f\n", sample.seconds, sample.residentBytes / 1024,
-            sample.allocatedBytes / 1024, sample.objects);
+        std::printf("%8.1f s  own %9.0f KiB  heap %9.0f KiB  objects %.0f  (resident %.0f KiB)\n", sample.seconds,
+            sample.ownBytes / 1024, sample.allocatedBytes / 1024, sample.objects, sample.residentBytes / 1024);
         std::fflush(stdout);
     });
     // Reading folders everywhere is harmless; nothing else is.
@@ -57,7 +57,7 @@ int run(soak::BrowserLoop::Options const& options)
     auto const samples = soak::afterWarmUp(loop.samples(), options.warmUpMinutes * 60);
     std::printf("%ld actions in %.1f minutes, %zu samples after %.1f minutes of warming up\n", loop.actions(), options.minutes,
         samples.size(), options.warmUpMinutes);
-    bool isFlat = report("resident", 1024 * 1024, "MiB", samples, &soak::MemorySample::residentBytes);
+    bool isFlat = report("own", 1024 * 1024, "MiB", samples, &soak::MemorySample::ownBytes);
     isFlat &= report("heap", 1024 * 1024, "MiB", samples, &soak::MemorySample::allocatedBytes);
     isFlat &= report("objects", 1, "", samples, &soak::MemorySample::objects);
     return isFlat ? EXIT_SUCCESS : EXIT_FAILURE;

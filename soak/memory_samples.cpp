@@ -4,11 +4,12 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <fstream>
 #include <limits>
+#include <string>
 #include <vector>
 
 #include <malloc.h>
-#include <unistd.h>
 
 namespace soak {
 
@@ -24,16 +25,24 @@ double median(std::span<MemorySample const> samples, double MemorySample::*figur
     return *middle;
 }
 
-double residentBytes()
+struct Resident {
+    double ownBytes { 0 };
+    double bytes { 0 };
+};
+
+Resident resident()
 {
-    long pages = 0;
-    long residentPages = 0;
-    if (auto* const file = std::fopen("/proc/self/statm", "r")) {
-        if (std::fscanf(file, "%ld %ld", &pages, &residentPages) != 2)
-            residentPages = 0;
-        std::fclose(file);
+    std::ifstream file("/proc/self/status");
+    double own = 0;
+    double all = 0;
+    for (std::string line; std::getline(file, line);) {
+        long kibibytes = 0;
+        if (std::sscanf(line.c_str(), "RssAnon: %ld kB", &kibibytes) == 1)
+            own = static_cast<double>(kibibytes) * 1024;
+        else if (std::sscanf(line.c_str(), "VmRSS: %ld kB", &kibibytes) == 1)
+            all = static_cast<double>(kibibytes) * 1024;
     }
-    return static_cast<double>(residentPages) * static_cast<double>(::sysconf(_SC_PAGESIZE));
+    return { own, all };
 }
 
 }
@@ -41,7 +50,8 @@ double residentBytes()
 MemorySample sampleMemory(double seconds)
 {
     auto const heap = ::mallinfo2();
-    return { seconds, residentBytes(), static_cast<double>(heap.uordblks) + static_cast<double>(heap.hblkhd),
+    auto const [ownBytes, residentBytes] = resident();
+    return { seconds, ownBytes, residentBytes, static_cast<double>(heap.uordblks) + static_cast<double>(heap.hblkhd),
         static_cast<double>(plix::livingObjects()) };
 }
 

@@ -8,7 +8,10 @@ namespace soak {
 /// What a process holds at one moment.
 struct MemorySample {
     double seconds { 0 }; ///< since the run began
-    double residentBytes { 0 };
+    /// Of the process's own, resident: stacks, heap and what is mapped without a file. Not the pages of programs and libraries,
+    /// which come in when they are used first and which the machine drops when it likes.
+    double ownBytes { 0 };
+    double residentBytes { 0 }; ///< with those
     double allocatedBytes { 0 }; ///< in use on the heap
     double objects { 0 };
 };

@@ -2,6 +2,7 @@
 
 #include <plix/format/attributed_string_additions.h>
 #include <plix/platform/appkit/NSTextFieldCell.h>
+#include <plix/platform/base/RecentlyUsed.h>
 #include <plix/platform/graphics/NSColor.h>
 #include <plix/platform/graphics/NSFont.h>
 #include <plix/platform/graphics/NSMutableAttributedString.h>
@@ -12,21 +13,23 @@
 #include <functional>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 
 namespace plix {
 
 namespace {
 
-constexpr std::size_t largestCount = 1024;
+struct TextSetting {
+    NSTextAlignment alignment {};
+    NSLineBreakMode lineBreakMode {};
+    bool isBold { false };
+    friend bool operator==(TextSetting const&, TextSetting const&) = default;
+};
 
 /// What a plain text's look depends on.
 struct PlainText {
     std::string_view text;
     NSFont const* font { nullptr };
-    NSTextAlignment alignment {};
-    NSLineBreakMode lineBreakMode {};
-    bool isBold { false };
+    TextSetting setting;
     friend bool operator==(PlainText const&, PlainText const&) = default;
 };
 
@@ -56,11 +59,20 @@ Ref<NSAttributedString> dressed(NSAttributedString const& plain, NSFont* cellFon
 
 struct SelectedTexts::Entries {
     struct Entry {
+        std::string text;
         Ref<NSFont> font;
-        Ref<NSAttributedString> plain; ///< has the key's text
+        TextSetting setting;
         Ref<NSAttributedString> dressed;
+
+        PlainText key() const { return { text, font.get(), setting }; }
     };
-    std::unordered_map<PlainText, Entry, PlainTextHash> places;
+    RecentlyUsed<Entry, PlainTextHash> texts;
+
+    void shrinkTo(std::size_t count)
+    {
+        while (texts.size() > count)
+            texts.dropOldest();
+    }
 };
 
 SelectedTexts::SelectedTexts() = default;
@@ -68,7 +80,14 @@ SelectedTexts::~SelectedTexts() = default;
 
 std::size_t SelectedTexts::count() const
 {
-    return m_entries ? m_entries->places.size() : 0;
+    return m_entries ? m_entries->texts.size() : 0;
+}
+
+void SelectedTexts::keepAtMost(std::size_t count)
+{
+    m_largestCount = count;
+    if (m_entries)
+        m_entries->shrinkTo(count);
 }
 
 Ref<NSAttributedString> SelectedTexts::textOf(NSTextFieldCell const& cell)
@@ -83,21 +102,16 @@ Ref<NSAttributedString> SelectedTexts::textOf(NSTextFieldCell const& cell)
     }
     if (!m_entries)
         m_entries = std::make_unique<Entries>();
-    auto& places = m_entries->places;
-    PlainText key { *text, cell.font(), cell.alignment(), cell.lineBreakMode(), isBold };
-    if (auto const found = places.find(key); found != places.end())
-        return found->second.dressed;
-    if (places.size() >= largestCount)
-        places.clear();
+    auto& texts = m_entries->texts;
+    TextSetting const setting { cell.alignment(), cell.lineBreakMode(), isBold };
+    if (auto const* const found = texts.find({ *text, cell.font(), setting }))
+        return found->dressed;
     auto const plain = cell.attributedStringValue();
     if (!plain || plain->length() == 0)
         return nullptr;
-    auto const made = dressed(*plain, cell.font(), isBold);
-    auto const kept = make<NSAttributedString>(*text);
-    if (kept->string() != *text)
-        return made; // bytes that are no text
-    key.text = kept->string();
-    places.emplace(key, Entries::Entry { cell.font(), kept, made });
+    auto made = dressed(*plain, cell.font(), isBold);
+    texts.add({ *text, Ref<NSFont>(cell.font()), setting, made });
+    m_entries->shrinkTo(m_largestCount);
     return made;
 }
 

@@ -266,12 +266,20 @@ template <typename Platform> HighlightPaint StyledTable<Platform>::highlightPain
 template <typename Platform> void StyledTable<Platform>::highlightSelectionInClipRect(Rect clipRect)
 {
     Ref<StyledTable> const protector(this);
+    keepTextsOfSeenRows();
     auto const rows = this->rowsInRect(clipRect);
     long row = this->selectedRowIndexes().indexGreaterThanIndex(rows.location - 1);
     while (row != NSNotFound && row < rows.end()) {
         drawSelectedRow(row);
         row = this->selectedRowIndexes().indexGreaterThanIndex(row);
     }
+}
+
+// And as many again, for scrolling to and fro.
+template <typename Platform> void StyledTable<Platform>::keepTextsOfSeenRows()
+{
+    auto const seenCells = this->rowsInRect(this->visibleRect()).length * this->numberOfColumns();
+    m_selectedTexts.keepAtMost(static_cast<std::size_t>(2 * seenCells));
 }
 
 template <typename Platform> void StyledTable<Platform>::drawSelectedRow(long row)

@@ -109,6 +109,7 @@ protected:
 private:
     void setUp();
     void installHeader();
+    void keepTextsOfSeenRows();
     void drawSelectedRow(long row);
     void drawCellOfRow(long column, long row, ColumnPlace);
     HighlightPaint highlightPaint();

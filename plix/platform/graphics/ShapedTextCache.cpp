@@ -82,29 +82,23 @@ SetBlock const& ShapedTextCache::block(std::string_view text, std::span<StyleSpa
     m_key.append(reinterpret_cast<char const*>(&width), sizeof width);
     appendSettingKey(m_key, spans);
     m_key.append(text);
-    auto const found = m_places.find(m_key);
-    if (found != m_places.end()) {
+    if (auto const* const found = m_entries.find(m_key)) {
         ++m_counts.hits;
-        m_entries.splice(m_entries.begin(), m_entries, found->second);
-        return found->second->block;
+        return found->block;
     }
     ++m_counts.misses;
-    m_entries.push_front({ m_key, setBlock(text, spans, width), 0 });
-    auto& entry = m_entries.front();
-    entry.memory = sizeof entry + entry.key.capacity() + entry.block.memory();
+    auto& entry = m_entries.add({ m_key, setBlock(text, spans, width), 0 });
+    entry.memory = sizeof entry + entry.setting.capacity() + entry.block.memory();
     m_memory += entry.memory;
-    m_places.emplace(entry.key, m_entries.begin());
     shrink();
-    return m_entries.front().block;
+    return entry.block;
 }
 
 void ShapedTextCache::shrink()
 {
     while (m_memory > m_largestMemory && m_entries.size() > fewestEntries) {
-        auto const& oldest = m_entries.back();
-        m_places.erase(oldest.key);
-        m_memory -= oldest.memory;
-        m_entries.pop_back();
+        m_memory -= m_entries.oldest().memory;
+        m_entries.dropOldest();
     }
 }
 
@@ -116,7 +110,6 @@ void ShapedTextCache::setLargestMemory(std::size_t bytes)
 
 void ShapedTextCache::clear()
 {
-    m_places.clear();
     m_entries.clear();
     m_memory = 0;
 }

@@ -1,17 +1,16 @@
 #pragma once
 
+#include <plix/platform/base/RecentlyUsed.h>
 #include <plix/platform/graphics/geometry.h>
 #include <plix/platform/graphics/set_text.h>
 #include <plix/platform/graphics/text_placement.h>
 #include <plix/platform/graphics/text_style.h>
 
 #include <cstddef>
-#include <list>
 #include <memory>
 #include <span>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 // Private to plix/platform/graphics.
@@ -56,16 +55,16 @@ public:
 
 private:
     struct Entry {
-        std::string key;
+        std::string setting; ///< the width, the styles and the text
         SetBlock block;
         std::size_t memory { 0 };
+
+        std::string_view key() const { return setting; }
     };
-    using Entries = std::list<Entry>;
 
     void shrink();
 
-    Entries m_entries; ///< the most recently used first
-    std::unordered_map<std::string_view, Entries::iterator> m_places; ///< the keys are the entries'
+    RecentlyUsed<Entry> m_entries;
     std::string m_key;
     std::size_t m_memory { 0 };
     std::size_t m_largestMemory { 8U << 20U };
