@@ -237,7 +237,7 @@ Ref<NSView> makeNSModalSessionPage()
     auto const half = make<NSProgressIndicator>(Rect {});
     half->setDoubleValue(50);
     form->addRow("Its panel", { picture(countingPanel(*half)) });
-    form->addRow("Count", { pushButton("To a Hundred", [countingPanel, page = form.get()] {
+    form->addRow("Count", { pushButton("To a Hundred", [countingPanel, page = Weak<Form>(form)] {
         auto const bar = make<NSProgressIndicator>(Rect {});
         auto const panel = countingPanel(*bar);
         panel->center();
@@ -250,7 +250,8 @@ Ref<NSView> makeNSModalSessionPage()
         NSApp->endModalSession(*session);
         tick->invalidate();
         panel->close();
-        page->setStatus("Counted to " + std::to_string(std::lround(bar->doubleValue())));
+        if (page)
+            page->setStatus("Counted to " + std::to_string(std::lround(bar->doubleValue())));
     }) });
     form->addNote("Each step of the session handles what waits and answers; meanwhile events of other windows are held back.");
     form->addStatus("Start, and stop it before it is done.");
@@ -434,7 +435,9 @@ Ref<NSView> makeTQAlertPage()
         return make<TQAlert>("Save", "Save the changes to “Score for winds”?", "Changes that are not saved are lost.",
             icon(Icon::warning, 64), "Save", "Cancel", "Don’t Save");
     };
-    auto const tell = [page = form.get()](int tag) {
+    auto const tell = [page = Weak<Form>(form)](int tag) {
+        if (!page)
+            return; // it was closed while the alert was open
         page->setStatus(tag == 1 ? "Save" : tag == 0 ? "Cancel" : tag == -1 ? "Don’t Save" : "The window was closed.");
     };
     form->addView(picture(Ref<NSWindow>(alert()->window())));
@@ -464,9 +467,11 @@ Ref<NSView> makeTQDateRangePanelPage()
         return made;
     };
     form->addView(picture(panel()));
-    form->addRow("", { pushButton("Enter Dates", [panel, page = form.get()] {
+    form->addRow("", { pushButton("Enter Dates", [panel, page = Weak<Form>(form)] {
         auto const asking = panel();
         asking->run();
+        if (!page)
+            return;
         page->setStatus("From " + asking->fromDate().descriptionWithCalendarFormat("%Y-%m-%d") + " to "
             + asking->toDate().descriptionWithCalendarFormat("%Y-%m-%d"));
     }) });
