@@ -14,6 +14,17 @@
 
 namespace plix {
 
+namespace {
+
+// The part of a range that a text of that length has; an empty one at its end for what lies behind it.
+NSRange rangeWithin(NSRange range, long length)
+{
+    long const location = std::min(range.location, length);
+    return { location, std::min(range.length, length - location) };
+}
+
+}
+
 void describeEditing(ClassDescription<NSTextView>& description)
 {
     description.action("deleteBackward:", &NSTextView::deleteBackward)
@@ -87,8 +98,7 @@ bool NSTextView::change(NSRange range, std::string_view text, Kind kind, char co
     if ((range.length == 0 && added.empty()) || !shouldChangeTextInRange(range, added))
         return false;
     // Whoever was asked may have edited.
-    range.location = std::min(range.location, length());
-    range.length = std::min(range.length, length() - range.location);
+    range = rangeWithin(range, length());
     long const addedLength = utf16Length(added);
     recordUndo(range, addedLength, kind, actionName);
     replace(range, *make<NSAttributedString>(added, m_typingAttributes), { range.location + addedLength, 0 });
@@ -364,7 +374,8 @@ void NSTextView::doCommandBySelector(Selector command)
 
 NSRange NSTextView::markedRange() const
 {
-    return m_marked ? m_marked->range : NSRange { NSNotFound, 0 };
+    // The text may have been edited by anybody.
+    return m_marked ? rangeWithin(m_marked->range, length()) : NSRange { NSNotFound, 0 };
 }
 
 // Shown, but not entered yet: nobody is asked, and there is nothing to undo.
@@ -381,7 +392,7 @@ bool NSTextView::setMarkedText(std::string_view text, NSRange selected)
     auto attributes = m_typingAttributes;
     attributes[NSUnderlineStyleAttributeName] = static_cast<int>(NSUnderlineStyleSingle);
     auto const marked = make<NSAttributedString>(shown, attributes);
-    auto const range = m_marked ? m_marked->range : selectedRange();
+    auto const range = m_marked ? markedRange() : selectedRange();
     if (!m_marked)
         m_marked = Marked { range, m_storage->attributedSubstringFromRange(range) };
     m_marked->range = { range.location, marked->length() };
@@ -395,19 +406,17 @@ void NSTextView::removeMarkedText()
 {
     if (!m_marked)
         return;
-    auto const marked = std::move(*m_marked);
+    auto const range = markedRange();
+    auto const replaced = std::move(m_marked->replaced);
     m_marked.reset();
-    NSRange const range = NSIntersectionRange(marked.range, { 0, length() });
-    replace(range, *marked.replaced, { range.location, marked.replaced->length() });
+    replace(range, *replaced, { range.location, replaced->length() });
 }
 
 void NSTextView::unmarkText()
 {
     if (!m_marked)
         return;
-    // The storage may have been edited by anybody.
-    auto const marked = NSIntersectionRange(m_marked->range, { 0, length() });
-    auto const text = m_storage->attributedSubstringFromRange(marked)->string();
+    auto const text = m_storage->attributedSubstringFromRange(markedRange())->string();
     insertText(text);
 }
 

@@ -620,5 +620,21 @@ TEST_F(NSTextViewChanges, AClickEndsWhatIsMarkedThoughItsTextIsGone)
     EXPECT_EQ(view->string().substr(0, 4), "none");
 }
 
+TEST_F(NSTextViewChanges, MarksAnewAtTheEndWhereTheMarkedTextIsGone)
+{
+    view->setString("some text");
+    view->setSelectedRange({ 9, 0 });
+    ASSERT_TRUE(view->setMarkedText("marked", { 6, 0 }));
+    view->textStorage()->replaceCharactersInRange({ 0, 15 }, *make<NSAttributedString>("none"));
+    EXPECT_EQ(view->markedRange(), (NSRange { 4, 0 }));
+    ASSERT_TRUE(view->setMarkedText("new", { 3, 0 }));
+    EXPECT_EQ(view->string(), "nonenew");
+    EXPECT_EQ(view->markedRange(), (NSRange { 4, 3 }));
+    view->textStorage()->replaceCharactersInRange({ 2, 5 }, *make<NSAttributedString>(""));
+    ASSERT_TRUE(view->setMarkedText("", {}));
+    EXPECT_FALSE(view->hasMarkedText());
+    EXPECT_EQ(view->string(), "no");
+}
+
 }
 }
