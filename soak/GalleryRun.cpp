@@ -28,8 +28,9 @@ constexpr int leavingSteps = 400;
 constexpr int restingSteps = 30;
 constexpr double restingStep = 0.5;
 constexpr int mostSpeakingSteps = 10000;
-/// Objects that caches may have taken in between two chapters of the same page.
-constexpr std::size_t cachedObjects = 600;
+/// Objects that caches may have taken in since: 1024 backgrounds of windows, 128 results of drawing and 64 files, each an image
+/// with a representation, and 256 pictures of the theme.
+constexpr std::size_t cachedObjects = 2 * (1024 + 128 + 64) + 256;
 constexpr std::size_t chaptersToWarmUp = 3;
 constexpr std::size_t toldEvents = 50;
 
