@@ -16,6 +16,8 @@ function(plix_add_embedding name library)
         plix_add_tests(embed_${name} plix::plix ${PROJECT_SOURCE_DIR}/tests/embedding/${name}_*_test.cpp)
         target_sources(test_embed_${name} PRIVATE embed_${name}/${name}_translation.cpp)
         target_link_libraries(test_embed_${name} PRIVATE ${library})
+        # Toolkits ask for position-independent code of their own kind, which what is precompiled does not agree with.
+        set_target_properties(test_embed_${name} PROPERTIES DISABLE_PRECOMPILE_HEADERS ON)
     endif()
     if(TARGET test_desktop)
         add_executable(desktop_embed_${name} ${embedding_tests}/${name}_program.cpp)
