@@ -2,6 +2,7 @@
 
 #include <gdk/x11/gdkx.h>
 
+#include <algorithm>
 #include <cmath>
 
 // Xlib makes a number of it.
@@ -88,8 +89,8 @@ std::vector<plix::HostScreen> screens()
 int buttonFrom(unsigned button)
 {
     constexpr int first[] = { 0, 0, 2, 1 };
-    // Behind the three, four of the wheel were counted once.
-    return button < std::size(first) ? first[button] : static_cast<int>(button) - 5;
+    // Behind the three, four of the wheel were counted once, which come as no buttons now.
+    return button < std::size(first) ? first[button] : static_cast<int>(std::max(button, 8U)) - 5;
 }
 
 std::uint32_t buttonsFrom(GdkModifierType state)

@@ -1,5 +1,6 @@
 #include <plix/drawing/shared_results.h>
 
+#include <plix/platform/base/hash_of.h>
 #include <plix/platform/graphics/NSBitmapImageRep.h>
 #include <plix/platform/graphics/NSImage.h>
 #include <plix/platform/graphics/recent_cache.h>
@@ -10,6 +11,13 @@ namespace {
 
 constexpr std::size_t mostResults = 128;
 constexpr std::size_t mostBytes = 24U * 1024 * 1024;
+
+struct SharedKeyHash {
+    std::size_t operator()(SharedKey const& key) const
+    {
+        return hashOf(key.operation, key.stamps[0], key.stamps[1], key.parameters.width, key.parameters.height);
+    }
+};
 
 std::size_t bytesOf(NSImage const& image)
 {
@@ -34,7 +42,7 @@ void SharedKey::addStamp(std::uint64_t stamp)
 
 Ref<NSImage> sharedResult(SharedKey key, FunctionRef<Ref<NSImage>()> makeImage)
 {
-    static auto& s_results = *new RecentCache<SharedKey, Ref<NSImage>>(mostResults, mostBytes);
+    static auto& s_results = *new RecentCache<SharedKey, Ref<NSImage>, SharedKeyHash>(mostResults, mostBytes);
     key.scale = NSImage::backingScaleForDrawing();
     if (auto const* earlier = s_results.find(key))
         return (*earlier)->copy();

@@ -3,6 +3,7 @@
 #include <plix/format/attributed_string_additions.h>
 #include <plix/platform/appkit/NSTextFieldCell.h>
 #include <plix/platform/base/RecentlyUsed.h>
+#include <plix/platform/base/hash_of.h>
 #include <plix/platform/graphics/NSColor.h>
 #include <plix/platform/graphics/NSFont.h>
 #include <plix/platform/graphics/NSMutableAttributedString.h>
@@ -10,7 +11,6 @@
 #include <plix/tables/row_cells.h>
 #include <plix/tables/table_shadows.h>
 
-#include <functional>
 #include <string>
 #include <string_view>
 
@@ -34,10 +34,7 @@ struct PlainText {
 };
 
 struct PlainTextHash {
-    std::size_t operator()(PlainText const& plain) const
-    {
-        return std::hash<std::string_view> {}(plain.text) ^ std::hash<NSFont const*> {}(plain.font);
-    }
+    std::size_t operator()(PlainText const& plain) const { return hashOf(plain.text, plain.font); }
 };
 
 /// White, with the shadow, and bold where that is wanted.

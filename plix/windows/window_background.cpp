@@ -1,6 +1,7 @@
 #include <plix/windows/window_background.h>
 
 #include <plix/platform/base/FunctionRef.h>
+#include <plix/platform/base/hash_of.h>
 #include <plix/platform/graphics/FocusLock.h>
 #include <plix/platform/graphics/NSBitmapImageRep.h>
 #include <plix/platform/graphics/NSImage.h>
@@ -27,7 +28,10 @@ struct BackgroundKey {
     float scale;
     friend bool operator==(BackgroundKey const&, BackgroundKey const&) = default;
 };
-using BackgroundCache = RecentCache<BackgroundKey, Ref<NSImage>>;
+struct BackgroundKeyHash {
+    std::size_t operator()(BackgroundKey const& key) const { return hashOf(key.stamp, key.mode, key.size.width, key.size.height); }
+};
+using BackgroundCache = RecentCache<BackgroundKey, Ref<NSImage>, BackgroundKeyHash>;
 
 std::size_t bytesOf(Size size, float scale)
 {

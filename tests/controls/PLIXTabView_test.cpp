@@ -92,6 +92,16 @@ protected:
             made->addSubview(*make<CountingView>(frame));
         return made;
     }
+    /// A pane that is shown, with a field in it that has the keyboard.
+    void showPaneWithField()
+    {
+        shownPane = pane({ { 0, 0, 10, 30 } });
+        field = make<NSTextField>(Rect { 20, 20, 80, 22 });
+        shownPane->addSubview(*field);
+        add<NSTabViewItem>("first", shownPane);
+        tabs->selectTabViewItemAtIndex(1);
+        window->makeFirstResponder(field.get());
+    }
     Ref<PLIXTabViewItem> addCustom(Size size)
     {
         auto const item = add<PLIXTabViewItem>("custom", nullptr);
@@ -111,6 +121,8 @@ protected:
     Ref<PLIXTabView> tabs;
     Ref<FittingDelegate> delegate;
     Ref<CountingView> custom;
+    Ref<CountingView> shownPane;
+    Ref<NSTextField> field;
     Rect before;
     Size chrome;
 };
@@ -621,7 +633,7 @@ TEST_F(FittingTest, WhoHasTheKeyboardKeepsItWhenThePaneIsFitted)
 {
     auto const view = pane({ { 0, 0, 10, 30 } });
     auto const other = make<NSTextField>(Rect { 20, 60, 80, 22 });
-    auto const field = make<NSTextField>(Rect { 20, 20, 80, 22 });
+    field = make<NSTextField>(Rect { 20, 20, 80, 22 });
     view->addSubview(*other);
     view->addSubview(*field);
     add<NSTabViewItem>("first", view);
@@ -655,14 +667,9 @@ PLIX_DESCRIBE(FieldEndDelegate)
 
 TEST_F(FittingTest, AWindowThatMovesWhenEditingEndsStaysThere)
 {
-    auto const view = pane({ { 0, 0, 10, 30 } });
-    auto const field = make<NSTextField>(Rect { 20, 20, 80, 22 });
-    view->addSubview(*field);
-    add<NSTabViewItem>("first", view);
-    tabs->selectTabViewItemAtIndex(1);
+    showPaneWithField();
     auto const ending = make<FieldEndDelegate>();
     field->setDelegate(ending);
-    window->makeFirstResponder(field.get());
     auto const moved = NSOffsetRect(window->frame(), -40, 0);
     ending->whenEnded = [&] { window->setFrameOrigin(moved.origin()); };
     tabs->resizeToFitContent();
@@ -671,13 +678,8 @@ TEST_F(FittingTest, AWindowThatMovesWhenEditingEndsStaysThere)
 
 TEST_F(FittingTest, WhoTookTheKeyboardMeanwhileKeepsIt)
 {
-    auto const view = pane({ { 0, 0, 10, 30 } });
-    auto const field = make<NSTextField>(Rect { 20, 20, 80, 22 });
-    view->addSubview(*field);
-    add<NSTabViewItem>("first", view);
-    tabs->selectTabViewItemAtIndex(1);
-    window->makeFirstResponder(field.get());
-    view->addSubview(*make<CountingView>(Rect { 0, 0, 10, 90 }));
+    showPaneWithField();
+    shownPane->addSubview(*make<CountingView>(Rect { 0, 0, 10, 90 }));
     delegate->whenResized = [&] { window->makeFirstResponder(tabs.get()); };
     tabs->resizeToFitContent();
     EXPECT_EQ(window->firstResponder(), tabs.get());
@@ -685,13 +687,8 @@ TEST_F(FittingTest, WhoTookTheKeyboardMeanwhileKeepsIt)
 
 TEST_F(FittingTest, WhoWasHiddenMeanwhileDoesNotGetTheKeyboardBack)
 {
-    auto const view = pane({ { 0, 0, 10, 30 } });
-    auto const field = make<NSTextField>(Rect { 20, 20, 80, 22 });
-    view->addSubview(*field);
-    add<NSTabViewItem>("first", view);
-    tabs->selectTabViewItemAtIndex(1);
-    window->makeFirstResponder(field.get());
-    view->addSubview(*make<CountingView>(Rect { 0, 0, 10, 90 }));
+    showPaneWithField();
+    shownPane->addSubview(*make<CountingView>(Rect { 0, 0, 10, 90 }));
     delegate->whenResized = [&] { field->setHidden(true); };
     tabs->resizeToFitContent();
     EXPECT_FALSE(field->currentEditor());

@@ -20,6 +20,8 @@ TEST(GTKTranslation, ButtonsAreCountedFromTheLeftOne)
     EXPECT_EQ(buttonFrom(1), 0);
     EXPECT_EQ(buttonFrom(3), 1);
     EXPECT_EQ(buttonFrom(2), 2);
+    EXPECT_EQ(buttonFrom(4), 3);
+    EXPECT_EQ(buttonFrom(7), 3);
     EXPECT_EQ(buttonFrom(8), 3);
     EXPECT_EQ(buttonFrom(9), 4);
     EXPECT_EQ(buttonsFrom(stateOf(0)), 0U);

@@ -1,8 +1,7 @@
 #include "failing_calls.h"
 
-#include <plix/platform/foundation/NSRunLoop.h>
-#include <plix/platform/foundation/NSTimer.h>
 #include <tests/support/SoundServiceTest.h>
+#include <tests/support/run_until.h>
 #include <tests/support/sound_files.h>
 
 #include <gmock/gmock.h>
@@ -16,17 +15,6 @@ namespace {
 
 using testing::AnyOf;
 using testing::ElementsAre;
-
-/// Turns the run loop until the condition holds; a bound, not a pause.
-bool runUntil(std::function<bool()> const& condition, double seconds = 20)
-{
-    auto const looking = NSTimer::scheduledTimerWithTimeInterval(
-        0.01, [](NSTimer&) {}, true);
-    bool const holds
-        = NSRunLoop::currentRunLoop().runUntil(condition, NSDefaultRunLoopMode, NSDate::dateWithTimeIntervalSinceNow(seconds));
-    looking->invalidate();
-    return holds;
-}
 
 struct FailingCase {
     Call call;

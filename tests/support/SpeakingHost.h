@@ -1,9 +1,9 @@
 #pragma once
 
-#include <plix/platform/foundation/NSRunLoop.h>
 #include <plix/platform/host/desktop/DispatcherSpeech.h>
 #include <plix/platform/host/headless/HeadlessHost.h>
 #include <tests/support/SpeechServer.h>
+#include <tests/support/run_until.h>
 
 #include <functional>
 #include <string>
@@ -42,14 +42,10 @@ inline DispatcherOptions optionsFor(std::string socketPath)
 /// Runs the loop until the condition holds, and has what is heard recorded meanwhile. False when that did not come in time.
 inline bool listenUntil(PulseRecorder& recorder, std::function<bool()> const& condition)
 {
-    constexpr NSTimeInterval moment = 0.02;
-    return waitUntil(
-        [&] {
-            NSRunLoop::currentRunLoop().runUntilDate(NSDate::dateWithTimeIntervalSinceNow(moment));
-            recorder.record(0);
-            return condition();
-        },
-        Seconds(20));
+    return runUntil([&] {
+        recorder.record(0);
+        return condition();
+    });
 }
 
 }

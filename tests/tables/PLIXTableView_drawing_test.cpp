@@ -15,8 +15,10 @@
 namespace plix {
 namespace {
 
+using testing::Each;
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::NotNull;
 
 /// Notes with what it is drawn.
 class NotingCell : public NSTextFieldCell {
@@ -340,6 +342,28 @@ TEST_F(TableDrawing, SelectedTextFollowsItsTextFontAndStyle)
     EXPECT_EQ(right->alignment(), NSRightTextAlignment);
     source->value = [](NSTableColumn&, long) { return ObjectValue("other"); };
     EXPECT_EQ(dressed()->string(), "other");
+}
+
+TEST_F(TableDrawing, TheTextsOfAllSelectedRowsInViewAreMadeOnce)
+{
+    table->setRowHeight(1);
+    table->setIntercellSpacing({ 3, 0 });
+    source->count = 100;
+    table->reloadData();
+    table->selectAll(nullptr);
+    pump();
+    auto const drawnTexts = [&] {
+        std::vector<Ref<NSAttributedString>> texts;
+        for (long row = 0; row < source->count; ++row) {
+            drawRow(row);
+            for (auto const& column : table->tableColumns())
+                texts.push_back(column->dataCell()->objectValue().as<NSAttributedString>());
+        }
+        return texts;
+    };
+    auto const first = drawnTexts();
+    EXPECT_THAT(first, Each(NotNull()));
+    EXPECT_TRUE(drawnTexts() == first);
 }
 
 TEST_F(TableDrawing, OnOldSystemsSelectedTextKeepsItsWeight)

@@ -1,5 +1,6 @@
 #include <plix/platform/appkit/theme_pictures.h>
 
+#include <plix/platform/base/hash_of.h>
 #include <plix/platform/graphics/NSBitmapImageRep.h>
 #include <plix/platform/graphics/NSGraphicsContext.h>
 #include <plix/platform/graphics/recent_cache.h>
@@ -14,6 +15,14 @@ constexpr std::size_t mostPictures = 256;
 constexpr std::size_t mostBytes = 4U << 20U;
 /// Larger faces are rare and cost more to keep than to draw.
 constexpr float largestSide = 512;
+
+struct ThemePictureHash {
+    std::size_t operator()(ThemePicture const& picture) const
+    {
+        return hashOf(picture.kind, picture.variant, picture.face, picture.state, picture.size.width, picture.size.height,
+            picture.look.style, picture.look.isOn);
+    }
+};
 
 bool isWhole(double value)
 {
@@ -53,7 +62,7 @@ Ref<NSBitmapImageRep> newPicture(Size size, float scale, FunctionRef<void(Rect)>
 
 bool drawThemePicture(Rect rect, ThemePicture const& wanted, FunctionRef<void(Rect)> draw, std::span<Rect const> parts)
 {
-    static auto& s_pictures = *new RecentCache<ThemePicture, Ref<NSBitmapImageRep>>(mostPictures, mostBytes);
+    static auto& s_pictures = *new RecentCache<ThemePicture, Ref<NSBitmapImageRep>, ThemePictureHash>(mostPictures, mostBytes);
     auto const context = NSGraphicsContext::currentContext();
     if (!context || rect.isEmpty() || rect.width > largestSide || rect.height > largestSide || !isOnPixels(*context, rect))
         return false;

@@ -31,11 +31,13 @@ public:
         m_entries.splice(m_entries.begin(), m_entries, found->second);
         return &*found->second;
     }
-    /// As the most recently used. Another of that key must not be there.
+    /// As the most recently used. Another of that key must not be there. Nothing is added when this throws.
     Entry& add(Entry entry)
     {
-        m_entries.push_front(std::move(entry));
-        m_places.emplace(m_entries.front().key(), m_entries.begin());
+        std::list<Entry> made;
+        made.push_front(std::move(entry));
+        m_places.emplace(made.front().key(), made.begin());
+        m_entries.splice(m_entries.begin(), made);
         return m_entries.front();
     }
     /// The least recently used. There must be one.
@@ -44,6 +46,14 @@ public:
     {
         m_places.erase(m_entries.back().key());
         m_entries.pop_back();
+    }
+    /// One that find() or add() answered.
+    void drop(Entry const& entry)
+    {
+        auto const place = m_places.find(entry.key());
+        auto const dropped = place->second;
+        m_places.erase(place);
+        m_entries.erase(dropped);
     }
     void clear()
     {

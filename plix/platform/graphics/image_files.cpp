@@ -1,5 +1,6 @@
 #include <plix/platform/graphics/image_files.h>
 
+#include <plix/platform/base/hash_of.h>
 #include <plix/platform/foundation/file_bytes.h>
 #include <plix/platform/graphics/NSBitmapImageRep.h>
 #include <plix/platform/graphics/SVGImageRep.h>
@@ -36,6 +37,13 @@ struct FileVersion {
     friend bool operator==(FileVersion const&, FileVersion const&) = default;
 };
 
+struct FileVersionHash {
+    std::size_t operator()(FileVersion const& version) const
+    {
+        return hashOf(version.device, version.number, version.size, version.seconds, version.nanoseconds);
+    }
+};
+
 std::optional<FileVersion> versionOf(std::string const& path)
 {
     struct stat status { };
@@ -65,7 +73,7 @@ std::size_t bytesOf(Reps const& reps)
 /// Pixels are shared with an earlier decoding of the same unchanged file.
 Reps imageRepsOfFile(std::string const& path)
 {
-    static auto& s_decoded = *new RecentCache<FileVersion, Reps>(mostDecodedFiles, mostDecodedBytes);
+    static auto& s_decoded = *new RecentCache<FileVersion, Reps, FileVersionHash>(mostDecodedFiles, mostDecodedBytes);
     auto const version = versionOf(path);
     if (!version)
         return {};

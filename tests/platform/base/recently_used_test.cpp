@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <new>
 #include <string>
 #include <string_view>
 
@@ -52,6 +53,33 @@ TEST(RecentlyUsed, DropsInTheOrderOfTheLastUse)
     words.find("nobody");
     EXPECT_EQ(dropAll(words), "cdba");
     EXPECT_EQ(words.find("a"), nullptr);
+}
+
+TEST(RecentlyUsed, DropsOneOutOfTurn)
+{
+    RecentlyUsed<Word> words;
+    for (char const* text : { "a", "b", "c" })
+        words.add({ text });
+    words.drop(*words.find("b"));
+    EXPECT_EQ(words.find("b"), nullptr);
+    EXPECT_EQ(dropAll(words), "ac");
+}
+
+TEST(RecentlyUsed, AddsNothingWhenItThrows)
+{
+    struct RefusingHash {
+        std::size_t operator()(std::string_view text) const
+        {
+            if (text == "refused")
+                throw std::bad_alloc();
+            return text.size();
+        }
+    };
+    RecentlyUsed<Word, RefusingHash> words;
+    words.add({ "a" });
+    EXPECT_THROW(words.add({ "refused" }), std::bad_alloc);
+    EXPECT_EQ(words.size(), 1U);
+    EXPECT_EQ(words.oldest().text, "a");
 }
 
 TEST(RecentlyUsed, BeginsAnewOnceItIsEmpty)

@@ -33,7 +33,7 @@ constexpr auto betweenTries = 500ms;
 constexpr auto patienceAtEnd = 1s;
 
 /// "" for any.
-std::string_view namedDriver()
+std::string namedDriver()
 {
     char const* const named = std::getenv("SDL_AUDIODRIVER");
     return named ? named : "";
@@ -72,8 +72,8 @@ private:
 /// ALSA says on standard error that it has no card, so it is asked only where there is one.
 bool Driver::start()
 {
-    if (!namedDriver().empty())
-        return SDL_AudioInit(namedDriver().data()) == 0;
+    if (auto const named = namedDriver(); !named.empty())
+        return SDL_AudioInit(named.c_str()) == 0;
     return (!PulsePlayback::isAvailable() && SDL_AudioInit("pulseaudio") == 0) || SDL_AudioInit("pipewire") == 0
         || (hasSoundCard() && SDL_AudioInit("alsa") == 0);
 }
@@ -148,7 +148,8 @@ struct DeviceOutput::State {
     /// not to be had.
     bool playOnPulse()
     {
-        if (!PulsePlayback::isAvailable() || (!namedDriver().empty() && namedDriver() != "pulseaudio"))
+        auto const named = namedDriver();
+        if (!PulsePlayback::isAvailable() || (!named.empty() && named != "pulseaudio"))
             return false;
         PulsePlayback playback(fetch, applicationName);
         bool wasOpen = false;

@@ -2,8 +2,6 @@
 
 #include <plix/platform/host/embedding/EmbeddingDisplay.h>
 
-#include <algorithm>
-#include <cmath>
 #include <utility>
 
 namespace plix {

@@ -3,7 +3,6 @@
 #include <plix/platform/host/headless/HeadlessDisplay.h>
 
 #include <algorithm>
-#include <cmath>
 #include <utility>
 
 namespace plix {

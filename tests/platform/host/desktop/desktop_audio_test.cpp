@@ -1,9 +1,8 @@
 #include <tests/support/SoundServiceTest.h>
+#include <tests/support/run_until.h>
 #include <tests/support/sound_files.h>
 
 #include <plix/platform/base/clock.h>
-#include <plix/platform/foundation/NSRunLoop.h>
-#include <plix/platform/foundation/NSTimer.h>
 #include <plix/platform/host/desktop/SoundOutput.h>
 
 #include <gmock/gmock.h>
@@ -21,17 +20,6 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 constexpr double whole = 0.5 / std::numbers::sqrt2;
-
-/// Turns the run loop until the condition holds; a bound, not a pause.
-bool runUntil(std::function<bool()> const& condition, double seconds = 20)
-{
-    auto const looking = NSTimer::scheduledTimerWithTimeInterval(
-        0.01, [](NSTimer&) {}, true);
-    bool const holds
-        = NSRunLoop::currentRunLoop().runUntil(condition, NSDefaultRunLoopMode, NSDate::dateWithTimeIntervalSinceNow(seconds));
-    looking->invalidate();
-    return holds;
-}
 
 class DesktopAudioTest : public SoundServiceTest {
 protected:

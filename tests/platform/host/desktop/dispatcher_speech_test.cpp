@@ -4,6 +4,7 @@
 #include <plix/speech/PLIXSpeechSynthesizer.h>
 #include <tests/support/SpeakingHost.h>
 #include <tests/support/StandInService.h>
+#include <tests/support/run_until.h>
 
 #include <gmock/gmock.h>
 
@@ -25,18 +26,6 @@ using testing::Ge;
 using testing::Le;
 
 using Strings = ObjectValue::Array;
-
-/// Looks again and again, also at what the run loop knows nothing of.
-bool runUntil(std::function<bool()> const& condition, NSTimeInterval patience = 20)
-{
-    constexpr NSTimeInterval moment = 0.01;
-    return waitUntil(
-        [&] {
-            NSRunLoop::currentRunLoop().runUntilDate(NSDate::dateWithTimeIntervalSinceNow(moment));
-            return condition();
-        },
-        Seconds(patience));
-}
 
 void runFor(NSTimeInterval seconds)
 {
