@@ -145,7 +145,14 @@ int open(char const* path, int flags, ...)
 }
 
 // As programs that know of large files are compiled to call these.
-int open64(char const* path, int flags, ...) __attribute__((alias("open"), nothrow));
+int open64(char const* path, int flags, ...)
+{
+    std::va_list arguments;
+    va_start(arguments, flags);
+    auto const mode = va_arg(arguments, unsigned);
+    va_end(arguments);
+    return openOrFail(path, flags, mode);
+}
 
 void* mmap64(void* place, std::size_t size, int protection, int flags, int file, off_t offset)
 {
