@@ -25,6 +25,7 @@ bool WindowCopy::init(Ref<NSWindow> const& window, Point origin)
     if (!NSView::init(Rect { origin.x, origin.y, size.width + 2 * rim, size.height + 2 * rim }))
         return false;
     m_window = window;
+    setAppearance(window->effectiveAppearance());
     window->setContentView(nullptr);
     content->setFrameOrigin({ rim, rim });
     addSubview(*content);

@@ -3,6 +3,8 @@
 #include "Transcript.h"
 #include "page_parts.h"
 
+#include <plix/platform/appkit/NSButton.h>
+#include <plix/platform/appkit/NSTextField.h>
 #include <plix/platform/graphics/CGColorSpace.h>
 #include <plix/platform/graphics/CGFunction.h>
 #include <plix/platform/graphics/CGShading.h>
@@ -321,6 +323,27 @@ Ref<NSView> makeNSColorPage()
         transcript);
 }
 
+/// A ground with a few controls on it, in an appearance of its own.
+Ref<NSView> controlsIn(Appearance appearance, std::string_view caption)
+{
+    auto const ground = make<Canvas>(Size { 254, 104 }, [](Rect bounds) {
+        NSColor::windowBackgroundColor()->set();
+        NSRectFill(bounds);
+    });
+    ground->setAppearance(appearance);
+    auto const field = textField("A field", 100);
+    field->setFrameOrigin({ 16, 66 });
+    auto const box = checkBox("A switch");
+    box->setState(NSOnState);
+    box->setFrameOrigin({ 130, 67 });
+    auto const button = pushButton("A Button");
+    button->setFrameOrigin({ 16, 16 });
+    for (NSView* control :
+        { static_cast<NSView*>(field.get()), static_cast<NSView*>(box.get()), static_cast<NSView*>(button.get()) })
+        ground->addSubview(*control);
+    return captioned(caption, ground);
+}
+
 Ref<NSView> makeAppearancePage()
 {
     auto const transcript = make<Transcript>();
@@ -336,7 +359,9 @@ Ref<NSView> makeAppearancePage()
     }
     setCurrentAppearance(before);
     transcript->addNote("Named system colours follow the appearance; others stay as they are.");
-    return transcript;
+    return tiledPage({ controlsIn(Appearance::light, "setAppearance(Appearance::light)"),
+                         controlsIn(Appearance::dark, "setAppearance(Appearance::dark)") },
+        transcript);
 }
 
 // MARK: contexts

@@ -219,6 +219,7 @@ Ref<NSView> still(Ref<NSView> const& view)
 Ref<NSView> onLightGround(Ref<NSView> const& view, float width)
 {
     auto ground = make<EngravedGround>(Rect { 0, 0, width, view->frame().height + 12 }, plainGround);
+    ground->setAppearance(Appearance::light);
     view->setFrameOrigin({ 8, 6 });
     ground->addSubview(*view);
     return ground;

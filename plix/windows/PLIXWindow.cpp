@@ -159,6 +159,13 @@ void PLIXWindow::orderFront2(NSObject*)
     backgroundFollowsWidth();
 }
 
+Appearance PLIXWindow::effectiveAppearance() const
+{
+    auto const* const background = backgroundColor();
+    bool const hasImage = background && background->patternImage();
+    return hasImage ? appearance().value_or(Appearance::light) : NSWindow::effectiveAppearance();
+}
+
 // Resize indicator.
 
 Ref<NSImageView> PLIXWindow::initResizeIndicatorView()

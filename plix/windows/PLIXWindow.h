@@ -63,6 +63,10 @@ public:
     /// Of the window's own indicator, which it has at first; the platform's stays off, and showsResizeIndicator() answers for that.
     void setShowsResizeIndicator(bool) override;
 
+    /// Light while the background is an image: what stands on it is drawn for a light ground, engraved labels above all. A host
+    /// whose image is dark sets another.
+    Appearance effectiveAppearance() const override;
+
     /// Whether the window takes events while another one is modal. False at first.
     bool worksWhenModal() const override { return m_worksWhenModal; }
     virtual void setWorksWhenModal(bool works) { m_worksWhenModal = works; }

@@ -1,6 +1,7 @@
 #include <examples/embed_qt/qt_translation.h>
 #include <plix/hosting.h>
 
+#include <QtGui/QInputDevice>
 #include <QtGui/QKeyEvent>
 #include <QtGui/QPointingDevice>
 #include <QtGui/QWheelEvent>
@@ -63,8 +64,11 @@ TEST(QtTranslation, TheCharacterOfAKeyIsItsTextOrElseItsLetter)
         { Qt::Key_Left, Qt::NoModifier, "", 0 },
         { Qt::Key_Escape, Qt::NoModifier, "\x1B", 0 },
     };
+    // Qt would make one that it keeps.
+    QInputDevice const keyboard;
     for (auto const& each : cases) {
-        QKeyEvent const event(QEvent::KeyPress, each.code, each.modifiers, 38, 0x61, 0, QString::fromUtf8(each.text), true);
+        QKeyEvent const event(
+            QEvent::KeyPress, each.code, each.modifiers, 38, 0x61, 0, QString::fromUtf8(each.text), true, 1, &keyboard);
         auto const key = keyFrom(event);
         EXPECT_EQ(key.character, each.character) << each.code;
         EXPECT_EQ(key.text, each.text) << each.code;

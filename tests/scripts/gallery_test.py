@@ -6,6 +6,7 @@ import docs
 
 # Public, and without a page.
 EXCEPTIONS = {
+    "AppearanceScope": "a guard, used by those who draw outside of views",
     "CGFunctionCallbacks": "the function that a CGFunction calls, shown there",
     "CurrentContext": "a guard, used by those who draw into bitmaps",
     "NSFileAttributes": "what NSFileManager answers, shown there",

@@ -17,6 +17,7 @@
 #include <plix/platform/graphics/NSColor.h>
 #include <plix/platform/graphics/NSGraphics.h>
 #include <plix/platform/graphics/NSImage.h>
+#include <plix/platform/graphics/appearance.h>
 #include <plix/windows/PLIXWindow.h>
 #include <plix/windows/background_plan.h>
 #include <plix/windows/classes.h>
@@ -112,6 +113,24 @@ TEST_F(PLIXWindowTest, ComposesThePatternForItsFrame)
         EXPECT_EQ(patternOf(*window)->size(), (Size { 10, row.height }));
         EXPECT_EQ(rowAt(*window, row.y), row.expected) << row.height << " " << row.y;
     }
+}
+
+TEST_F(PLIXWindowTest, IsLightWhileItsBackgroundIsAPicture)
+{
+    setCurrentAppearance(Appearance::dark);
+    auto const window = windowOfHeight(300);
+    EXPECT_EQ(window->effectiveAppearance(), Appearance::light);
+    EXPECT_EQ(window->contentView()->effectiveAppearance(), Appearance::light);
+    window->setAppearance(Appearance::dark);
+    EXPECT_EQ(window->effectiveAppearance(), Appearance::dark);
+    window->setAppearance(std::nullopt);
+    window->setBackgroundMode(PLIXBackgroundNone);
+    EXPECT_EQ(window->effectiveAppearance(), Appearance::dark);
+    {
+        SystemVersion const later(0x1050);
+        EXPECT_EQ(windowOfHeight(300)->effectiveAppearance(), Appearance::dark);
+    }
+    setCurrentAppearance(Appearance::light);
 }
 
 TEST_F(PLIXWindowTest, StretchesTheUpperHalfInModeTwo)

@@ -319,6 +319,31 @@ NSScrollView* NSView::enclosingScrollView() const
 
 // Hidden.
 
+std::optional<Appearance> NSView::appearance() const
+{
+    if (!m_flags.hasAppearance)
+        return std::nullopt;
+    return m_flags.isDark ? Appearance::dark : Appearance::light;
+}
+
+void NSView::setAppearance(std::optional<Appearance> appearance)
+{
+    if (appearance == this->appearance())
+        return;
+    m_flags.hasAppearance = appearance.has_value();
+    m_flags.isDark = appearance == Appearance::dark;
+    setNeedsDisplay(true);
+}
+
+Appearance NSView::effectiveAppearance() const
+{
+    if (m_flags.hasAppearance)
+        return m_flags.isDark ? Appearance::dark : Appearance::light;
+    if (m_superview)
+        return m_superview->effectiveAppearance();
+    return m_window ? m_window->effectiveAppearance() : currentAppearance();
+}
+
 void NSView::setHidden(bool hidden)
 {
     if (m_flags.isHidden == hidden)

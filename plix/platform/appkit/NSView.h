@@ -5,11 +5,13 @@
 #include <plix/platform/appkit/drag_operation.h>
 #include <plix/platform/appkit/view_geometry.h>
 #include <plix/platform/base/Badge.h>
+#include <plix/platform/graphics/appearance.h>
 #include <plix/platform/graphics/geometry.h>
 #include <plix/platform/graphics/region.h>
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 
@@ -121,6 +123,13 @@ public:
     bool isHiddenOrHasHiddenAncestor() const;
     virtual void viewDidHide() { }
     virtual void viewDidUnhide() { }
+
+    // Appearance: of the view and its subviews, whatever that of the process is. Without one of its own at first: as the superview
+    // has it, or the window. It is not archived.
+    std::optional<Appearance> appearance() const;
+    void setAppearance(std::optional<Appearance>);
+    /// With which the view is drawn.
+    Appearance effectiveAppearance() const;
 
     // Drawing.
     /// Draws the part of the view that lies in the rectangle, in the view's coordinates: origin and clip are set.
@@ -275,6 +284,8 @@ private:
         bool hasOwnBoundsSize : 1 { false };
         bool descendantNeedsDisplay : 1 { false };
         bool holdsFrameNotification : 1 { false };
+        bool hasAppearance : 1 { false };
+        bool isDark : 1 { false };
     };
 
     Extras& extras();

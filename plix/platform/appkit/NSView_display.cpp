@@ -21,6 +21,7 @@ constexpr float focusRingWidth = 4;
 struct LockedFocus {
     std::unique_ptr<CurrentContext> current;
     bool isOnStack;
+    std::unique_ptr<AppearanceScope> appearance;
 };
 
 std::vector<LockedFocus>& lockedFocuses()
@@ -121,7 +122,7 @@ NSView* NSView::focusView()
 
 void NSView::lockFocus(Badge<FocusLock> const&)
 {
-    LockedFocus locked { nullptr, false };
+    LockedFocus locked { nullptr, false, std::make_unique<AppearanceScope>(effectiveAppearance()) };
     if (auto const context = canDraw() ? m_window->internals().contextForDrawing() : nullptr) {
         locked.current = std::make_unique<CurrentContext>(context);
         locked.isOnStack = true;
@@ -174,6 +175,7 @@ void NSView::drawHierarchyInCurrentContext(Rect rect)
     if (!context)
         return;
     Rect const clipped = NSIntersectionRect(rect, m_bounds);
+    AppearanceScope const appearance(effectiveAppearance());
     if (!clipped.isEmpty())
         ViewDrawing(*context).drawContents(*this, { &clipped, 1 });
 }

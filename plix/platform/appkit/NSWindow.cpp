@@ -191,6 +191,24 @@ void NSWindow::setBackgroundColor(Ref<NSColor> const& color)
     m->contentView->setNeedsDisplay(true);
 }
 
+std::optional<Appearance> NSWindow::appearance() const
+{
+    return m->appearance;
+}
+
+void NSWindow::setAppearance(std::optional<Appearance> appearance)
+{
+    if (m->appearance == appearance)
+        return;
+    m->appearance = appearance;
+    m->contentView->setNeedsDisplay(true);
+}
+
+Appearance NSWindow::effectiveAppearance() const
+{
+    return m->appearance.value_or(processAppearance());
+}
+
 bool NSWindow::isOpaque() const
 {
     return m->isOpaque;

@@ -163,6 +163,11 @@ public:
     /// The colour behind the content, a pattern too; null for the platform's own.
     NSColor* backgroundColor() const;
     virtual void setBackgroundColor(Ref<NSColor> const&);
+    /// Of all that is drawn in the window, whatever that of the process is; none at first: as the process has it.
+    std::optional<Appearance> appearance() const;
+    void setAppearance(std::optional<Appearance>);
+    /// With which the window is drawn.
+    virtual Appearance effectiveAppearance() const;
     bool isOpaque() const;
     void setOpaque(bool);
     bool hasShadow() const;

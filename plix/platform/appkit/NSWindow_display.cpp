@@ -143,6 +143,7 @@ void NSWindow::Internals::drawRegion(Region const& region)
         return;
     isDrawing = true;
     {
+        AppearanceScope const scope(self.effectiveAppearance());
         CurrentContext const current(target);
         target->resetClip();
         target->setTransform({});

@@ -99,6 +99,7 @@ struct NSWindow::Internals final : HostWindowClient {
     std::optional<Point> moveStart;
 
     // Drawing.
+    std::optional<Appearance> appearance;
     bool needsDisplay { true };
     bool autodisplays { true };
     bool isDrawing { false };

@@ -158,7 +158,8 @@ void Theme::drawSplitDivider(Rect rect, bool isVertical, bool isPaneSplitter) co
 void Theme::drawProgressSlot(Rect rect, bool isBezeled) const
 {
     auto const draw = [&](Rect place) {
-        fillRounded(place, place.height / 2, *color(ThemeRole::scrollerEdge));
+        // Seen on every ground that text is readable on.
+        fillRounded(place, place.height / 2, *NSColor::controlTextColor()->colorWithAlphaComponent(0.1F));
         if (isBezeled)
             strokeRounded(place, place.height / 2, *color(ThemeRole::fieldBorder));
     };

@@ -150,6 +150,9 @@ void ViewDrawing::drawSubview(NSView& view, Run inSuperview)
 void ViewDrawing::drawInPlace(NSView& view, Run run)
 {
     Ref<NSView> const protector(view);
+    std::optional<AppearanceScope> appearance;
+    if (auto const own = view.appearance())
+        appearance.emplace(*own);
     m_context.clipToRects(rects(run));
     if (!isCoveredBySubviews(view, run))
         drawItself(view, run);

@@ -4,6 +4,8 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
+#include <utility>
 
 namespace plix {
 
@@ -61,12 +63,18 @@ constexpr std::array<SystemColor, systemColorCount> table { {
 } };
 
 Appearance s_appearance = Appearance::light;
+std::optional<Appearance> s_scoped;
 std::optional<ColorComponents> s_highlight;
 std::uint64_t s_stamp = 1;
 
 }
 
 Appearance currentAppearance()
+{
+    return s_scoped.value_or(s_appearance);
+}
+
+Appearance processAppearance()
 {
     return s_appearance;
 }
@@ -81,7 +89,18 @@ void setCurrentAppearance(Appearance appearance)
 
 std::uint64_t systemColorsStamp()
 {
-    return s_stamp;
+    // Two looks may answer in turn.
+    return s_stamp * 2 + (currentAppearance() == Appearance::dark ? 1 : 0);
+}
+
+AppearanceScope::AppearanceScope(Appearance appearance)
+    : m_outer(std::exchange(s_scoped, appearance))
+{
+}
+
+AppearanceScope::~AppearanceScope()
+{
+    s_scoped = m_outer;
 }
 
 std::optional<int> systemColorNamed(std::string_view name)
@@ -101,7 +120,7 @@ std::string_view systemColorName(int index)
 ColorComponents systemColorComponents(int index)
 {
     auto const& entry = table[static_cast<std::size_t>(index)];
-    bool const isLight = s_appearance == Appearance::light;
+    bool const isLight = currentAppearance() == Appearance::light;
     float const share = isLight ? entry.lightHighlight : entry.darkHighlight;
     auto const& own = isLight ? entry.light : entry.dark;
     return share > 0 ? blended(own, s_highlight.value_or(defaultHighlight), share) : own;

@@ -111,6 +111,31 @@ TEST(NSColor, SystemColorsFollowTheAppearance)
     EXPECT_NE(systemColorsStamp(), stamp);
 }
 
+TEST(NSColor, SystemColorsFollowTheInnermostAppearance)
+{
+    AppearanceGuard const guard;
+    auto const stamp = systemColorsStamp();
+    auto const white = [] { return NSColor::windowBackgroundColor()->whiteComponent(); };
+    auto const light = white();
+    {
+        AppearanceScope const outer(Appearance::dark);
+        EXPECT_LT(white(), 0.3F);
+        EXPECT_NE(systemColorsStamp(), stamp);
+        EXPECT_EQ(processAppearance(), Appearance::light);
+        {
+            AppearanceScope const inner(Appearance::light);
+            EXPECT_EQ(white(), light);
+            setCurrentAppearance(Appearance::dark);
+            EXPECT_EQ(currentAppearance(), Appearance::light);
+        }
+        EXPECT_EQ(currentAppearance(), Appearance::dark);
+        setCurrentAppearance(Appearance::light);
+        EXPECT_LT(white(), 0.3F);
+    }
+    EXPECT_EQ(white(), light);
+    EXPECT_EQ(currentAppearance(), Appearance::light);
+}
+
 TEST(NSColor, SelectionFollowsTheUsersHighlightColor)
 {
     AppearanceGuard const guard;
