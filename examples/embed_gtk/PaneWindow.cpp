@@ -62,6 +62,14 @@ void PaneWindow::wantsPlace(plix::Rect rect)
         m_pane->widget(), attributes().isResizable ? -1 : wanted.width, attributes().isResizable ? -1 : wanted.height);
     gtk_window_set_default_size(m_window, wanted.width, wanted.height);
     placed(rectFromScreen(wanted), backingScale());
+    hang();
+}
+
+/// GTK has no word for where a window stands; sheets hang from the top of another.
+void PaneWindow::hang()
+{
+    if (!attributes().isTitled && isVisible())
+        moveTo(surface(), screenFromRect(contentRect()));
 }
 
 void PaneWindow::visibilityChanged()
@@ -79,6 +87,7 @@ void PaneWindow::visibilityChanged()
     if (window && window != m_window)
         gtk_window_set_transient_for(m_window, window);
     gtk_window_present(m_window);
+    hang();
 }
 
 void PaneWindow::focus()

@@ -10,7 +10,7 @@
 namespace embed_gtk {
 
 /// One of the library's windows in GTK: in a widget of the application's, or, made without one, a window of its own. GTK leaves it
-/// to the window manager where that comes to lie.
+/// to the window manager where that comes to lie, but for one without a frame, as a sheet is.
 class PaneWindow final : public plix::EmbeddedWindow, public Pane {
 public:
     PaneWindow(PaneDisplay&, plix::HostWindowAttributes const&);
@@ -38,6 +38,7 @@ protected:
     void visibilityChanged() override;
 
 private:
+    void hang();
     GtkWidget* windowWidget() const;
 
     PaneDisplay& m_display;

@@ -69,6 +69,16 @@ GdkRectangle placeOf(GdkSurface* surface)
     return place;
 }
 
+void moveTo(GdkSurface* surface, GdkRectangle place)
+{
+    auto* const native = instanceOf<GdkX11Surface>(surface, GDK_TYPE_X11_SURFACE);
+    if (!native)
+        return;
+    auto const scale = gdk_surface_get_scale_factor(surface);
+    auto* const server = gdk_x11_display_get_xdisplay(gdk_surface_get_display(surface));
+    XMoveWindow(server, gdk_x11_surface_get_xid(native), place.x * scale, place.y * scale);
+}
+
 std::vector<plix::HostScreen> screens()
 {
     std::vector<plix::HostScreen> result;

@@ -27,6 +27,8 @@ GdkRectangle screenFromRect(plix::Rect);
 /// Where the upper left corner of a surface is on the screen. Known under X11; a window elsewhere counts as being in the corner of
 /// the screen, and what pops up there is placed against it all the same.
 GdkRectangle placeOf(GdkSurface*);
+/// Moves a window without a frame there, where the window system lets programs say so: on X11.
+void moveTo(GdkSurface*, GdkRectangle);
 std::vector<plix::HostScreen> screens();
 
 /// 0 left, 1 right, 2 middle, then the side buttons.

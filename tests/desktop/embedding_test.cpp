@@ -328,6 +328,41 @@ TEST_P(EmbeddedTree, AnAlertIsModalForTheToolkitToo)
     app->expect("box off");
 }
 
+TEST_P(EmbeddedTree, ASheetHangsFromTheTreesTopUntilItIsAnswered)
+{
+    open();
+    auto const view = where("view");
+    app->say("sheet");
+    app->expect("sheet begins");
+    // Left of the title of its button, which is the blue one.
+    EXPECT_TRUE(waitUntil([&] {
+        auto const colour = colourOnScreen(display().name(), view.x + 18, view.y - view.height / 2 + 56);
+        return (colour & 0xFF) > 0xA0 && colour >> 16 < 0x60;
+    }));
+    screenshot("sheet");
+    clickOn("box");
+    press("Return");
+    app->expect("sheet answered 7");
+    clickOn("box");
+    app->expect("box off");
+}
+
+TEST_P(EmbeddedTree, ThePointerSaysWhatIsUnderIt)
+{
+    open();
+    auto const pointer = [this] { return pointerOnScreen(display().name()); };
+    auto const moveTo = [this](Place place) { moveMouse(place.x, place.y); };
+    auto const box = where("box");
+    auto const field = where("field");
+    moveTo(box);
+    app->catchUp();
+    auto const arrow = pointer();
+    moveTo(field);
+    EXPECT_TRUE(waitUntil([&] { return pointer() != arrow; }));
+    moveTo(box);
+    EXPECT_TRUE(waitUntil([&] { return pointer() == arrow; }));
+}
+
 TEST_P(EmbeddedTree, AResizedWindowIsPaintedWhole)
 {
     open();

@@ -31,6 +31,7 @@ public:
             { "where", [this](std::istream& words) { tellPlace(rest(words)); } },
             { "state", [this](std::istream&) { tellState(); } },
             { "alert", [](std::istream&) { runAlert(); } },
+            { "sheet", [this](std::istream&) { beginSheet(); } },
             { "sync", [](std::istream& words) { report("sync " + rest(words)); } },
             { "second", [this](std::istream&) { addSecond(); } },
             { "destroy", [this](std::istream&) { destroySoon(); } },
@@ -97,19 +98,35 @@ private:
             + " top=" + std::to_string(m_tree.table().rowsInRect(m_tree.table().visibleRect()).location) + '.');
     }
 
-    static void runAlert()
+    static Ref<NSPanel> panelWithButton(NSCell::ActionFunction pressed)
     {
-        auto const panel = make<NSPanel>(Rect { 300, 300, 240, 90 }, unsigned { NSTitledWindowMask }, NSBackingStoreBuffered, true);
+        auto panel = make<NSPanel>(Rect { 300, 300, 240, 90 }, unsigned { NSTitledWindowMask }, NSBackingStoreBuffered, true);
         panel->setTitle("Alert");
         auto const button = make<NSButton>(Rect { 130, 20, 90, 28 });
         button->setTitle("Good");
         button->setKeyEquivalent("\r");
-        button->setActionFunction([](NSObject*) { NSApp->stopModalWithCode(7); });
+        button->setActionFunction(std::move(pressed));
         panel->contentView()->addSubview(*button);
+        return panel;
+    }
+
+    static void runAlert()
+    {
+        auto const panel = panelWithButton([](NSObject*) { NSApp->stopModalWithCode(7); });
         report("alert runs");
         auto const code = NSApp->runModalForWindow(*panel);
         panel->close();
         report("alert answered " + std::to_string(code));
+    }
+
+    void beginSheet()
+    {
+        auto const panel = panelWithButton([](NSObject* button) { NSApp->endSheet(*static_cast<NSView*>(button)->window(), 7); });
+        NSApp->beginSheet(*panel, *m_tree.view()->window(), [panel](NSWindow&, long code) {
+            panel->orderOut(nullptr);
+            report("sheet answered " + std::to_string(code));
+        });
+        report("sheet begins");
     }
 
     void addSecond()

@@ -8,6 +8,7 @@
 
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
+#include <X11/extensions/Xfixes.h>
 
 namespace plix::desktop {
 
@@ -39,6 +40,22 @@ std::vector<std::uint32_t> ScreenWatch::column(int x, int y, int height) const
 std::uint32_t colourOnScreen(std::string const& display, int x, int y)
 {
     return ScreenWatch(display).column(x, y, 1).front();
+}
+
+std::vector<std::uint32_t> pointerOnScreen(std::string const& display)
+{
+    auto* const connection = XOpenDisplay(display.c_str());
+    if (!connection)
+        throw std::runtime_error("the virtual display does not answer");
+    std::vector<std::uint32_t> pixels;
+    if (auto* const image = XFixesGetCursorImage(connection)) {
+        // Each in a long of its own.
+        for (int at = 0; at < image->width * image->height; ++at)
+            pixels.push_back(static_cast<std::uint32_t>(image->pixels[at]));
+        XFree(image);
+    }
+    XCloseDisplay(connection);
+    return pixels;
 }
 
 Screenshot::Screenshot(std::string const& display, std::string path)

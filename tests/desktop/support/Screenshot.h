@@ -26,6 +26,9 @@ private:
 /// The colour of one pixel of a virtual screen now, 0xRRGGBB.
 std::uint32_t colourOnScreen(std::string const& display, int x, int y);
 
+/// What the pointer looks like on a virtual screen now: the pixels of its picture, 0xAARRGGBB.
+std::vector<std::uint32_t> pointerOnScreen(std::string const& display);
+
 /// What the whole virtual screen shows.
 class Screenshot {
 public:
