@@ -9,7 +9,9 @@ function(plix_note_test line)
     set_property(GLOBAL APPEND PROPERTY PLIX_TEST_PROGRAMS "${line}")
 endfunction()
 
-# plix_add_tests(name library pattern...): one GoogleTest program, test_<name>, of the sources that the patterns find.
+# plix_add_tests(name library pattern...): one GoogleTest program, test_<name>, of the sources that the patterns find. A process runs
+# PLIX_TESTS_TO_A_PROCESS of its tests.
+set(PLIX_TESTS_TO_A_PROCESS 150)
 function(plix_add_tests name library)
     file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${ARGN})
     if(NOT name STREQUAL "logic")
@@ -29,7 +31,7 @@ function(plix_add_tests name library)
     if(PLIX_PRECOMPILED_HEADERS)
         target_precompile_headers(test_${name} REUSE_FROM plix_test_headers)
     endif()
-    plix_note_test("gtest|test_${name}|$<TARGET_FILE:test_${name}>")
+    plix_note_test("gtest|test_${name}|$<TARGET_FILE:test_${name}>|${PLIX_TESTS_TO_A_PROCESS}")
     gtest_discover_tests(test_${name} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300)
 endfunction()
 

@@ -3,8 +3,8 @@
 
     scripts/run-tests.py build/dev [--list] [--filter GLOB[:GLOB...]] [--jobs N]
 
-The build writes tests/test_programs.txt, a line a program: "gtest|name|program" for a GoogleTest program, whose tests run a
-good many to a process, and "command|test name|word|word..." for a test that is one command (0: passed, 77: skipped).
+The build writes tests/test_programs.txt, a line a program: "gtest|name|program|tests to a process" for a GoogleTest program, and
+"command|test name|word|word..." for a test that is one command (0: passed, 77: skipped).
 """
 
 import argparse
@@ -16,7 +16,6 @@ import subprocess
 import sys
 import tempfile
 
-TESTS_PER_PROCESS = 150
 PROCESS_TIMEOUT = 900
 SKIPPED_STATUS = 77
 
@@ -43,16 +42,17 @@ def is_wanted(name, patterns):
 class Program:
     """A GoogleTest program and the tests wanted of it."""
 
-    def __init__(self, path, patterns):
+    def __init__(self, path, patterns, tests_per_process):
         self.path = path
+        self.tests_per_process = tests_per_process
         listing = subprocess.run([path, "--gtest_list_tests"], capture_output=True, text=True, errors="replace", timeout=120)
         if listing.returncode != 0:
             raise RuntimeError(f"{path} does not list its tests:\n{listing.stdout}{listing.stderr}")
         self.names = [name for name in names_in(listing.stdout) if is_wanted(name, patterns)]
 
     def jobs(self):
-        for start in range(0, len(self.names), TESTS_PER_PROCESS):
-            yield lambda names=self.names[start : start + TESTS_PER_PROCESS]: self.run(names)
+        for start in range(0, len(self.names), self.tests_per_process):
+            yield lambda names=self.names[start : start + self.tests_per_process]: self.run(names)
 
     def run(self, names):
         """The outcome of each: (name, "OK" | "FAILED" | "SKIPPED", output)."""
@@ -141,7 +141,7 @@ def main():
     programs, commands = [], []
     for kind, name, words in programs_of(arguments.build):
         if kind == "gtest":
-            programs.append(Program(words[0], patterns))
+            programs.append(Program(words[0], patterns, int(words[1])))
         elif is_wanted(name, patterns):
             commands.append((name, words))
 
@@ -155,9 +155,12 @@ def main():
         os.environ["HOME"] = home
         for variable in ("XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME", "XDG_STATE_HOME"):
             os.environ.pop(variable, None)
-        with concurrent.futures.ThreadPoolExecutor(arguments.jobs) as pool:
-            jobs = [pool.submit(run_command, name, words) for name, words in commands]
-            jobs += [pool.submit(job) for program in programs for job in program.jobs()]
+        # Tests of real services come few to a process and wait most of their time: they go first, and one more than there are
+        # processors runs.
+        programs.sort(key=lambda program: program.tests_per_process)
+        with concurrent.futures.ThreadPoolExecutor(arguments.jobs + 1) as pool:
+            jobs = [pool.submit(job) for program in programs for job in program.jobs()]
+            jobs += [pool.submit(run_command, name, words) for name, words in commands]
             results = [result for job in jobs for result in job.result()]
     return report(results)
 

@@ -64,6 +64,7 @@ private:
     void askForName(NSObject*)
     {
         m_sheet = make<NSPanel>(Rect { 0, 0, 300, 90 }, NSTitledWindowMask | NSDocModalWindowMask, NSBackingStoreBuffered, false);
+        m_sheet->setAppearance(Appearance::light);
         m_name = make<NSTextField>(Rect { 20, 52, 260, 22 });
         m_name->setStringValue(m_window->title());
         m_sheet->contentView()->addSubview(*m_name);
