@@ -4,6 +4,7 @@
 #include "options.h"
 #include "write_fence.h"
 
+#include <examples/support/example_options.h>
 #include <plix/app/PLIXApplication.h>
 #include <plix/platform/host/headless/HeadlessHost.h>
 
@@ -67,6 +68,7 @@ int run(soak::BrowserLoop::Options const& options)
 
 int main(int argc, char** argv)
 {
+    example::returnMemory();
     soak::CommandLine words(argc, argv, { "minutes", "warm-up", "rate", "seed" }, { "help" });
     soak::BrowserLoop::Options options;
     options.minutes = words.number("minutes", options.minutes);

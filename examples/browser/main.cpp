@@ -61,6 +61,7 @@ int run(example::Options const& options)
 
 int main(int argc, char** argv)
 {
+    example::returnMemory();
     auto options = example::parseOptions(argc, argv);
     if (options.problem.empty() && options.arguments.size() > 1)
         options.problem = "one folder at a time";

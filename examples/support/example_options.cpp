@@ -12,6 +12,8 @@
 #include <memory>
 #include <string_view>
 
+#include <malloc.h>
+
 namespace example {
 
 Options parseOptions(int argc, char const* const* argv)
@@ -50,6 +52,13 @@ std::string optionsHelp()
            "  --dark                     the dark look\n"
            "  --exit-after-first-frame   end as soon as the window has been drawn\n"
            "  --help                     this\n";
+}
+
+void returnMemory()
+{
+    mallopt(M_MMAP_THRESHOLD, 128 * 1024);
+    mallopt(M_TRIM_THRESHOLD, 256 * 1024);
+    mallopt(M_ARENA_MAX, 1);
 }
 
 void prepare(Options const& options)

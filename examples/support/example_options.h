@@ -27,6 +27,11 @@ Options parseOptions(int argc, char const* const* argv);
 /// The lines on the options above for an example's help.
 std::string optionsHelp();
 
+/// For programs that stay open for days: what is let go of large blocks, such as pixels, goes back to the system at once, and
+/// threads share what small blocks are cut from. Otherwise glibc raises the size that it calls large with each such block, and
+/// keeps more and more. Before anything else.
+void returnMemory();
+
 /// Before the application object is made: chooses the look, and the host in memory where the options or the lack of a display ask
 /// for it.
 void prepare(Options const&);

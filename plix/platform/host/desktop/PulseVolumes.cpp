@@ -98,7 +98,7 @@ private:
     bool hasNews() const;
     /// False when all is over.
     bool act();
-    int timeout() const;
+    int timeout();
     /// When there is something to do without news.
     std::optional<Clock::time_point> due() const;
     void disconnect();
@@ -130,6 +130,8 @@ private:
 
     // The thread's own.
     Handle<pa_context> m_context;
+    /// As the time that is waited for reckons with it.
+    bool m_isWaitingWatched { false };
     bool m_isReady { false };
     bool m_isLost { false };
     /// What the server was asked last, or what is to be said that it does not answer.
@@ -198,21 +200,24 @@ bool PulseVolumes::Connection::hasNews() const
     bool const canQuery = m_isReady && !m_isQuerying;
     bool const wantsAnswer = m_asked != m_queried && (!m_context || canQuery);
     bool const wantsTry = m_isWatched && !m_context && Clock::now() >= m_nextTry;
-    return m_isOver || m_isLost || wantsAnswer || wantsTry || (m_isStale && canQuery);
+    return m_isOver || m_isLost || wantsAnswer || wantsTry || m_isWatched != m_isWaitingWatched || (m_isStale && canQuery);
 }
 
 std::optional<Clock::time_point> PulseVolumes::Connection::due() const
 {
     if (m_hasChangeToTell)
         return Clock::now() + moment;
-    std::scoped_lock const lock(m_mutex);
-    if (m_isWatched)
+    if (m_isWaitingWatched)
         return m_context ? std::nullopt : std::optional(m_nextTry);
     return m_isReady && !m_isQuerying ? std::optional(m_lastUse + idleTime) : std::nullopt;
 }
 
-int PulseVolumes::Connection::timeout() const
+int PulseVolumes::Connection::timeout()
 {
+    {
+        std::scoped_lock const lock(m_mutex);
+        m_isWaitingWatched = m_isWatched;
+    }
     auto const time = due();
     if (!time)
         return -1;
