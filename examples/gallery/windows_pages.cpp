@@ -109,6 +109,7 @@ Ref<NSView> makeNSWindowPage()
             }) });
     auto const shown = make<NSWindow>(Rect { 0, 0, 320, 110 }, usual, NSBackingStoreBuffered, false);
     shown->setBackgroundColor(NSColor::colorWithCalibratedRed(0.93F, 0.89F, 0.78F, 1));
+    shown->setAppearance(Appearance::light);
     auto const content = textField("Its content is a view", 280);
     content->setFrameOrigin({ 20, 68 });
     shown->contentView()->addSubview(*content);
