@@ -14,6 +14,7 @@
 #include <string>
 #include <vector>
 
+#include <malloc.h>
 #include <unistd.h>
 
 namespace plix::bench {
@@ -174,8 +175,10 @@ public:
     Ref<NSWindow> window;
 };
 
+/// Without what earlier figures left for later use.
 double residentKibibytes()
 {
+    malloc_trim(0);
     std::ifstream file("/proc/self/statm");
     long total = 0;
     long resident = 0;
